@@ -1,0 +1,112 @@
+// The procedure trace, the error trap, the error dialog and the error log.
+//
+// Every procedure of the program runs inside `procedure("module.Name", body)`: its name stands on the program-wide
+// trace while it runs. An exception that reaches the trap is shown in the error dialog and appended to the day's log;
+// the procedure then returns a default result, and its name STAYS on the trace: later stack dumps show such stale
+// names. Expected outcomes (a missing key, refused input) are values, never exceptions.
+#pragma once
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "ui/Form.h"
+
+namespace platform {
+struct Platform;
+}
+class clsRegistry;
+class clsStrings;
+
+namespace basErrors {
+
+// An unexpected error: a number, the part of the program it comes from, and a text a person understands.
+class Error : public std::runtime_error {
+public:
+    Error(std::uint32_t number, std::string source, const std::string& description)
+        : std::runtime_error(description), number_(number), source_(std::move(source)) {}
+    std::uint32_t number() const { return number_; }  // shown as a signed decimal
+    const std::string& source() const { return source_; }
+
+private:
+    std::uint32_t number_;
+    std::string source_;
+};
+
+// Numbers of errors that have no better one.
+enum ErrorNumber : std::uint32_t {
+    NumberOutOfMemory = 7,
+    NumberOutOfRange = 9,  // an item or element that is not there
+    NumberNotANumber = 13,
+    NumberInternal = 51,
+    NumberFileNotFound = 53,
+    NumberFileAccess = 75,  // a file or folder that cannot be read, written or made
+};
+
+// The program-wide error object: the last error raised, trapped or recorded.
+struct ErrObject {
+    std::uint32_t number = 0;
+    std::string source;
+    std::string description;
+    void clear() { *this = {}; }
+};
+extern ErrObject Err;
+extern std::string ErrLine;                 // line-number text of the last trapped error: code without lines gives "0"
+extern std::vector<const char*> ProcStack;  // names of the running procedures, outermost first; literals
+extern std::int32_t ProcCount;              // entries of ProcStack
+
+void TracePush(const char* name);  // `name` lives as long as the program
+void TracePop();
+
+// What the error dialog works with. Set while the program runs; without it a trapped error is only recorded in Err.
+struct Reporting {
+    platform::Platform* platform = nullptr;
+    clsRegistry* registry = nullptr;
+    clsStrings* strings = nullptr;
+    ui::Form* mainWindow = nullptr;  // owns the dialog
+};
+extern Reporting reporting;
+
+// True while a trapped error is being shown.
+bool errorPending();
+
+// Handles the exception now being handled: fills Err and shows it, or passes on what is not an error.
+void trap();
+// Shows Err in the error dialog, modal, owned by the main window.
+void ShowError();
+
+// Browser facts for the log: customized version, version, build, updates.
+struct IEInfo {
+    std::string customizedVersion, version, build, updates;
+};
+IEInfo GetIEInfo();
+// Appends one report with a dump of the trace to "Logs\ErrorLog-m-d-yyyy.log" beside the program. Throws Error when
+// folder or file refuse.
+void WriteErrorLog(const std::string& module, const std::string& procedure, const std::string& line,
+                   const std::string& errorNumber, const std::string& description);
+
+template <class Body>
+auto procedure(const char* name, Body&& body) -> std::invoke_result_t<Body&> {
+    using Result = std::invoke_result_t<Body&>;
+    TracePush(name);
+    try {
+        if constexpr (std::is_void_v<Result>) {
+            body();
+            TracePop();
+            return;
+        } else {
+            Result result = body();
+            TracePop();
+            return result;
+        }
+    } catch (...) {
+        trap();
+    }
+    return Result();
+}
+
+}  // namespace basErrors
+
+using basErrors::procedure;

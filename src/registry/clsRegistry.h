@@ -1,0 +1,101 @@
+// A registry session: one current key, moved about as in a directory tree, and typed values in it.
+//
+// The current path is absolute and upper case ("\HKEY_CURRENT_USER\SOFTWARE"), "" above the roots. A failing registry
+// function is recorded in basErrors::Err and dropped: missing keys and values are ordinary results. Only errors of the
+// session's own making (unknown root, no current key, wrong value type) are shown.
+//
+// After a failed move the current path names the key asked for and the handle is 0; everything then answers as for a
+// missing key until the next absolute move.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "platform/Platform.h"
+
+class clsStrings;
+
+// Value types as callers see them.
+enum class ValueType { String = 0, Binary = 1, Dword = 2 };
+
+// What ValueOf read: the three forms of one value.
+struct RegistryValue {
+    std::string text;     // strings as they are, binary as "1 A0 FF", a DWORD as eight lower-case hexadecimal digits
+    std::string display;  // the same, but a DWORD as plain decimal
+    double number = 0;    // of a DWORD
+};
+
+// One row of DirValue. `text`: strings with blanks trimmed, binary in hexadecimal, a DWORD as
+// "000000db (0,000,000,219)".
+struct ListedValue {
+    std::string name;
+    std::string text;
+    ValueType type = ValueType::String;
+};
+
+// A value on its way into the registry. A DWORD must come as a double: an integer is a type mismatch.
+using Variant = std::variant<std::string, platform::Bytes, double, std::int32_t>;
+
+class clsRegistry {
+public:
+    clsRegistry(platform::Platform& platform, clsStrings& strings);
+    ~clsRegistry();
+    clsRegistry(const clsRegistry&) = delete;
+    clsRegistry& operator=(const clsRegistry&) = delete;
+
+    const std::string& CurrentKey() const;
+    // "\" is the top, ".." the parent, "." this key again; absolute paths begin with "\" (at the top with or without).
+    void cD(const std::string& path);
+    // Names of the subkeys in the system's order, at the top the roots; nothing when there are none.
+    std::optional<std::vector<std::string>> DirKey();
+    // All values in the system's order; nothing when there are none.
+    std::optional<std::vector<ListedValue>> DirValue();
+
+    // Nothing for a missing or empty value; `type` is String then.
+    std::optional<RegistryValue> ValueOf(const std::string& name, ValueType& type);
+    std::optional<RegistryValue> ValueOf(const std::string& name);
+    // Class error 3 for a value of another type than `type` says, or a number that is no DWORD; then nothing is
+    // written.
+    void ValueOf(const std::string& name, ValueType type, const Variant& value);
+    // `type` as a number from outside: class error 4 for one that does not exist.
+    void ValueOf(const std::string& name, int type, const Variant& value);
+
+    void MakeKey(const std::string& name);    // with the whole chain; the session stays where it is
+    void DeleteKey(const std::string& name);  // one level
+    bool IsWindowsNT();
+    void DeleteZone(const std::string& zonesPath);
+    void DeleteAndRename(const std::string& zonesPath, const std::string& zoneNumber);
+    std::string GetIconForOS();
+    void DeleteValue(const std::string& name);
+    bool IsValidKey(platform::HKey root, const std::string& subKey);
+    void DeleteEmptyDomains();
+    // Part 1: the hexadecimal form in a DWORD's text as DirValue gives it; part 2: the decimal form; else "".
+    std::string ParseDWord(const std::string& text, int part);
+
+    // Whether DirKey would list anything, without listing it.
+    bool HasKeys();
+
+    // Shows one of the session's own errors: 1 no current key, 2 unknown root, 3 value of the wrong type, 4 unknown
+    // type.
+    void RaiseClassError(int number);
+
+private:
+    friend struct clsRegistryTest;
+
+    void CdExt(const std::string& path, platform::AccessMask access);
+    static std::string strRoot(const std::string& path);
+    static std::string strPath(const std::string& path);
+    void CheckApiResult(platform::Result code);
+    // "." with `access`, unless the open handle has it already.
+    void Require(platform::AccessMask access);
+    void Take(platform::HKey handle, platform::AccessMask access);
+
+    platform::Platform& platform_;
+    clsStrings& strings_;
+    std::string currentPath_;
+    platform::HKey handle_ = 0;
+    platform::AccessMask access_ = 0;  // what handle_ was opened for
+};

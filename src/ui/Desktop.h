@@ -1,0 +1,88 @@
+// Where forms are shown and questions asked: the part of the system that people see.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "ui/Form.h"
+#include "ui/ListView.h"
+#include "ui/TreeView.h"
+
+namespace ui {
+
+// Makes the native half of each kind of component.
+class PeerFactory {
+public:
+    virtual ~PeerFactory() = default;
+    virtual std::unique_ptr<Form::Peer> make(Form&) = 0;
+    virtual std::unique_ptr<Control::Peer> make(Label&) = 0;
+    virtual std::unique_ptr<Control::Peer> make(Frame&) = 0;
+    virtual std::unique_ptr<TextBox::Peer> make(TextBox&) = 0;
+    virtual std::unique_ptr<CheckBox::Peer> make(CheckBox&) = 0;
+    virtual std::unique_ptr<Control::Peer> make(CommandButton&) = 0;
+    virtual std::unique_ptr<ComboBox::Peer> make(ComboBox&) = 0;
+    virtual std::unique_ptr<PictureBox::Peer> make(PictureBox&) = 0;
+    virtual std::unique_ptr<ProgressBar::Peer> make(ProgressBar&) = 0;
+    virtual std::unique_ptr<TabStrip::Peer> make(TabStrip&) = 0;
+    virtual std::unique_ptr<Timer::Peer> make(Timer&) = 0;
+    virtual std::unique_ptr<ImageList::Peer> make(ImageList&) = 0;
+    virtual std::unique_ptr<ListView::Peer> make(ListView&) = 0;
+    virtual std::unique_ptr<TreeView::Peer> make(TreeView&) = 0;
+    virtual std::unique_ptr<Menu::Peer> make(Menu&) = 0;
+};
+
+// Thrown to end the program at once. Not an error: it passes every trap on its way to the entry point.
+struct EndProgram {};
+
+// Buttons and icon of a message box, by the system's style value.
+enum class MessageStyle { Exclamation = 48, ExclamationYesNo = 52 };
+enum class Answer { Ok = 1, Yes = 6, No = 7 };
+
+// The system's file-open dialog, Explorer style, hooked to be centred on its owner.
+struct OpenFileRequest {
+    std::string title;
+    std::string filter;            // "Programs (*.exe)|*.exe|..."
+    std::string defaultExtension;  // without point
+    std::string start;             // a folder ending in a backslash, or a file
+};
+
+// What stands around a form's drawing area: borders, caption, menu bar.
+struct FrameSize {
+    Twips width = 0, height = 0;
+};
+
+class Desktop {
+public:
+    virtual ~Desktop() = default;
+
+    virtual Answer messageBox(const std::string& text, const std::string& title, MessageStyle style) = 0;
+    // The chosen file's full path; nothing when the user gave up.
+    virtual std::optional<std::string> openFile(const OpenFileRequest& request) = 0;
+
+    // Shows a form without waiting.
+    virtual void open(Form& form) = 0;
+    // Shows a form above `owner` (null: above the active form) and returns when it has been unloaded. Meanwhile no
+    // other form takes input.
+    virtual void runModal(Form& form, Form* owner) = 0;
+    // The unloaded form's window can go as soon as no handler of it is running.
+    virtual void closed(Form& form) = 0;
+    // Runs until no form is open.
+    virtual void run() = 0;
+    // Handles what has been waiting: input, painting, timers.
+    virtual void doEvents() = 0;
+
+    virtual FrameSize frameSize(Form::Kind kind, bool menu) = 0;
+    // The space a text takes in the program's font, wrapped at `wrap` twips when that is not 0. "&" counts as drawn.
+    virtual Size textSize(const std::string& text, Twips wrap, bool bold) = 0;
+
+    // The loaded forms, in the order in which they were loaded.
+    const std::vector<Form*>& forms() const { return forms_; }
+    void entered(Form& form) { forms_.push_back(&form); }
+    void left(Form& form) { std::erase(forms_, &form); }
+
+private:
+    std::vector<Form*> forms_;
+};
+
+}  // namespace ui

@@ -1,0 +1,140 @@
+#include "ui/Form.h"
+
+#include <algorithm>
+
+#include "ui/Desktop.h"
+
+namespace ui {
+
+Form::Form(Desktop& desktop, Kind kind, std::string name, std::string caption, Size client)
+    : desktop_(desktop),
+      kind_(kind),
+      name_(std::move(name)),
+      caption_(std::move(caption)),
+      client_(client),
+      designedWidth_(client.width) {}
+
+Form::~Form() {
+    if (loaded_) {
+        // The owner ended the object without unloading it, for instance when the program is ending at once.
+        desktop_.left(*this);
+        desktop_.closed(*this);
+    }
+    detach();
+}
+
+void Form::leave(Component& component) {
+    std::erase(components_, &component);
+    if (activeControl_ == &component) activeControl_ = nullptr;
+}
+
+void Form::setCaption(std::string caption) {
+    if (store(caption_, std::move(caption)) && peer()) peer()->applyCaption();
+}
+
+Twips Form::width() const {
+    return client_.width + desktop_.frameSize(kind_, !menu_.empty()).width;
+}
+
+Twips Form::height() const {
+    return client_.height + desktop_.frameSize(kind_, !menu_.empty()).height;
+}
+
+void Form::setHeight(Twips height) {
+    const Twips client = std::max(0, height - desktop_.frameSize(kind_, !menu_.empty()).height);
+    if (!store(client_.height, client)) return;
+    if (peer()) peer()->applySize();
+    Form_Resize();
+}
+
+void Form::setHook(WindowHook hook) {
+    hook_ = std::move(hook);
+    if (peer()) peer()->applyHook();
+}
+
+std::optional<std::intptr_t> Form::hookAnswer(const WindowMessage& message) {
+    if (!hook_) return std::nullopt;
+    return WindowHook(hook_)(message);  // a copy: the hook may take itself away
+}
+
+void Form::setPointer(Pointer pointer) {
+    if (store(pointer_, pointer) && peer()) peer()->applyPointer();
+}
+
+void Form::drawLine(const Line& line) {
+    lines_.push_back(line);
+    if (peer()) peer()->applyLines();
+}
+
+void Form::clearLines() {
+    lines_.clear();
+    if (peer()) peer()->applyLines();
+}
+
+void Form::load() {
+    if (loaded_) return;
+    loaded_ = true;
+    desktop_.entered(*this);
+    Form_Load();
+}
+
+void Form::show() {
+    load();
+    if (loaded_ && !shown_) desktop_.open(*this);
+}
+
+void Form::showModal(Form* owner) {
+    load();
+    if (loaded_ && !shown_) desktop_.runModal(*this, owner);
+}
+
+void Form::unload() {
+    if (!loaded_) return;
+    loaded_ = false;  // first: Form_Unload may unload all forms, this one among them
+    desktop_.left(*this);
+    Form_Unload();
+    if (peer()) peer()->applyUnloaded();
+    desktop_.closed(*this);
+}
+
+void Form::pressEnter() {
+    if (defaultButton_) defaultButton_->click();
+}
+
+void Form::pressEscape() {
+    if (cancelButton_) {
+        cancelButton_->click();
+    } else if (kind_ == Kind::Dialog) {
+        closeBox();
+    }
+}
+
+void Form::userResized(Size client) {
+    if (store(client_, client)) Form_Resize();
+}
+
+std::vector<Control*> Form::controls() const {
+    std::vector<Control*> all;
+    for (Component* component : components_)
+        if (auto* control = dynamic_cast<Control*>(component)) all.push_back(control);
+    return all;
+}
+
+// The menu first: it is part of the window's size. Containers are older than what is in them.
+void Form::attach(PeerFactory& factory) {
+    peer_ = factory.make(*this);
+    for (Component* component : components_) component->attach(factory);
+    peer()->applyCaption();
+    peer()->applySize();
+    peer()->applyLines();
+    peer()->applyPointer();
+    peer()->applyHook();
+}
+
+void Form::detach() {
+    for (Component* component : components_) component->detach();
+    peer_.reset();
+    shown_ = false;
+}
+
+}  // namespace ui

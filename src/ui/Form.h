@@ -1,0 +1,150 @@
+// A window of the program: a tree of controls that can be built, filled and clicked without any native window.
+//
+// A form object is made, loaded (Form_Load runs once, before anything is shown), shown, and unloaded (Form_Unload
+// runs, the window goes). Unloading inside an event handler is fine: the object lives on until its owner ends it.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "ui/Control.h"
+#include "ui/Controls.h"
+#include "ui/Menu.h"
+
+namespace ui {
+
+class CommandButton;
+class Desktop;
+
+// A message on its way to a form's window procedure, as far as a hook may look at it.
+struct WindowMessage {
+    unsigned message = 0;  // WM_...
+    std::uintptr_t wParam = 0;
+    std::uintptr_t lParam = 0;
+    int notification = 0;  // the code in the NMHDR of a WM_NOTIFY, else 0
+};
+inline constexpr unsigned WmNotify = 78;   // WM_NOTIFY
+inline constexpr int LvnBeginDrag = -109;  // LVN_BEGINDRAG
+
+// Answers a message itself, or nothing to pass it on.
+using WindowHook = std::function<std::optional<std::intptr_t>(const WindowMessage&)>;
+
+enum class Pointer { Default, Hourglass };
+
+class Form {
+public:
+    enum class Kind {
+        Main,    // sizable, with minimize and maximize boxes; closing it ends the program
+        Dialog,  // of fixed size, with a close box; Esc closes it
+    };
+    class Peer : public ui::Peer {
+    public:
+        virtual void applyCaption() = 0;
+        virtual void applySize() = 0;  // width() and height(), the whole window
+        virtual void applyHook() = 0;
+        virtual void applyPointer() = 0;
+        virtual void applyLines() = 0;
+        virtual void applyUnloaded() = 0;  // hide now; the peer is destroyed soon, outside every handler
+    };
+
+    // `client`: the drawing area. The window's own size is that and the frame around it.
+    Form(Desktop& desktop, Kind kind, std::string name, std::string caption, Size client);
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+    virtual ~Form();
+
+    Desktop& desktop() const { return desktop_; }
+    Kind kind() const { return kind_; }
+    const std::string& name() const { return name_; }
+
+    const std::string& caption() const { return caption_; }
+    void setCaption(std::string caption);
+
+    Size client() const { return client_; }
+    Twips width() const;   // of the whole window
+    Twips height() const;  // of the whole window
+    void setHeight(Twips height);
+    // The smallest drawing area a user can make of it: the designed width, and any height.
+    Twips designedWidth() const { return designedWidth_; }
+
+    Menu& menu() { return menu_; }
+    const Menu& menu() const { return menu_; }
+
+    // Enter presses the default button when no other button has the focus; Esc presses the cancel button.
+    void setDefaultButton(CommandButton& button) { defaultButton_ = &button; }
+    void setCancelButton(CommandButton& button) { cancelButton_ = &button; }
+    CommandButton* defaultButton() const { return defaultButton_; }
+    CommandButton* cancelButton() const { return cancelButton_; }
+
+    void setHook(WindowHook hook);  // an empty one takes it away
+    bool hooked() const { return static_cast<bool>(hook_); }
+    // What the hook answers to a message; nothing when there is no hook or it passes the message on.
+    std::optional<std::intptr_t> hookAnswer(const WindowMessage& message);
+
+    Pointer pointer() const { return pointer_; }
+    void setPointer(Pointer pointer);
+
+    const std::vector<Line>& lines() const { return lines_; }
+    void drawLine(const Line& line);
+    void clearLines();
+
+    // Life.
+    void load();
+    bool loaded() const { return loaded_; }
+    void show();                            // modeless; loads first when it has to
+    void showModal(Form* owner = nullptr);  // returns when the form is unloaded; loads first when it has to
+    bool shown() const { return shown_; }
+    void unload();
+
+    // The user's entries: Enter, Esc, the close box, a drag of the window's border.
+    void pressEnter();
+    void pressEscape();
+    void closeBox() { unload(); }
+    void userResized(Size client);
+
+    // Every component in the order made, which is the tab order of the controls.
+    const std::vector<Component*>& components() const { return components_; }
+    std::vector<Control*> controls() const;
+    Control* activeControl() const { return activeControl_; }
+
+    // The desktop's entries.
+    void attach(PeerFactory& factory);
+    void detach();
+    template <class P>
+    P* peerAs() const {
+        return static_cast<P*>(peer_.get());
+    }
+    void setShown(bool shown) { shown_ = shown; }
+
+protected:
+    virtual void Form_Load() {}
+    virtual void Form_Unload() {}
+    virtual void Form_Resize() {}
+
+private:
+    friend class Component;
+    friend class Control;
+    void enter(Component& component) { components_.push_back(&component); }
+    void leave(Component& component);
+    Peer* peer() const { return peerAs<Peer>(); }
+
+    Desktop& desktop_;
+    Kind kind_;
+    std::string name_, caption_;
+    Size client_;
+    Twips designedWidth_;
+    std::unique_ptr<ui::Peer> peer_;
+    std::vector<Component*> components_;
+    Menu menu_{*this};
+    CommandButton* defaultButton_ = nullptr;
+    CommandButton* cancelButton_ = nullptr;
+    Control* activeControl_ = nullptr;
+    WindowHook hook_;
+    Pointer pointer_ = Pointer::Default;
+    std::vector<Line> lines_;
+    bool loaded_ = false;
+    bool shown_ = false;
+};
+
+}  // namespace ui

@@ -1,0 +1,119 @@
+// A list of items with pictures, in columns or as icons, and the image list that holds the pictures.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "ui/Controls.h"
+
+namespace ui {
+
+// Pictures of one size, numbered from 1, each under an optional key.
+class ImageList : public Component {
+public:
+    class Peer : public ui::Peer {
+    public:
+        virtual void applyAdded() = 0;  // the last picture is new
+        virtual void applyCleared() = 0;
+    };
+    // `size`: width and height of every picture in pixels.
+    ImageList(Form& form, std::string name, int size);
+
+    int size() const { return size_; }
+    int count() const { return static_cast<int>(pictures_.size()); }
+    const Picture& picture(int number) const { return pictures_.at(static_cast<std::size_t>(number - 1)); }
+    int find(const std::string& key) const;  // 0 when there is none
+    // An empty picture is a blank place. Gives the number of the new picture.
+    int add(Picture picture, std::string key = {});
+    void clear();
+
+protected:
+    std::unique_ptr<ui::Peer> makePeer(PeerFactory& factory) override;
+    void replay() override;
+
+private:
+    int size_;
+    std::vector<Picture> pictures_;
+    std::vector<std::string> keys_;
+};
+
+struct ListItem {
+    std::string text;
+    int image = 0;  // number in the image lists, 0 for none
+    std::string tag;
+    std::string key;
+};
+
+class ListView : public Control {
+public:
+    enum class View { Icon, Report };
+    // What counts as a click on an item: where a click only shows something, moving there with the arrow keys clicks
+    // too; where it acts at once, only the mouse, Enter and Space do.
+    enum class Clicks { OnSelect, OnActivate };
+
+    class Peer : public Control::Peer {
+    public:
+        virtual void applyImages() = 0;
+        virtual void applyItem(int index) = 0;  // item `index` (from 1) is new or changed
+        virtual void applyCleared() = 0;
+        virtual void applySelected() = 0;
+        virtual void applySpacing() = 0;
+        virtual void applyColumn() = 0;
+    };
+    ListView(Place place, std::string name, Bounds bounds, View view, Clicks clicks, int index = -1);
+
+    View view() const { return view_; }
+    Clicks clicks() const { return clicks_; }
+
+    // The large (32 pixel) and small pictures; null for none. The image lists outlive the binding.
+    void setImages(ImageList* large, ImageList* small = nullptr);
+    ImageList* largeImages() const { return large_; }
+    ImageList* smallImages() const { return small_; }
+
+    // The one column of a report.
+    void setColumn(std::string heading, Twips width);
+    const std::string& columnHeading() const { return columnHeading_; }
+    Twips columnWidth() const { return columnWidth_; }
+
+    // Items are numbered from 1.
+    int count() const { return static_cast<int>(items_.size()); }
+    const ListItem& item(int number) const { return items_.at(static_cast<std::size_t>(number - 1)); }
+    int add(ListItem item);
+    void setTag(int number, std::string tag);
+    void clear();
+
+    int selected() const { return selected_; }  // 0 is none
+    void setSelected(int number);               // std::out_of_range for an item that is not there
+
+    // LVM_SETICONSPACING: pixels at 96 DPI, scaled by the peer. Empty until set.
+    struct Spacing {
+        int horizontal, vertical;
+        friend bool operator==(const Spacing&, const Spacing&) = default;
+    };
+    const std::optional<Spacing>& iconSpacing() const { return spacing_; }
+    void setIconSpacing(Spacing spacing);
+
+    // The user's entries: a click of the mouse; a move of the selection by keyboard; Enter or Space.
+    void click(int number);
+    void choose(int number);
+    void activate();
+    std::function<void(int)> onItemClick;
+
+protected:
+    std::unique_ptr<ui::Peer> makePeer(PeerFactory& factory) override;
+    void replay() override;
+
+private:
+    View view_;
+    Clicks clicks_;
+    ImageList* large_ = nullptr;
+    ImageList* small_ = nullptr;
+    std::string columnHeading_;
+    Twips columnWidth_ = 0;
+    std::vector<ListItem> items_;
+    int selected_ = 0;
+    std::optional<Spacing> spacing_;
+};
+
+}  // namespace ui

@@ -1,0 +1,47 @@
+#include "ui/Menu.h"
+
+#include "ui/Desktop.h"
+
+namespace ui {
+
+void MenuItem::setCaption(std::string caption) {
+    if (store(caption_, std::move(caption))) menu_.changed();
+}
+
+void MenuItem::setEnabled(bool enabled) {
+    if (store(enabled_, enabled)) menu_.changedEnabled(*this);
+}
+
+MenuItem& MenuItem::add(std::string name, std::string caption, int index) {
+    MenuItem& item = items_.emplace_back(menu_, std::move(name), std::move(caption), index);
+    menu_.changed();
+    return item;
+}
+
+void MenuItem::click() {
+    if (enabled_) raise(onClick);
+}
+
+MenuItem& Menu::add(std::string name, std::string caption) {
+    MenuItem& item = items_.emplace_back(*this, std::move(name), std::move(caption), -1);
+    changed();
+    return item;
+}
+
+void Menu::changed() {
+    if (auto* p = peerAs<Peer>()) p->applyMenu();
+}
+
+void Menu::changedEnabled(const MenuItem& item) {
+    if (auto* p = peerAs<Peer>()) p->applyEnabled(item);
+}
+
+std::unique_ptr<ui::Peer> Menu::makePeer(PeerFactory& factory) {
+    return factory.make(*this);
+}
+
+void Menu::replay() {
+    if (!items_.empty()) peerAs<Peer>()->applyMenu();
+}
+
+}  // namespace ui

@@ -1,0 +1,69 @@
+// Where the browser keeps its zones, and what the values of a zone mean.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+class clsRegistry;
+
+namespace zones {
+
+// The per-user zones: one subkey a zone, named by its number in decimal.
+inline constexpr const char* ZonesKey =
+    "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\Zones";
+// The site map: domain keys with a DWORD zone number for each protocol, on the domain or a host part below it.
+inline constexpr const char* DomainsKey =
+    "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\Domains";
+
+// Zones 0 to 4 are the browser's own.
+bool isBuiltIn(std::string_view zone);
+
+// Security levels (URLTEMPLATE numbers of urlmon.h). In the order of the level boxes; Custom is never offered.
+struct Level {
+    const char* name;
+    std::uint32_t number;
+    const char* decimal;      // how GetSecurity knows the number
+    const char* hexadecimal;  // and its other spelling, "" for none
+};
+inline constexpr std::array<Level, 5> Levels{{
+    {"High", 0x12000, "73728", "12000"},
+    {"Medium", 0x11000, "69632", "11000"},
+    {"Medium-Low", 0x10500, "66816", "10500"},
+    {"Low", 0x10000, "65536", "10000"},
+    {"Custom", 0, "0", ""},
+}};
+inline constexpr int OfferedLevels = 4;
+
+// Level name to number and number to level name, as text; "" for anything else. Exact: "high" and "073728" are nothing.
+std::string GetSecurity(const std::string& level);
+// The place in Levels of a stored level number; nothing when it is none of the five.
+std::optional<int> levelIndex(double number);
+
+// Zone flags (ZAFLAGS_ of urlmon.h), bit i at index i, with the caption of the check box that stands for it.
+inline constexpr std::array<const char*, 8> FlagCaptions{
+    "Allow changes to custom settings",
+    "Allow users to add Web sites to this zone",
+    "Require verified Web sites (https protocol)",
+    "Include Web sites that bypass the proxy server",
+    "Include Web sites not listed in other zones",
+    "Do not show security zone in Internet Properties (default setting for My Computer)",
+    "Show the Requires Server Verification dialog box",
+    "Treat Universal Naming Connections (UNCs) as intranet connections ",
+};
+inline constexpr std::uint32_t MissingFlags = 3;  // what a zone without "Flags" counts as
+
+// The zone being worked on, program-wide: set by the main window, read and changed by the dialogs.
+struct Selection {
+    std::string zone;          // key name below ZonesKey
+    std::string iconFile;      // before the "#" of the zone's icon reference
+    std::string iconResource;  // behind it, leading zeros kept
+};
+
+// Moves the session to ZonesKey, or to one zone below it.
+void goToZones(clsRegistry& registry);
+void goToZone(clsRegistry& registry, const std::string& zone);
+
+}  // namespace zones
