@@ -97,6 +97,10 @@ void Form::unload() {
     desktop_.closed(*this);
 }
 
+void Form::setShown(bool shown) {
+    if (store(shown_, shown) && shown) raise(onShown);
+}
+
 void Form::pressEnter() {
     if (defaultButton_) defaultButton_->click();
 }

@@ -115,7 +115,9 @@ public:
     P* peerAs() const {
         return static_cast<P*>(peer_.get());
     }
-    void setShown(bool shown) { shown_ = shown; }
+    // With `shown` the window is there and complete; raises onShown, inside showModal before it waits.
+    void setShown(bool shown);
+    Event onShown;
 
 protected:
     virtual void Form_Load() {}
