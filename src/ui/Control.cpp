@@ -17,7 +17,7 @@ void Component::attach(PeerFactory& factory) {
     replay();
 }
 
-Place::Place(Control& container) : form(container.form()), container(&container) {}
+Place::Place(Control& inside) : form(inside.form()), container(&inside) {}
 
 Control::Control(Place place, std::string name, Bounds bounds, int index)
     : Component(place.form, std::move(name), index), container_(place.container), bounds_(bounds) {}

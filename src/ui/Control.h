@@ -76,8 +76,8 @@ private:
 
 // Where a control stands: on the form itself or in a Frame or PictureBox.
 struct Place {
-    Place(Form& form) : form(form) {}
-    Place(Control& container);
+    Place(Form& onForm) : form(onForm) {}
+    Place(Control& inside);
 
     Form& form;
     Control* container = nullptr;

@@ -1,0 +1,84 @@
+#include "support/ScriptedDesktop.h"
+
+#include <gtest/gtest.h>
+
+ScriptedDesktop::~ScriptedDesktop() {
+    settle();
+}
+
+void ScriptedDesktop::settle() {
+    for (const Expectation& left : expected_)
+        ADD_FAILURE() << "expected, but did not come: " << left.what << " " << left.text;
+    expected_.clear();
+}
+
+void ScriptedDesktop::expectMessage(std::string text, ui::Answer answer) {
+    expected_.push_back({"message", {}, std::move(text), answer, {}});
+}
+
+void ScriptedDesktop::expectFile(std::optional<std::string> path) {
+    expected_.push_back({"file", {}, {}, ui::Answer::Ok, std::move(path)});
+}
+
+void ScriptedDesktop::expectAnyForm(std::function<bool(ui::Form&)> script) {
+    expected_.push_back({"form", std::move(script), {}, ui::Answer::Ok, {}});
+}
+
+std::optional<ScriptedDesktop::Expectation> ScriptedDesktop::next(const std::string& what,
+                                                                  const std::string& surprise) {
+    if (expected_.empty() || expected_.front().what != what) {
+        ADD_FAILURE() << "nobody expected " << surprise;
+        return std::nullopt;
+    }
+    Expectation first = std::move(expected_.front());
+    expected_.pop_front();
+    return first;
+}
+
+ui::Answer ScriptedDesktop::messageBox(const std::string& text, const std::string& title, ui::MessageStyle style) {
+    const auto expected = next("message", "the message: " + text);
+    if (!expected) return style == ui::MessageStyle::ExclamationYesNo ? ui::Answer::No : ui::Answer::Ok;
+    EXPECT_EQ(text, expected->text);
+    EXPECT_EQ(title, "Tavimor");
+    return expected->answer;
+}
+
+std::optional<std::string> ScriptedDesktop::openFile(const ui::OpenFileRequest& request) {
+    lastFileRequest_ = request;
+    const auto expected = next("file", "the file-open dialog " + request.title);
+    return expected ? expected->path : std::nullopt;
+}
+
+namespace {
+
+// What an unexpected form says, so that the failure tells why an error dialog came up.
+std::string describe(const ui::Form& form) {
+    std::string text = "the form " + form.name();
+    for (ui::Control* control : form.controls())
+        if (auto* label = dynamic_cast<ui::Label*>(control)) text += " [" + label->caption() + "]";
+    return text;
+}
+
+}  // namespace
+
+void ScriptedDesktop::runModal(ui::Form& form, ui::Form* owner) {
+    const auto expected = next("form", describe(form));
+    form.onShown = [&] {
+        form.onShown = nullptr;
+        if (!expected) {
+            form.unload();
+            return;
+        }
+        if (!expected->script(form)) ADD_FAILURE() << "another form was expected than " << describe(form);
+        if (form.loaded()) {
+            ADD_FAILURE() << "left open: " << describe(form);
+            form.unload();
+        }
+    };
+    inner_.runModal(form, owner);
+}
+
+void ScriptedDesktop::doEvents() {
+    inner_.doEvents();
+    if (onDoEvents) onDoEvents();
+}

@@ -1,0 +1,68 @@
+// A desktop whose user is the test: what will be asked is expected in order, and every surprise fails the test.
+//
+//     desktop.expectMessage("You must give this zone a name.", ui::Answer::Ok);
+//     desktop.expectForm<frmError>([](frmError& form) { form.cmdContinue.click(); });
+//
+// It stands before the simulated desktop or the real one; with the real one the script runs while the form's windows
+// exist.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "ui/Desktop.h"
+
+class ScriptedDesktop : public ui::Desktop {
+public:
+    explicit ScriptedDesktop(ui::Desktop& inner) : inner_(inner) {}
+    ~ScriptedDesktop() override;  // fails the test when something expected has not happened
+
+    void expectMessage(std::string text, ui::Answer answer);
+    void expectFile(std::optional<std::string> path);  // nothing: the user gives up
+    // The script uses the form and closes it. One that is left open is unloaded and fails the test.
+    template <class F>
+    void expectForm(std::function<void(F&)> script) {
+        expectAnyForm([script](ui::Form& form) {
+            auto* expected = dynamic_cast<F*>(&form);
+            if (expected) script(*expected);
+            return expected != nullptr;
+        });
+    }
+    // Fails the test when something expected has not happened; forgets it then.
+    void settle();
+
+    // What the program asked of openFile, last.
+    const ui::OpenFileRequest& lastFileRequest() const { return lastFileRequest_; }
+    // Runs each time the program lets pending events run: the user's chance to interfere.
+    std::function<void()> onDoEvents;
+
+    ui::Answer messageBox(const std::string& text, const std::string& title, ui::MessageStyle style) override;
+    std::optional<std::string> openFile(const ui::OpenFileRequest& request) override;
+    void open(ui::Form& form) override { inner_.open(form); }
+    void runModal(ui::Form& form, ui::Form* owner) override;
+    void closed(ui::Form& form) override { inner_.closed(form); }
+    void run() override { inner_.run(); }
+    void doEvents() override;
+    ui::FrameSize frameSize(ui::Form::Kind kind, bool menu) override { return inner_.frameSize(kind, menu); }
+    ui::Size textSize(const std::string& text, ui::Twips wrap, bool bold) override {
+        return inner_.textSize(text, wrap, bold);
+    }
+
+private:
+    struct Expectation {
+        std::string what;
+        std::function<bool(ui::Form&)> script;
+        std::string text;
+        ui::Answer answer = ui::Answer::Ok;
+        std::optional<std::string> path;
+    };
+    void expectAnyForm(std::function<bool(ui::Form&)> script);
+    // The next expectation when it is of the kind `what`; otherwise fails the test with `surprise`.
+    std::optional<Expectation> next(const std::string& what, const std::string& surprise);
+
+    ui::Desktop& inner_;
+    std::deque<Expectation> expected_;
+    ui::OpenFileRequest lastFileRequest_;
+};
