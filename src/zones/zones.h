@@ -20,6 +20,8 @@ inline constexpr const char* DomainsKey =
 
 // Zones 0 to 4 are the browser's own.
 bool isBuiltIn(std::string_view zone);
+// The number that a zone's key name is, when it is one as the system writes it: "10", but not "010", "abc" or "1 ".
+std::optional<std::uint32_t> numberOf(std::string_view zone);
 
 // Security levels (URLTEMPLATE numbers of urlmon.h). In the order of the level boxes; Custom is never offered.
 struct Level {

@@ -1,0 +1,33 @@
+// What every window that lists the zones does alike.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "app/Program.h"
+#include "ui/ListView.h"
+
+// The parts of a zone's icon reference, or of the default one when the zone has none that can be taken apart.
+struct ZoneIcon {
+    std::string reference;
+    std::string file;
+    std::string resource;
+};
+ZoneIcon zoneIconOf(Program& program, const std::optional<RegistryValue>& icon);
+
+// The text of a value, or `missing` when it is missing or empty.
+std::string textOr(const std::optional<RegistryValue>& value, const char* missing);
+
+// The controls that a list of zones is filled through.
+struct ZoneListControls {
+    ui::ListView& list;
+    ui::ImageList& images;
+    ui::PictureBox& dummy;   // its picture is always the first of `images`
+    ui::PictureBox& holder;  // each icon is drawn here, copied into `images` and cleared
+};
+
+// Adds one item for each subkey of the zones key, in the registry's order: the zone's name, its icon as image i + 2 for
+// item i (from 0), its key name as tag. Selects nothing.
+void fillZoneList(Program& program, const ZoneListControls& controls);
+// Empties list and images, so that it can be filled again.
+void clearZoneList(const ZoneListControls& controls);

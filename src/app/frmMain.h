@@ -1,0 +1,77 @@
+// The main window: the list of zones, a summary of the selected one, and every command of the program.
+//
+// Other windows call FillListView after they have added or renamed zones and UpdateLabels after they have changed a
+// zone's flags or levels.
+#pragma once
+
+#include "app/Program.h"
+#include "app/ZoneList.h"
+#include "ui/Form.h"
+#include "ui/ListView.h"
+
+class frmMain : public ui::Form {
+public:
+    explicit frmMain(Program& program);
+    ~frmMain() override;
+
+    // Rebuilds the list and selects its second zone, or the only one. Without zones selecting fails, and says so.
+    void FillListView();
+    // Empties the list and fills it again.
+    void RebuildList();
+    // The "At a glance" values of a zone.
+    void UpdateLabels(const std::string& zone);
+
+    ui::ListView lvwZones;
+    ui::ImageList ilsZoneIcons;
+    ui::PictureBox picDummy, picHolder;
+    ui::PictureBox picZoneIcon;
+    ui::Label lblZoneName, lblZoneCaption;
+    ui::ControlArray<ui::CommandButton> cmdZoneOption;  // 0 edit, 1 add, 2 delete
+    ui::Frame zzzfraInfo;
+    ui::ControlArray<ui::Label> zzzlblInfo;
+    ui::Label lblFlags, lblRec, lblMin, lblCurrent;
+    ui::PictureBox zzzpicLogo;
+    ui::Timer tmrIconSpace;
+
+    ui::MenuItem& mnuFile;
+    ui::MenuItem& mnuFileBackup;
+    ui::MenuItem& mnuFileRestore;
+    ui::MenuItem& mnuFileExit;
+    ui::MenuItem& mnuEdit;
+    ui::MenuItem& mnuEditEdit;
+    ui::MenuItem& mnuEditAdd;
+    ui::MenuItem& mnuEditDelete;
+    ui::MenuItem& mnuEditOESecurity;
+    ui::MenuItem& mnuView;
+    ui::MenuItem& mnuViewBasic;
+    ui::MenuItem& mnuViewAdv;
+    ui::MenuItem& mnuHelp;
+
+protected:
+    void Form_Load() override;
+    void Form_Unload() override;
+    void Form_Resize() override;
+
+private:
+    void lvwZones_ItemClick(int item);
+    void cmdZoneOption_Click(int index);
+    void DeleteSelectedZone();
+    void mnuFileExit_Click();
+    void mnuViewBasic_Click();
+    void mnuViewAdv_Click();
+    void tmrIconSpace_Timer();
+
+    std::string GetFlags(const std::string& zone);
+    void GetRecMinSettings(const std::string& zone);
+    void DeleteSelfHealCount();
+    void SetFormAttributes();
+    void WriteFirstAttributes();
+    void ReadAttributes();
+    ui::Twips ReadLength(const char* name);
+    void WriteNumber(const char* name, double number);
+    void ShowView(double view);
+    void DrawEtchedLine();
+    ZoneListControls zoneList() { return {lvwZones, ilsZoneIcons, picDummy, picHolder}; }
+
+    Program& program_;
+};
