@@ -1,4 +1,4 @@
-// Zone icon references ("inetcpl.cpl#00004480") and the pictures they lead to.
+// Zone icon references ("inetcpl.cpl#00004480") and picture references, and the pictures they lead to.
 #pragma once
 
 #include <string>
@@ -18,5 +18,31 @@ std::string DefaultIconReference(platform::Platform& platform);
 // What cannot be drawn is no error: the box then shows the program's own icon.
 void ExtractIcon(Program& program, const std::string& reference, const std::string& separator, int size,
                  ui::PictureBox& box);
+
+// Pictures already found. Held for the time of one list fill, so that zones with the same icon open its file once;
+// not longer, or a changed file would not be seen.
+class IconCache {
+public:
+    explicit IconCache(platform::Platform& platform) : platform_(platform) {}
+
+    // What ExtractIcon draws; an empty picture when not even the program's own icon is there.
+    const ui::Picture& Icon(const std::string& reference, const std::string& separator, int size);
+
+private:
+    const ui::Picture& OwnIcon(int size);
+
+    platform::Platform& platform_;
+    std::unordered_map<std::string, ui::Picture> pictures_;
+    std::unordered_map<int, ui::Picture> ownIcons_;  // by size
+};
+void ExtractIcon(IconCache& cache, const std::string& reference, const std::string& separator, int size,
+                 ui::PictureBox& box);
+
+// The same for a bitmap resource, in its own size. What cannot be drawn leaves the box empty.
+void ExtractBitmap(Program& program, const std::string& reference, const std::string& separator, ui::PictureBox& box);
+
+// The picture that `reference` names: the path of an ".ico" or ".bmp" file, or "file,number" for an icon of a program
+// file. `size`: the width in pixels that suits best, of an icon. What cannot be loaded gives an empty picture.
+ui::Picture LoadPicture(Program& program, const std::string& reference, int size = 16);
 
 }  // namespace basMain
