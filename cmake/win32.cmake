@@ -1,0 +1,7 @@
+# 32-bit Windows from 95 on: the program people get.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR i686)
+# This flavour brings no thread library with it, and so none of the functions that old Windows lacks for it.
+set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++-win32)
+set(CMAKE_RC_COMPILER i686-w64-mingw32-windres)
+include(${CMAKE_CURRENT_LIST_DIR}/cross.cmake)
