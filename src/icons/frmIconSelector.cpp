@@ -1,0 +1,202 @@
+#include "icons/frmIconSelector.h"
+
+#include <algorithm>
+#include <array>
+#include <exception>
+#include <string_view>
+
+#include "app/Program.h"
+#include "errors/basErrors.h"
+#include "icons/cResources.h"
+#include "icons/clsFileIcon.h"
+#include "ui/Desktop.h"
+
+namespace {
+
+constexpr ui::Twips Margin = 120;
+constexpr ui::Size Client{6000, 5000};
+constexpr ui::Twips Inner = Client.width - 2 * Margin;
+constexpr ui::Twips LabelHeight = 225;
+constexpr ui::Bounds ListBounds{Margin, 435, Inner, Client.height - 435 - Margin};
+
+constexpr ui::Twips BarWidth = 3600, BarHeight = 255;
+constexpr ui::Twips BarLeft = (ListBounds.width - BarWidth) / 2;
+constexpr ui::Twips BarTop = (ListBounds.height - BarHeight) / 2;
+
+// These two are never opened.
+constexpr std::array<std::string_view, 2> Excluded{"twunk_16.exe", "shdocvw.dll"};
+constexpr std::array<std::string_view, 3> Listed{"DLL", "EXE", "OCX"};
+
+template <std::size_t N>
+bool contains(const std::array<std::string_view, N>& names, const std::string& name) {
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+std::string changeCase(std::string text, char first, char last, int distance) {
+    for (char& c : text)
+        if (c >= first && c <= last) c = static_cast<char>(c + distance);
+    return text;
+}
+std::string lower(const std::string& text) {
+    return changeCase(text, 'A', 'Z', 'a' - 'A');
+}
+std::string upper(const std::string& text) {
+    return changeCase(text, 'a', 'z', 'A' - 'a');
+}
+
+std::string countText(std::uint32_t count, const std::string& file) {
+    if (count == 0) return "No Icons in: " + file;
+    if (count == 1) return "1 icon in: " + file;
+    return std::to_string(count) + " icons in: " + file;
+}
+
+// Keys are never bare numbers.
+std::string keyOf(int number) {
+    return std::to_string(number) + "C";
+}
+
+}  // namespace
+
+// Stands in the place of the list while icons are being loaded.
+class frmIconSelector::ProgressDisplay {
+public:
+    explicit ProgressDisplay(frmIconSelector& form) : form_(form) { show(true); }
+    ~ProgressDisplay() { show(false); }
+    ProgressDisplay(const ProgressDisplay&) = delete;
+    ProgressDisplay& operator=(const ProgressDisplay&) = delete;
+
+private:
+    void show(bool visible) {
+        form_.loading_ = visible;
+        form_.lvwIcons.setVisible(!visible);
+        form_.Picture1.setVisible(visible);
+    }
+    frmIconSelector& form_;
+};
+
+frmIconSelector::frmIconSelector(Program& program, std::string file, ui::PictureBox& target)
+    : Form(program.platform.desktop, Kind::Dialog, "frmIconSelector", "Select Icon", Client),
+      lblIconCount(*this, "lblIconCount", {Margin, Margin, Inner, LabelHeight}, ""),
+      lvwIcons(*this, "lvwIcons", ListBounds, ui::ListView::View::Icon, ui::ListView::Clicks::OnActivate),
+      Picture1(*this, "Picture1", ListBounds, ui::PictureBox::Border::Sunken),
+      lblInfo(Picture1, "lblInfo", {BarLeft, BarTop - LabelHeight - 60, BarWidth, LabelHeight}, "Loading Icon"),
+      Progress(Picture1, "Progress", {BarLeft, BarTop, BarWidth, BarHeight}),
+      picParent(*this, "picParent", {Margin, Margin, 480, 480}),
+      ilsIcons32(*this, "ilsIcons32", 32),
+      ilsIcons16(*this, "ilsIcons16", 16),
+      tmrLoad(*this, "tmrLoad", 1),
+      tmrUnload(*this, "tmrUnload", 50),
+      program_(program),
+      file_(std::move(file)),
+      target_(target) {
+    lblIconCount.showData();
+    Picture1.setVisible(false);
+    picParent.setVisible(false);
+    lvwIcons.setImages(&ilsIcons32, &ilsIcons16);
+
+    lvwIcons.onItemClick = [this](int item) { lvwIcons_ItemClick(item); };
+    tmrLoad.onTimer = [this] { tmrLoad_Timer(); };
+    tmrUnload.onTimer = [this] { tmrUnload_Timer(); };
+}
+
+// The file is read when the dialog stands: before, its progress would be invisible, and the window below would still
+// take clicks.
+void frmIconSelector::Form_Load() {
+    procedure("frmIconSelector.Form_Load", [&] { tmrLoad.setEnabled(true); });
+}
+
+void frmIconSelector::tmrLoad_Timer() {
+    procedure("frmIconSelector.tmrLoad_Timer", [&] {
+        tmrLoad.setEnabled(false);
+        ShowFile(file_);
+    });
+}
+
+void frmIconSelector::ShowFile(const std::string& path) {
+    procedure("frmIconSelector.ShowFile", [&] {
+        if (loading_) return;
+        file_ = path;
+        ClearIcons();
+        const std::string name = lower(path.substr(path.rfind('\\') + 1));
+        const std::uint32_t count = contains(Excluded, name) ? 0 : program_.platform.modules.countIcons(path);
+        lblIconCount.setCaption(countText(count, name));
+        const std::string extension = upper(path.substr(path.size() - std::min<std::size_t>(path.size(), 3)));
+        if (count > 0 && contains(Listed, extension)) LoadIcons(path);
+    });
+}
+
+void frmIconSelector::ClearIcons() {
+    lvwIcons.clear();
+    ilsIcons32.clear();
+    ilsIcons16.clear();
+}
+
+// An icon that cannot be loaded is passed over. The first such failure is reported once the others are there to choose
+// from: a file with a hundred damaged icons is one error to the user.
+void frmIconSelector::LoadIcons(const std::string& path) {
+    procedure("frmIconSelector.LoadIcons", [&] {
+        const cResources resources(program_.platform, path);
+        const std::vector<platform::ResourceId> names = resources.Names(platform::RtGroupIcon);
+        const int count = static_cast<int>(names.size());
+        std::vector<std::string> identifiers;
+        std::exception_ptr failure;
+        {
+            const ProgressDisplay display(*this);
+            for (int i = 1; i <= count; ++i) {
+                lblInfo.setCaption("Loading icon: " + std::to_string(i) + " of " + std::to_string(count));
+                Progress.setProgress(i, count);
+                desktop().doEvents();
+                if (!loaded()) return;  // the user has closed the dialog
+                try {
+                    identifiers.push_back(LoadIcon(path, names[static_cast<std::size_t>(i - 1)]));
+                } catch (const basErrors::Error&) {
+                    if (!failure) failure = std::current_exception();
+                }
+            }
+            FillList(identifiers);
+        }
+        lvwIcons.setFocus();
+        if (failure) std::rethrow_exception(failure);
+    });
+}
+
+// Adds the icon's pictures to both image lists, or to none, and gives its identifier.
+std::string frmIconSelector::LoadIcon(const std::string& path, const platform::ResourceId& name) {
+    clsFileIcon icon(program_.platform);
+    icon.LoadIconFromEXE(path, name);
+    const auto draw = [&](int width) {
+        icon.DrawIconImage(icon.ImageForWidth(width), picParent);
+        return picParent.picture();
+    };
+    const ui::Picture large = draw(ilsIcons32.size());
+    const ui::Picture small = draw(ilsIcons16.size());
+    const std::string key = keyOf(ilsIcons32.count() + 1);
+    ilsIcons32.add(large, key);
+    ilsIcons16.add(small, key);
+    return icons::toText(icon.ResourceID());
+}
+
+void frmIconSelector::FillList(const std::vector<std::string>& identifiers) {
+    for (const std::string& identifier : identifiers) {
+        const std::string key = keyOf(lvwIcons.count() + 1);
+        lvwIcons.add({"", ilsIcons32.find(key), identifier, key});
+    }
+}
+
+// Closing has to wait until the list is done with the click: the timer closes the dialog.
+void frmIconSelector::lvwIcons_ItemClick(int item) {
+    procedure("frmIconSelector.lvwIcons_ItemClick", [&] {
+        const ui::ListItem& chosen = lvwIcons.item(item);
+        target_.setPicture(ilsIcons32.picture(chosen.image));
+        program_.selection.iconFile = file_;
+        program_.selection.iconResource = chosen.tag;
+        tmrUnload.setEnabled(true);
+    });
+}
+
+void frmIconSelector::tmrUnload_Timer() {
+    procedure("frmIconSelector.tmrUnload_Timer", [&] {
+        tmrUnload.setEnabled(false);
+        unload();
+    });
+}
