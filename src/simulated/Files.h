@@ -1,0 +1,56 @@
+// Files and folders in memory, under Windows paths. Names are found whatever their case and kept as they were made.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/Files.h"
+
+namespace simulated {
+
+class Files : public platform::Files {
+public:
+    using Result = platform::Result;
+
+    Files();
+    ~Files() override;
+    Files(const Files&) = delete;
+    Files& operator=(const Files&) = delete;
+
+    // What tests arrange. Folders above are made; an existing file is replaced.
+    void addFolder(const std::string& path);
+    void addFile(const std::string& path, std::string_view bytes);
+    // Nothing can be written to a read-only file, and nothing made or removed in a read-only folder.
+    void setReadOnly(const std::string& path, bool readOnly);
+    // Bytes that can still be written before the disk is full; nothing: no end.
+    std::optional<std::size_t> capacity;
+    std::size_t openSearches() const { return searches_.size(); }
+
+    Result findFirst(const std::string& pattern, Search& search, platform::FoundFile& found) override;
+    Result findNext(Search search, platform::FoundFile& found) override;
+    void findClose(Search search) override;
+    Result attributes(const std::string& path, std::uint32_t& bits) override;
+    Result read(const std::string& path, std::string& bytes, std::size_t limit = Whole) override;
+    Result create(const std::string& path, std::string_view bytes, std::uint32_t& written) override;
+    Result append(const std::string& path, std::string_view bytes, std::uint32_t& written) override;
+    Result remove(const std::string& path) override;
+    Result createFolder(const std::string& path) override;
+
+private:
+    struct Node;
+    struct Place;
+    using Matches = std::vector<platform::FoundFile>;
+
+    Place place(const std::string& path) const;
+    Result fileToWrite(const std::string& path, Node*& file);
+    Result write(Node& file, std::string_view bytes, std::uint32_t& written);
+
+    std::unique_ptr<Node> root_;  // holds the drives
+    std::map<Search, Matches> searches_;
+    Search next_ = 0;
+};
+
+}  // namespace simulated

@@ -1,0 +1,215 @@
+#include "simulated/Modules.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdint>
+
+#include "simulated/Names.h"
+
+namespace simulated {
+
+using namespace platform;
+
+namespace {
+
+constexpr Result NoResourceType = 1813, NoResourceName = 1814;  // ERROR_RESOURCE_TYPE_NOT_FOUND, ..._NAME_NOT_FOUND
+constexpr std::size_t LongestString = 254;
+
+// "#100" is the number 100.
+ResourceId normal(const ResourceId& id) {
+    const auto* text = std::get_if<std::string>(&id);
+    if (!text || !text->starts_with('#')) return id;
+    std::uint16_t number = 0;
+    const char* end = text->data() + text->size();
+    const auto parsed = std::from_chars(text->data() + 1, end, number);
+    return parsed.ec == std::errc{} && parsed.ptr == end ? ResourceId(number) : id;
+}
+
+bool sameId(const ResourceId& a, const ResourceId& b) {
+    const ResourceId x = normal(a), y = normal(b);
+    const auto *textX = std::get_if<std::string>(&x), *textY = std::get_if<std::string>(&y);
+    return textX && textY ? same(*textX, *textY) : x == y;
+}
+
+std::string_view baseName(std::string_view path) {
+    return path.substr(path.find_last_of("\\/:") + 1);
+}
+
+std::uint32_t number(std::span<const std::uint8_t> bytes, std::size_t at, std::size_t size) {
+    std::uint32_t value = 0;
+    for (std::size_t i = size; i-- > 0;) value = value << 8 | bytes[at + i];
+    return value;
+}
+
+bool isPng(std::span<const std::uint8_t> image) {
+    constexpr std::uint8_t signature[] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
+    return image.size() > std::size(signature) && std::ranges::equal(image.first(std::size(signature)), signature);
+}
+
+// Header, colour table, colours and mask must all be there. The height counts colours and mask.
+bool isIconImage(std::span<const std::uint8_t> image) {
+    if (isPng(image)) return true;
+    if (image.size() < 40 || number(image, 0, 4) != 40) return false;
+    const std::uint64_t width = number(image, 4, 4), height = number(image, 8, 4) / 2;
+    const std::uint32_t bits = number(image, 14, 2), used = number(image, 32, 4);
+    if (width < 1 || width > 1024 || height < 1 || height > 1024) return false;
+    if (bits != 1 && bits != 4 && bits != 8 && bits != 16 && bits != 24 && bits != 32) return false;
+    const std::uint64_t colours = bits > 8 ? used : used != 0 ? used : std::uint64_t{1} << bits;
+    const std::uint64_t rows = (width * bits + 31) / 32 * 4, maskRows = (width + 31) / 32 * 4;
+    return image.size() >= 40 + colours * 4 + (rows + maskRows) * height;
+}
+
+}  // namespace
+
+ProgramFile& ProgramFile::add(const ResourceId& type, const ResourceId& name, Bytes bytes) {
+    auto place = std::ranges::find_if(types_, [&](const Type& t) { return sameId(t.id, type); });
+    if (place == types_.end()) place = types_.insert(types_.end(), Type{type, {}});
+    std::erase_if(place->resources, [&](const Resource& resource) { return sameId(resource.name, name); });
+    place->resources.push_back({name, std::move(bytes)});
+    return *this;
+}
+
+ProgramFile& ProgramFile::addString(std::uint32_t number, std::string text) {
+    strings_[number] = std::move(text);
+    return *this;
+}
+
+const ProgramFile::Type* ProgramFile::find(const ResourceId& type) const {
+    const auto place = std::ranges::find_if(types_, [&](const Type& t) { return sameId(t.id, type); });
+    return place == types_.end() ? nullptr : &*place;
+}
+
+ProgramFile& Modules::add(const std::string& path) {
+    std::uint32_t written = 0;
+    files_.create(path, "MZ", written);
+    return programs_[fold(path)];
+}
+
+const ProgramFile* Modules::find(const std::string& file) const {
+    const std::string wanted = fold(file);
+    const bool hasPath = wanted.find_first_of("\\/:") != std::string::npos;
+    for (const auto& [path, program] : programs_)
+        if (path == wanted || (!hasPath && baseName(path) == wanted)) return &program;
+    return nullptr;
+}
+
+std::uintptr_t Modules::fail(Result code) {
+    lastError_ = code;
+    return 0;
+}
+
+const ProgramFile* Modules::module(Module module) {
+    const auto found = loaded_.find(module);
+    if (found != loaded_.end()) return found->second.get();
+    fail(InvalidHandle);
+    return nullptr;
+}
+
+Module Modules::LoadLibraryExA(const std::string& file) {
+    std::uint32_t bits = 0;
+    const ProgramFile* program = find(file);
+    if (!program) return fail(files_.attributes(file, bits) == Success ? BadExeFormat : FileNotFound);
+    next_ += 0x10000;
+    loaded_[next_] = std::make_unique<const ProgramFile>(*program);
+    return next_;
+}
+
+void Modules::FreeLibrary(Module module) {
+    loaded_.erase(module);
+}
+
+ResourceInfo Modules::FindResourceA(Module handle, const ResourceId& name, const ResourceId& type) {
+    const ProgramFile* program = module(handle);
+    if (!program) return 0;
+    if (program->types().empty()) return fail(NoSuchResource);
+    const ProgramFile::Type* found = program->find(type);
+    if (!found) return fail(NoResourceType);
+    for (const ProgramFile::Resource& resource : found->resources)
+        if (sameId(resource.name, name)) return reinterpret_cast<ResourceInfo>(&resource);
+    return fail(NoResourceName);
+}
+
+ResourceData Modules::LoadResource(Module handle, ResourceInfo info) {
+    return module(handle) && info ? info : fail(InvalidHandle);
+}
+
+std::span<const std::uint8_t> Modules::LockResource(Module handle, ResourceInfo info, ResourceData data) {
+    if (!module(handle) || !info || data != info) {
+        fail(InvalidHandle);
+        return {};
+    }
+    const Bytes& bytes = reinterpret_cast<const ProgramFile::Resource*>(info)->bytes;
+    return {bytes.data(), bytes.size()};
+}
+
+Result Modules::EnumResourceTypesA(Module handle, std::vector<ResourceId>& types) {
+    const ProgramFile* program = module(handle);
+    if (!program) return lastError_;
+    if (program->types().empty()) return lastError_ = NoSuchResource;
+    for (const ProgramFile::Type& type : program->types()) types.push_back(normal(type.id));
+    return Success;
+}
+
+Result Modules::EnumResourceNamesA(Module handle, const ResourceId& type, std::vector<ResourceId>& names) {
+    const ProgramFile* program = module(handle);
+    if (!program) return lastError_;
+    if (program->types().empty()) return lastError_ = NoSuchResource;
+    const ProgramFile::Type* found = program->find(type);
+    if (!found) return lastError_ = NoResourceType;
+    for (const ProgramFile::Resource& resource : found->resources) names.push_back(normal(resource.name));
+    return Success;
+}
+
+std::string Modules::LoadStringA(Module handle, std::uint32_t id) {
+    const ProgramFile* program = module(handle);
+    if (!program) return "";
+    const auto found = program->strings().find(id);
+    if (found != program->strings().end()) return found->second.substr(0, LongestString);
+    fail(NoResourceName);
+    return "";
+}
+
+std::uint32_t Modules::countIcons(const std::string& path) {
+    if (const ProgramFile* program = find(path)) {
+        const ProgramFile::Type* groups = program->find(RtGroupIcon);
+        return groups ? static_cast<std::uint32_t>(groups->resources.size()) : 0;
+    }
+    std::string header;
+    if (files_.read(path, header, 6) != Success || header.size() < 6) return 0;
+    return header.starts_with(std::string_view("\0\0\1\0", 4)) ? 1 : 0;
+}
+
+IconHandle Modules::CreateIconFromResource(std::span<const std::uint8_t> image, int width, int height) {
+    if (width <= 0 || height <= 0 || !isIconImage(image)) return fail(InvalidParameter);
+    icons_.insert(++next_);
+    return next_;
+}
+
+void Modules::DestroyIcon(IconHandle icon) {
+    icons_.erase(icon);
+}
+
+std::string Modules::FormatMessageA(Result code) {
+    const struct {
+        Result code;
+        const char* text;
+    } texts[] = {
+        {Success, "The operation completed successfully."},
+        {FileNotFound, "The system cannot find the file specified."},
+        {PathNotFound, "The system cannot find the path specified."},
+        {AccessDenied, "Access is denied."},
+        {InvalidHandle, "The handle is invalid."},
+        {InvalidParameter, "The parameter is incorrect."},
+        {DiskFull, "There is not enough space on the disk."},
+        {ModuleNotFound, "The specified module could not be found."},
+        {BadExeFormat, "%1 is not a valid Win32 application."},
+        {NoSuchResource, "The specified image file did not contain a resource section."},
+        {NoResourceType, "The specified resource type cannot be found in the image file."},
+        {NoResourceName, "The specified resource name cannot be found in the image file."},
+    };
+    for (const auto& entry : texts)
+        if (entry.code == code) return entry.text;
+    return "";
+}
+
+}  // namespace simulated

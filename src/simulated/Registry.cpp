@@ -1,0 +1,272 @@
+#include "simulated/Registry.h"
+
+#include <cstring>
+
+namespace simulated {
+
+using namespace platform;
+
+namespace {
+
+constexpr Result BadPathName = 161;  // ERROR_BAD_PATHNAME
+constexpr Result NoAccess = 998;     // ERROR_NOACCESS
+constexpr std::size_t LongestKey = 255, LongestValue = 16383, LongestText = 32766;
+constexpr AccessMask MaximumAllowed = 0x02000000, GenericAll = 0x10000000, GenericWrite = 0x40000000,
+                     GenericRead = 0x80000000;
+
+AccessMask granted(AccessMask asked) {
+    if (asked & (MaximumAllowed | GenericAll)) return KeyAllAccess;
+    if (asked & GenericRead) asked |= KeyQueryValue | KeyEnumerateSubKeys;
+    if (asked & GenericWrite) asked |= KeySetValue | KeyCreateSubKey;
+    return asked;
+}
+
+bool predefined(HKey key) {
+    return key >= HKeyClassesRoot;
+}
+bool isText(RegType type) {
+    return type == RegSz || type == RegExpandSz || type == RegMultiSz;
+}
+
+// A name goes to the system as a C string.
+std::string_view untilZero(const std::string& name) {
+    return name.c_str();
+}
+
+// The parts of a path; repeated and trailing backslashes do not matter.
+std::vector<std::string_view> partsOf(std::string_view path) {
+    std::vector<std::string_view> parts;
+    while (!path.empty()) {
+        const std::size_t end = std::min(path.find('\\'), path.size());
+        if (end > 0) parts.push_back(path.substr(0, end));
+        path.remove_prefix(std::min(end + 1, path.size()));
+    }
+    return parts;
+}
+
+Result checkPath(const std::string& path) {
+    if (path.starts_with('\\')) return BadPathName;
+    for (const std::string_view part : partsOf(untilZero(path)))
+        if (part.size() > LongestKey) return InvalidParameter;
+    return Success;
+}
+
+}  // namespace
+
+struct Registry::Value {
+    std::string name;
+    RegType type = RegNone;
+    Bytes data;
+};
+
+struct Registry::Key {
+    std::string name;
+    std::weak_ptr<Key> parent;
+    NamedList<Key> keys;
+    NamedList<Value> values;
+    bool deleted = false;
+
+    void markDeleted() {
+        deleted = true;
+        for (const auto& key : keys.all()) key->markDeleted();
+    }
+};
+
+struct Registry::Handle {
+    std::shared_ptr<Key> key;
+    AccessMask access = 0;
+};
+
+namespace {
+
+// Hands out a value's data as RegQueryValueExA and RegEnumValueA do: the size always, the bytes when they fit, and a
+// zero behind text that was stored without one when there is room for it.
+Result copyData(RegType storedType, const Bytes& stored, RegType& type, std::uint8_t* data, std::uint32_t& size) {
+    const std::uint32_t room = size;
+    type = storedType;
+    size = static_cast<std::uint32_t>(stored.size());
+    if (!data || stored.empty()) return Success;
+    if (room < size) return MoreData;
+    std::memcpy(data, stored.data(), stored.size());
+    if (isText(storedType) && room > size && stored.back() != 0) data[size] = 0;
+    return Success;
+}
+
+// `length` stays as it was when the name does not fit.
+Result copyName(const std::string& stored, char* name, std::uint32_t& length) {
+    if (stored.size() >= length) return MoreData;
+    std::memcpy(name, stored.c_str(), stored.size() + 1);
+    length = static_cast<std::uint32_t>(stored.size());
+    return Success;
+}
+
+}  // namespace
+
+Registry::Registry() {
+    const struct {
+        HKey handle;
+        const char* name;
+    } roots[] = {{HKeyClassesRoot, "HKEY_CLASSES_ROOT"},     {HKeyCurrentUser, "HKEY_CURRENT_USER"},
+                 {HKeyLocalMachine, "HKEY_LOCAL_MACHINE"},   {HKeyUsers, "HKEY_USERS"},
+                 {HKeyCurrentConfig, "HKEY_CURRENT_CONFIG"}, {HKeyDynData, "HKEY_DYN_DATA"}};
+    for (const auto& root : roots) {
+        auto key = std::make_shared<Key>();
+        key->name = root.name;
+        roots_.emplace(root.handle, std::move(key));
+    }
+}
+
+Registry::~Registry() = default;
+
+Result Registry::resolve(HKey handle, AccessMask needed, std::shared_ptr<Key>& key) const {
+    if (const auto root = roots_.find(handle); root != roots_.end()) {
+        key = root->second;
+        return Success;
+    }
+    const auto open = handles_.find(handle);
+    if (open == handles_.end()) return InvalidHandle;
+    if ((open->second.access & needed) != needed) return AccessDenied;
+    if (open->second.key->deleted) return KeyDeleted;
+    key = open->second.key;
+    return Success;
+}
+
+Result Registry::walk(HKey handle, const std::string& subKey, bool create, std::shared_ptr<Key>& key) const {
+    // No rights are asked of the handle: the system checks those of the key itself.
+    if (const Result code = resolve(handle, 0, key); code != Success) return code;
+    if (const Result code = checkPath(subKey); code != Success) return code;
+    for (const std::string_view part : partsOf(untilZero(subKey))) {
+        std::shared_ptr<Key> child = key->keys.find(part);
+        if (!child) {
+            if (!create) return FileNotFound;
+            child = std::make_shared<Key>();
+            child->name = part;
+            child->parent = key;
+            key->keys.add(child);
+        }
+        key = std::move(child);
+    }
+    return Success;
+}
+
+HKey Registry::give(const std::shared_ptr<Key>& key, AccessMask access) {
+    next_ += 4;
+    handles_.emplace(next_, Handle{key, granted(access)});
+    return next_;
+}
+
+Result Registry::RegOpenKeyExA(HKey key, const std::string& subKey, AccessMask access, HKey& opened) {
+    opened = 0;
+    std::shared_ptr<Key> found;
+    if (const Result code = walk(key, subKey, false, found); code != Success) return code;
+    opened = predefined(key) && subKey.empty() ? key : give(found, access);
+    return Success;
+}
+
+// Without a subkey it gives back the very handle it got, whatever that is.
+Result Registry::RegOpenKeyA(HKey key, const std::string& subKey, HKey& opened) {
+    if (!subKey.empty()) return RegOpenKeyExA(key, subKey, MaximumAllowed, opened);
+    opened = key;
+    return Success;
+}
+
+Result Registry::RegCreateKeyExA(HKey key, const std::string& subKey, AccessMask access, HKey& created) {
+    created = 0;
+    std::shared_ptr<Key> found;
+    if (const Result code = walk(key, subKey, true, found); code != Success) return code;
+    created = give(found, access);
+    return Success;
+}
+
+Result Registry::RegCloseKey(HKey key) {
+    if (predefined(key)) return Success;
+    return handles_.erase(key) ? Success : InvalidHandle;
+}
+
+Result Registry::RegDeleteKeyA(HKey key, const std::string& subKey) {
+    std::shared_ptr<Key> found;
+    if (const Result code = walk(key, subKey, false, found); code != Success) return code;
+    const std::shared_ptr<Key> parent = found->parent.lock();
+    if (!parent) return AccessDenied;
+    if (!found->keys.empty() && !deletesSubtrees) return AccessDenied;
+    parent->keys.remove(found);
+    found->markDeleted();
+    return Success;
+}
+
+Result Registry::RegDeleteValueA(HKey key, const std::string& name) {
+    std::shared_ptr<Key> found;
+    if (const Result code = resolve(key, KeySetValue, found); code != Success) return code;
+    if (untilZero(name).size() > LongestText) return InvalidParameter;
+    const std::shared_ptr<Value> value = found->values.find(untilZero(name));
+    if (!value) return FileNotFound;
+    found->values.remove(value);
+    return Success;
+}
+
+Result Registry::RegQueryInfoKeyA(HKey key, KeyInfo& info) {
+    std::shared_ptr<Key> found;
+    if (const Result code = resolve(key, KeyQueryValue, found); code != Success) return code;
+    const auto longest = [](std::uint32_t& most, std::size_t length) {
+        most = std::max(most, static_cast<std::uint32_t>(length));
+    };
+    info = {};
+    info.subKeys = static_cast<std::uint32_t>(found->keys.size());
+    info.values = static_cast<std::uint32_t>(found->values.size());
+    for (const auto& sub : found->keys.all()) longest(info.longestSubKey, sub->name.size());
+    for (const auto& value : found->values.all()) {
+        longest(info.longestValueName, value->name.size());
+        // NT keeps text in two bytes a character, and that is the size it tells.
+        longest(info.longestData, value->data.size() * (isText(value->type) ? 2 : 1));
+    }
+    return Success;
+}
+
+Result Registry::RegEnumKeyExA(HKey key, std::uint32_t index, char* name, std::uint32_t& length) {
+    std::shared_ptr<Key> found;
+    if (const Result code = resolve(key, KeyEnumerateSubKeys, found); code != Success) return code;
+    if (index >= found->keys.size()) return NoMoreItems;
+    return copyName(found->keys.at(index, order)->name, name, length);
+}
+
+Result Registry::RegEnumValueA(HKey key, std::uint32_t index, char* name, std::uint32_t& length, RegType& type,
+                               std::uint8_t* data, std::uint32_t& size) {
+    std::shared_ptr<Key> found;
+    if (const Result code = resolve(key, KeyQueryValue, found); code != Success) return code;
+    if (index >= found->values.size()) return NoMoreItems;
+    const Value& value = *found->values.at(index, order);
+    const Result dataFits = copyData(value.type, value.data, type, data, size);
+    const Result nameFits = copyName(value.name, name, length);
+    return nameFits != Success ? nameFits : dataFits;
+}
+
+Result Registry::RegQueryValueExA(HKey key, const std::string& name, RegType& type, std::uint8_t* data,
+                                  std::uint32_t& size) {
+    std::shared_ptr<Key> found;
+    if (const Result code = resolve(key, KeyQueryValue, found); code != Success) return code;
+    if (untilZero(name).size() > LongestText) return InvalidParameter;
+    const std::shared_ptr<Value> value = found->values.find(untilZero(name));
+    if (value) return copyData(value->type, value->data, type, data, size);
+    type = RegNone;
+    if (!data) size = 0;
+    return FileNotFound;
+}
+
+Result Registry::RegSetValueExA(HKey key, const std::string& name, RegType type, const std::uint8_t* data,
+                                std::uint32_t size) {
+    std::shared_ptr<Key> found;
+    if (const Result code = resolve(key, KeySetValue, found); code != Success) return code;
+    if (untilZero(name).size() > LongestValue) return InvalidParameter;
+    if (!data && size > 0) return NoAccess;
+    std::shared_ptr<Value> value = found->values.find(untilZero(name));
+    if (!value) {
+        value = std::make_shared<Value>();
+        value->name = untilZero(name);
+        found->values.add(value);
+    }
+    value->type = type;
+    value->data.assign(data ? data : reinterpret_cast<const std::uint8_t*>(""), size);
+    return Success;
+}
+
+}  // namespace simulated

@@ -1,0 +1,63 @@
+// A registry in memory that answers like the real one.
+//
+// Codes, lengths and what failed calls leave behind are those measured on the real system; the contract tests hold
+// both to the same answers. Stricter than the real one in two ways, so that mistakes show: a handle number is never
+// given out twice, and information about a key wants the right to query it (which NT asks for, Wine does not).
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "platform/Registry.h"
+#include "simulated/Names.h"
+
+namespace simulated {
+
+class Registry : public platform::Registry {
+public:
+    using HKey = platform::HKey;
+    using Result = platform::Result;
+
+    Registry();
+    ~Registry() override;
+    Registry(const Registry&) = delete;
+    Registry& operator=(const Registry&) = delete;
+
+    // Windows 95 and 98 delete a key with everything below it, NT refuses one that has subkeys.
+    bool deletesSubtrees = false;
+    Order order = Order::Text;
+    // Handles that have not been closed; predefined ones do not count.
+    std::size_t openHandles() const { return handles_.size(); }
+
+    Result RegOpenKeyExA(HKey key, const std::string& subKey, platform::AccessMask access, HKey& opened) override;
+    Result RegOpenKeyA(HKey key, const std::string& subKey, HKey& opened) override;
+    Result RegCreateKeyExA(HKey key, const std::string& subKey, platform::AccessMask access, HKey& created) override;
+    Result RegCloseKey(HKey key) override;
+    Result RegDeleteKeyA(HKey key, const std::string& subKey) override;
+    Result RegDeleteValueA(HKey key, const std::string& name) override;
+    Result RegQueryInfoKeyA(HKey key, platform::KeyInfo& info) override;
+    Result RegEnumKeyExA(HKey key, std::uint32_t index, char* name, std::uint32_t& length) override;
+    Result RegEnumValueA(HKey key, std::uint32_t index, char* name, std::uint32_t& length, platform::RegType& type,
+                         std::uint8_t* data, std::uint32_t& size) override;
+    Result RegQueryValueExA(HKey key, const std::string& name, platform::RegType& type, std::uint8_t* data,
+                            std::uint32_t& size) override;
+    Result RegSetValueExA(HKey key, const std::string& name, platform::RegType type, const std::uint8_t* data,
+                          std::uint32_t size) override;
+
+private:
+    struct Value;
+    struct Key;
+    struct Handle;
+
+    Result resolve(HKey handle, platform::AccessMask needed, std::shared_ptr<Key>& key) const;
+    Result walk(HKey handle, const std::string& subKey, bool create, std::shared_ptr<Key>& key) const;
+    HKey give(const std::shared_ptr<Key>& key, platform::AccessMask access);
+
+    std::map<HKey, std::shared_ptr<Key>> roots_;
+    std::map<HKey, Handle> handles_;
+    HKey next_ = 0x20;
+};
+
+}  // namespace simulated
