@@ -1,0 +1,275 @@
+#include "icons/clsFileIcon.h"
+
+#include <gtest/gtest.h>
+
+#include "errors/basErrors.h"
+#include "icons/ModuleFile.h"
+#include "support/IconFixture.h"
+
+namespace {
+
+using basErrors::Error;
+using platform::Bytes;
+using platform::ResourceId;
+
+constexpr const char* Library = "C:\\icons.dll";
+constexpr const char* File = "C:\\new.ico";
+
+struct clsFileIconTest : IconFixture {
+    clsFileIcon icon{system.platform};
+
+    // What the operation says when it fails; "" when it does not.
+    template <class Operation>
+    std::string failure(Operation operation) {
+        try {
+            operation();
+            return "";
+        } catch (const Error& error) {
+            EXPECT_EQ(error.source(), "Tavimor.clsFileIcon");
+            return error.what();
+        }
+    }
+    std::string loadGroup(const ResourceId& id = std::uint16_t{1}) {
+        return failure([&] { icon.LoadIconFromEXE(Library, id); });
+    }
+    std::string loadFile(const Bytes& bytes) {
+        writeFile(File, bytes);
+        return failure([&] { icon.LoadIcon(File); });
+    }
+    void putGroup(const Bytes& group, const std::vector<IconImage>& images) {
+        putResource(Library, platform::RtGroupIcon, std::uint16_t{1}, group);
+        putImages(Library, images);
+    }
+};
+
+TEST_F(clsFileIconTest, AGroupIsLoadedWithItsImagesAsStored) {
+    const std::vector<IconImage> images{iconImage(16, 4, 11), iconImage(32, 8, 12), iconImage(0, 24, 13)};
+    putGroup(groupBytes(images), images);
+    ASSERT_EQ(loadGroup(), "");
+    ASSERT_EQ(icon.ImageCount(), 3);
+    for (int i = 0; i < 3; ++i) {
+        const Bytes& stored = images[static_cast<std::size_t>(i)].bytes;
+        EXPECT_EQ(icon.ImageSize(i), stored.size());
+        EXPECT_TRUE(std::equal(stored.begin(), stored.end(), icon.ImageBytes(i).begin(), icon.ImageBytes(i).end()));
+    }
+    EXPECT_EQ(icon.ImageWidth(1), 32);
+    EXPECT_EQ(icon.ImageHeight(1), 32);
+    EXPECT_EQ(icon.ImageWidth(2), 256);
+    EXPECT_EQ(icon.ImageColourCount(0), 16);
+    EXPECT_EQ(icon.ImageColourCount(2), 16777216);
+    EXPECT_EQ(icon.FileName(), Library);
+    EXPECT_EQ(icon.ResourceID(), ResourceId(std::uint16_t{1}));
+}
+
+TEST(IconIdentifier, IsANumberWhenItIsDecimalTextAndAResourceCanHaveIt) {
+    const std::pair<const char*, ResourceId> cases[] = {
+        {"18", std::uint16_t{18}},
+        {"0018", std::uint16_t{18}},
+        {"00004480", std::uint16_t{4480}},
+        {"0", std::uint16_t{0}},
+        {"65535", std::uint16_t{65535}},
+        {"65536", "65536"},
+        {"", ""},
+        {"MAIN", "MAIN"},
+        {"18a", "18a"},
+        {"-1", "-1"},
+        {" 1", " 1"},
+        {"99999999999999999999", "99999999999999999999"},
+    };
+    for (const auto& [text, identifier] : cases) EXPECT_EQ(icons::toIdentifier(text), identifier) << text;
+    EXPECT_EQ(icons::toText(std::uint16_t{18}), "18");
+    EXPECT_EQ(icons::toText(std::string("MAIN")), "MAIN");
+}
+
+TEST_F(clsFileIconTest, AGroupIsFoundByNumberOrName) {
+    const std::vector<IconImage> images{iconImage(32, 8, 5)};
+    putImages(Library, images);
+    putResource(Library, platform::RtGroupIcon, std::uint16_t{4480}, groupBytes(images));
+    putResource(Library, platform::RtGroupIcon, "MAIN", groupBytes(images));
+    EXPECT_EQ(loadGroup(std::uint16_t{4480}), "");
+    EXPECT_EQ(loadGroup("MAIN"), "");
+    EXPECT_EQ(loadGroup("OTHER"), "Can't find resource.");
+    EXPECT_EQ(icon.ResourceID(), ResourceId("OTHER"));
+    EXPECT_EQ(icon.ImageCount(), 0) << "a failed load keeps nothing of the icon before";
+}
+
+TEST_F(clsFileIconTest, WhatIsWrongWithAGroupIsSaid) {
+    EXPECT_EQ(loadGroup(), "Can't load library.");
+
+    const std::vector<IconImage> images{iconImage(16, 4, 11), iconImage(32, 8, 12)};
+    Bytes otherSize = groupBytes({images[0], images[0]});
+    otherSize[6 + 14 + 8] ^= 1;  // the second claim on the same image
+    Bytes claimsTooMuch = groupBytes(images);
+    claimsTooMuch[6 + 11] = 0xFF;  // the highest byte of the first image's size
+    const std::tuple<const char*, Bytes, std::vector<IconImage>> cases[] = {
+        {"", groupBytes(images), images},
+        {"Failed to read bitmap bits from resource.", groupBytes(images), {images[0]}},
+        {"Failed to read bitmap bits from resource.", claimsTooMuch, images},
+        {"Failed to read bitmap bits from resource.", otherSize, images},
+        {"Icon contains no images.", {0, 0, 1, 0, 0, 0}, images},
+        {"Icon contains no images.", {0, 0, 1, 0, 0xFF, 0xFF}, images},
+        {"Icon Directory Array is Corrupt.", {0, 0, 1, 0, 0xFF, 0x7F}, images},
+    };
+    for (const auto& [message, group, stored] : cases) {
+        emptyProgram(Library);
+        putGroup(group, stored);
+        EXPECT_EQ(loadGroup(), message);
+        EXPECT_EQ(icon.ImageCount(), *message ? 0 : 2);
+    }
+}
+
+TEST_F(clsFileIconTest, EveryCutOffGroupIsRefused) {
+    const std::vector<IconImage> images{iconImage(16, 1, 11), iconImage(32, 1, 12)};
+    const Bytes whole = groupBytes(images);
+    for (std::size_t length = 1; length < whole.size(); ++length) {
+        emptyProgram(Library);
+        putGroup(whole.substr(0, length), images);
+        EXPECT_NE(loadGroup(), "") << length;
+    }
+}
+
+TEST_F(clsFileIconTest, EntriesOfOneImageShareItsBytes) {
+    const IconImage image = iconImage(48, 24, 7);
+    putGroup(groupBytes(std::vector<IconImage>(1000, image)), {image});
+    ASSERT_EQ(loadGroup(), "");
+    EXPECT_EQ(icon.ImageBytes(0).data(), icon.ImageBytes(999).data());
+}
+
+// ---- icon files
+
+TEST_F(clsFileIconTest, AFileIsWrittenByteForByteAndReadBack) {
+    const Bytes first{1, 2, 3}, second{4, 5};
+    icon.AddImage({16, 32, 2, 9, 1, 4, 0}, {first.data(), first.size()});
+    icon.AddImage({0, 0, 0, 0, 1, 0x0118, 77}, {second.data(), second.size()});
+    icon.SaveIcon(File);
+    const Bytes expected{0,  0,  1, 0, 2, 0,                                    //
+                         16, 32, 2, 9, 1, 0, 4,    0, 3, 0, 0, 0, 38, 0, 0, 0,  //
+                         0,  0,  0, 0, 1, 0, 0x18, 1, 2, 0, 0, 0, 41, 0, 0, 0,  //
+                         1,  2,  3, 4, 5};
+    EXPECT_EQ(readFile(File), expected);
+
+    ASSERT_EQ(loadFile(expected), "");
+    EXPECT_EQ(icon.ImageCount(), 2);
+    icon.RemoveImage(0);
+    icon.SaveIcon(File);
+    const Bytes rest{0, 0, 1, 0, 1, 0, 0, 0, 0, 0, 1, 0, 0x18, 1, 2, 0, 0, 0, 22, 0, 0, 0, 4, 5};
+    EXPECT_EQ(readFile(File), rest);
+}
+
+TEST_F(clsFileIconTest, WhatIsWrongWithAFileIsSaid) {
+    const Bytes entry{16, 16, 0, 0, 1, 0, 4, 0, 4, 0, 0, 0, 22, 0, 0, 0};
+    Bytes hugeEntry = entry;
+    for (int i = 8; i < 12; ++i) hugeEntry[static_cast<std::size_t>(i)] = 0xFF;
+    const auto file = [](Bytes header, const Bytes& rest = {}) { return header + rest; };
+    const std::pair<const char*, Bytes> cases[] = {
+        {"File is not icon type (reserved member is 0)", file({'M', 'Z', 1, 0, 1, 0}, entry)},
+        {"File is not icon type (reserved member is 0)", file({0, 1, 1, 0, 1, 0}, entry)},
+        {"File is not icon type (idType <> IMAGE_ICON)", file({0, 0, 2, 0, 1, 0}, entry)},
+        {"File is not icon type (idType <> IMAGE_ICON)", {}},
+        {"Icon contains no images.", file({0, 0, 1, 0, 0, 0}, entry)},
+        {"Icon contains no images.", file({0, 0, 1, 0, 0, 0x80}, entry)},
+        {"Icon Directory Array is Corrupt.", file({0, 0, 1, 0, 2, 0}, entry)},
+        {"Icon Directory Array is Corrupt.", file({0, 0, 1, 0, 0xFF, 0x7F}, entry)},
+        {"Icon Images Array is Corrupt.", file({0, 0, 1, 0, 1, 0}, entry + Bytes{1, 2, 3})},
+        {"Icon Images Array is Corrupt.", file({0, 0, 1, 0, 1, 0}, hugeEntry + Bytes{1, 2, 3, 4})},
+        {"Icon Images Array is Corrupt.", file({0, 0, 1, 0, 2, 0}, hugeEntry + hugeEntry)},
+    };
+    for (const auto& [message, bytes] : cases)
+        EXPECT_EQ(loadFile(bytes), std::string("Failed to load icon: ") + message);
+    EXPECT_EQ(loadFile(file({0, 0, 1, 0, 1, 0}, entry + Bytes{1, 2, 3, 4, 5})), "") << "more than enough is enough";
+    EXPECT_EQ(failure([&] { icon.LoadIcon("C:\\none.ico"); }), "Failed to load icon: Couldn't open file for reading.");
+    EXPECT_EQ(icon.ImageCount(), 0);
+}
+
+TEST_F(clsFileIconTest, EveryCutOffFileIsRefused) {
+    const Bytes whole = fileBytes({iconImage(16, 1, 1), iconImage(32, 1, 2)});
+    ASSERT_EQ(loadFile(whole), "");
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        EXPECT_NE(loadFile(whole.substr(0, length)), "") << length;
+        EXPECT_EQ(icon.ImageCount(), 0) << length;
+    }
+}
+
+TEST_F(clsFileIconTest, ARefusedSaveSaysWhy) {
+    const auto save = [&](const char* name) { return failure([&] { icon.SaveIcon(name); }); };
+    EXPECT_EQ(save(""), "No filename specified.");
+    EXPECT_EQ(save(File), "Icon contains no images.");
+    const Bytes image{1, 2, 3};
+    icon.AddImage({}, {image.data(), image.size()});
+    EXPECT_EQ(save("C:\\no such folder\\new.ico"), "Couldn't open file for writing.");
+    system.files.capacity = 10;
+    EXPECT_EQ(save(File), "General failure writing icon.");
+}
+
+// ---- images
+
+TEST_F(clsFileIconTest, ImagesAreEqualByWidthHeightAndColours) {
+    const Bytes one{1}, other{2, 3};
+    const auto add = [&](clsFileIcon::Entry entry, const Bytes& bytes) {
+        return failure([&] { icon.AddImage(entry, {bytes.data(), bytes.size()}); });
+    };
+    EXPECT_EQ(add({16, 16, 0, 0, 1, 4, 0}, one), "");
+    EXPECT_EQ(add({16, 16, 9, 9, 9, 4, 0}, other), "Icon already exists.");
+    EXPECT_EQ(add({16, 16, 0, 0, 1, 8, 0}, one), "");
+    EXPECT_EQ(add({16, 32, 0, 0, 1, 4, 0}, one), "");
+    EXPECT_EQ(add({32, 16, 0, 0, 1, 4, 0}, one), "");
+    EXPECT_EQ(icon.ImageCount(), 4);
+    icon.RemoveImage(0);
+    EXPECT_EQ(add({16, 16, 0, 0, 1, 4, 0}, one), "");
+    for (const int image : {-1, 4}) {
+        EXPECT_EQ(failure([&] { icon.RemoveImage(image); }), "Icon has no such image.");
+        EXPECT_EQ(failure([&] { icon.ImageSize(image); }), "Icon has no such image.");
+    }
+}
+
+TEST_F(clsFileIconTest, TheImageThatServesASizeBestIsFound) {
+    struct Case {
+        std::vector<std::pair<int, int>> images;  // width as stored, bits
+        int wanted, best;
+    };
+    const Case cases[] = {
+        {{{16, 8}, {32, 4}, {32, 8}, {48, 32}}, 32, 2},   // that width, most colours
+        {{{16, 8}, {64, 32}, {48, 4}, {48, 8}}, 32, 3},   // the smallest larger one
+        {{{16, 32}, {24, 4}, {24, 8}, {20, 32}}, 32, 2},  // the largest
+        {{{0, 32}, {16, 4}}, 32, 0},                      // 0 is 256
+        {{{16, 4}, {0, 32}}, 256, 1},
+        {{{32, 8}, {32, 8}}, 32, 0},
+    };
+    for (const Case& c : cases) {
+        std::vector<IconImage> images;
+        for (const auto& [width, bits] : c.images) images.push_back(iconImage(width, bits, 1));
+        ASSERT_EQ(loadFile(fileBytes(images)), "");
+        EXPECT_EQ(icon.ImageForWidth(c.wanted), c.best) << &c - cases;
+    }
+    std::vector<IconImage> old{iconImage(32, 4, 1), iconImage(32, 8, 1)};
+    for (IconImage& image : old) image.bits = 0;
+    ASSERT_EQ(loadFile(fileBytes(old)), "");
+    EXPECT_EQ(icon.ImageForWidth(32), 1) << "an entry without bit count has it in its image";
+    icon.RemoveImage(0);
+    icon.RemoveImage(0);
+    EXPECT_EQ(failure([&] { icon.ImageForWidth(32); }), "Icon contains no images.");
+}
+
+TEST_F(clsFileIconTest, ACloneIsAnIconOfItsOwn) {
+    ASSERT_EQ(loadFile(fileBytes({iconImage(16, 4, 1), iconImage(32, 4, 1)})), "");
+    clsFileIcon clone(system.platform);
+    icon.CloneTo(clone);
+    icon.RemoveImage(0);
+    EXPECT_EQ(clone.FileName(), File);
+    EXPECT_EQ(clone.ImageCount(), 2);
+    EXPECT_EQ(clone.ImageWidth(0), 16);
+}
+
+TEST_F(clsFileIconTest, OnlyAnImageTheSystemTakesIsDrawn) {
+    std::vector<IconImage> images{iconImage(32, 4, 1), iconImage(16, 4, 2)};
+    images[1].bytes.assign(40, 0xFF);
+    ASSERT_EQ(loadFile(fileBytes(images)), "");
+    icon.DrawIconImage(0, box);
+    EXPECT_EQ(box.picture().width(), 32);
+    EXPECT_EQ(box.picture(), icon.IconPicture(0));
+    EXPECT_NE(icon.IconHandle(0).handle(), 0U);
+    EXPECT_EQ(failure([&] { icon.DrawIconImage(1, box); }), "Icon image is damaged.");
+    EXPECT_EQ(box.picture(), icon.IconPicture(0)) << "the box keeps what it shows";
+}
+
+}  // namespace
