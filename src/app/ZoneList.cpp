@@ -1,0 +1,52 @@
+#include "app/ZoneList.h"
+
+#include "errors/basErrors.h"
+#include "icons/ExtractIcon.h"
+
+ZoneIcon zoneIconOf(Program& program, const std::optional<RegistryValue>& icon) {
+    clsStrings& strings = program.strings;
+    std::string reference = icon ? icon->text : std::string();
+    try {
+        if (strings.Initialise(reference, "#") < 2) reference.clear();
+    } catch (const basErrors::Error&) {
+        reference.clear();  // quotes that lead nowhere: no file has such a name
+    }
+    if (reference.empty()) {
+        reference = basMain::DefaultIconReference(program.platform);
+        strings.Initialise(reference, "#");
+    }
+    return {reference, strings.ElementAsString(1), strings.ElementAsString(2)};
+}
+
+std::string textOr(const std::optional<RegistryValue>& value, const char* missing) {
+    return value && !value->text.empty() ? value->text : missing;
+}
+
+void fillZoneList(Program& program, const ZoneListControls& controls) {
+    clsRegistry& registry = program.registry;
+    controls.images.add(controls.dummy.picture());
+    controls.list.setImages(&controls.images);
+
+    zones::goToZones(registry);
+    const auto keys = registry.DirKey();
+    if (!keys) return;
+    basMain::IconCache icons(program.platform);
+    for (const std::string& key : *keys) {
+        registry.cD(key);
+        const std::int32_t elements = program.strings.Initialise(registry.CurrentKey(), "\\");
+        const std::string zone = program.strings.ElementAsString(elements);
+
+        basMain::ExtractIcon(program, zoneIconOf(program, registry.ValueOf("Icon")).reference, "#", 32,
+                             controls.holder);
+        const int image = controls.images.add(controls.holder.picture());
+        controls.list.add({textOr(registry.ValueOf("DisplayName"), "Missing Name"), image, zone, {}});
+        controls.holder.clear();
+        registry.cD("..");
+    }
+}
+
+void clearZoneList(const ZoneListControls& controls) {
+    controls.list.setImages(nullptr);
+    controls.images.clear();
+    controls.list.clear();
+}

@@ -1,0 +1,380 @@
+#include "app/frmMain.h"
+
+#include "app/basMain.h"
+#include "errors/basErrors.h"
+#include "icons/ExtractIcon.h"
+#include "ui/Desktop.h"
+#include "zones/siteMap.h"
+
+namespace {
+
+// The settings key of the program, and what stands in it.
+constexpr const char* SettingsKey = "Software\\Pellweather Inc.\\Tavimor";
+constexpr const char* MainHeight = "Main Height";
+constexpr const char* FrameTop = "Frame Top";
+constexpr const char* LogoTop = "Logo Top";
+constexpr const char* View = "View";
+constexpr double BasicView = 1, AdvancedView = 2;
+
+// The layout rule of both views.
+constexpr ui::Twips FrameToLogo = 50, BelowLogo = 20;
+
+// Measures of the design.
+constexpr ui::Twips Width = 6900, Margin = 120, Inner = Width - 2 * Margin;
+constexpr ui::Twips ButtonWidth = 1215, ButtonHeight = 375, ButtonsTop = 3540;
+constexpr ui::Twips FrameHeight = 1050, FrameAt = ButtonsTop + ButtonHeight + Margin;
+constexpr ui::Twips LogoHeight = 810, LogoAt = FrameAt + FrameHeight + FrameToLogo;
+
+// A window this high has room for the logo: its own height and about as much for caption and menu.
+constexpr ui::Twips heightFor(ui::Twips logoTop, ui::Twips logoHeight) {
+    return 2 * logoHeight + logoTop + BelowLogo;
+}
+
+}  // namespace
+
+frmMain::frmMain(Program& program)
+    : Form(program.platform.desktop, Kind::Main, "frmMain", AppTitle, {Width, LogoAt + LogoHeight + Margin}),
+      // ---- the zones
+      lvwZones(*this, "lvwZones", {Margin, Margin, Inner, 2310}, ui::ListView::View::Icon,
+               ui::ListView::Clicks::OnSelect),
+      ilsZoneIcons(*this, "ilsZoneIcons", 32),
+      picDummy(*this, "picDummy", {0, 0, 480, 480}),
+      picHolder(*this, "picHolder", {0, 0, 480, 480}),
+      // ---- the selected zone:  [icon]  name
+      //                                  description
+      picZoneIcon(*this, "picZoneIcon", {Margin, 2580, 480, 480}),
+      lblZoneName(*this, "lblZoneName", {720, 2550, Inner - 600, 225}, ""),
+      lblZoneCaption(*this, "lblZoneCaption", {720, 2790, Inner - 600, 420}, ""),
+      // ---- [Edit Zone] [Add Zone] [Delete Zone]
+      cmdZoneOption("cmdZoneOption"),
+      // ---- At a glance:  flags     recommended
+      //                    minimum   current
+      zzzfraInfo(*this, "zzzfraInfo", {Margin, FrameAt, Inner, FrameHeight}, "At a glance"),
+      zzzlblInfo("zzzlblInfo"),
+      lblFlags(zzzfraInfo, "lblFlags", {1350, 300, 1650, 225}, ""),
+      lblRec(zzzfraInfo, "lblRec", {4830, 300, 1680, 225}, ""),
+      lblMin(zzzfraInfo, "lblMin", {1350, 660, 1650, 225}, ""),
+      lblCurrent(zzzfraInfo, "lblCurrent", {4830, 660, 1680, 225}, ""),
+      // ---- the program's logo
+      zzzpicLogo(*this, "zzzpicLogo", {Margin, LogoAt, Inner, LogoHeight}),
+      tmrIconSpace(*this, "tmrIconSpace", 50),
+
+      mnuFile(menu().add("mnuFile", "&File")),
+      mnuFileBackup(mnuFile.add("mnuFileBackup", "&Backup Zones...")),
+      mnuFileRestore(mnuFile.add("mnuFileRestore", "&Restore Zones...")),
+      mnuFileExit((mnuFile.add("zzzMnuFileSep", "-"), mnuFile.add("mnuFileExit", "E&xit"))),
+      mnuEdit(menu().add("mnuEdit", "&Edit")),
+      mnuEditEdit(mnuEdit.add("mnuEditEdit", "Edi&t Zone...")),
+      mnuEditAdd(mnuEdit.add("mnuEditAdd", "&Add Zone...")),
+      mnuEditDelete(mnuEdit.add("mnuEditDelete", "&Delete Zone")),
+      mnuEditOESecurity(
+          (mnuEdit.add("zzzmnuEditSep", "-"), mnuEdit.add("mnuEditOESecurity", "&Outlook Express Security"))),
+      mnuView(menu().add("mnuView", "&View")),
+      mnuViewBasic(mnuView.add("mnuViewBasic", "&Basic")),
+      mnuViewAdv(mnuView.add("mnuViewAdv", "&Advanced")),
+      mnuHelp(menu().add("mnuHelp", "&Help")),
+      program_(program) {
+    const char* commands[] = {"Edit Zone", "Add Zone", "Delete Zone"};
+    for (int i = 0; i < 3; ++i) {
+        const ui::Twips fromRight = (3 - i) * ButtonWidth + (2 - i) * Margin;
+        auto& button =
+            cmdZoneOption.add(*this, {Width - Margin - fromRight, ButtonsTop, ButtonWidth, ButtonHeight}, commands[i]);
+        button.onClick = [this, i] { cmdZoneOption_Click(i); };
+    }
+    const struct {
+        ui::Bounds at;
+        const char* caption;
+    } infos[] = {{{150, 300, 1170, 225}, "Flags:"},
+                 {{3180, 300, 1620, 225}, "Recommended Level: "},
+                 {{150, 660, 1170, 225}, "Minimum Level: "},
+                 {{3180, 660, 1620, 225}, "Current Level: "}};
+    for (const auto& info : infos) zzzlblInfo.add(zzzfraInfo, info.at, info.caption);
+
+    lblZoneName.showData().makeBold();
+    for (ui::Label* data : {&lblZoneCaption, &lblFlags, &lblRec, &lblMin, &lblCurrent}) data->showData();
+    picDummy.setVisible(false);
+    picHolder.setVisible(false);
+
+    lvwZones.onItemClick = [this](int item) { lvwZones_ItemClick(item); };
+    tmrIconSpace.onTimer = [this] { tmrIconSpace_Timer(); };
+    mnuFileExit.onClick = [this] { mnuFileExit_Click(); };
+    mnuEditDelete.onClick = [this] { cmdZoneOption_Click(2); };
+    mnuViewBasic.onClick = [this] { mnuViewBasic_Click(); };
+    mnuViewAdv.onClick = [this] { mnuViewAdv_Click(); };
+    mnuViewAdv.setEnabled(false);  // the designed state is the advanced view
+
+    // Commands whose windows are still to come.
+    mnuEditOESecurity.add("mnuOEUser", "(no identities)", 0).setEnabled(false);
+    for (ui::MenuItem* item : {&mnuFileBackup, &mnuFileRestore, &mnuEditEdit, &mnuEditAdd}) item->setEnabled(false);
+    cmdZoneOption(0).setEnabled(false);
+    cmdZoneOption(1).setEnabled(false);
+
+    setHeight(heightFor(LogoAt, LogoHeight));
+    program_.mainWindow = this;
+    basErrors::reporting.mainWindow = this;
+}
+
+frmMain::~frmMain() {
+    program_.mainWindow = nullptr;
+    basErrors::reporting.mainWindow = nullptr;
+}
+
+// Load and unload -----------------------------------------------------------------------------------------------
+
+void frmMain::Form_Load() {
+    procedure("frmMain.Form_Load", [&] {
+        basMain::Hook(*this);
+        DeleteSelfHealCount();
+        FillListView();
+        SetFormAttributes();
+        DrawEtchedLine();
+        setCaption(std::string(AppTitle) + " - " + AppVersion + " (Public BETA)");
+    });
+}
+
+void frmMain::Form_Unload() {
+    procedure("frmMain.Form_Unload", [&] {
+        basMain::Unhook(*this);
+        const std::vector<Form*> open = desktop().forms();
+        for (Form* form : open) form->unload();
+    });
+}
+
+// The user made the window wider or narrower: what spans it keeps its margins, the buttons stay at the right.
+void frmMain::Form_Resize() {
+    procedure("frmMain.Form_Resize", [&] {
+        const ui::Twips inner = std::max(client().width, designedWidth()) - 2 * Margin;
+        lvwZones.setWidth(inner);
+        lblZoneName.setWidth(inner - 600);
+        lblZoneCaption.setWidth(inner - 600);
+        zzzfraInfo.setWidth(inner);
+        zzzpicLogo.setWidth(inner);
+        for (int i = 0; i < cmdZoneOption.size(); ++i)
+            cmdZoneOption(i).setLeft(Margin + inner - (3 - i) * ButtonWidth - (2 - i) * Margin);
+        if (!lines().empty()) DrawEtchedLine();
+    });
+}
+
+void frmMain::DrawEtchedLine() {
+    const auto& button = cmdZoneOption(0);
+    clearLines();
+    basMain::EtchedLine(*this, 0, button.top() - button.height() / 2, client().width);
+}
+
+// The browser counts its repairs of the zones here; a count left over makes it repair what the user changed.
+void frmMain::DeleteSelfHealCount() {
+    zones::goToZones(program_.registry);
+    if (program_.registry.ValueOf("SelfHealCount")) program_.registry.DeleteValue("SelfHealCount");
+}
+
+// The list of zones ---------------------------------------------------------------------------------------------
+
+void frmMain::FillListView() {
+    procedure("frmMain.FillListView", [&] {
+        fillZoneList(program_, zoneList());
+        const int first = lvwZones.count() == 1 ? 1 : 2;
+        lvwZones.setSelected(first);
+        lvwZones_ItemClick(first);
+        tmrIconSpace.setEnabled(true);
+    });
+}
+
+void frmMain::RebuildList() {
+    clearZoneList(zoneList());
+    FillListView();
+}
+
+void frmMain::tmrIconSpace_Timer() {
+    procedure("frmMain.tmrIconSpace_Timer", [&] {
+        if (!basErrors::errorPending()) lvwZones.setIconSpacing({75, 75});
+        tmrIconSpace.setEnabled(false);
+    });
+}
+
+void frmMain::lvwZones_ItemClick(int item) {
+    procedure("frmMain.lvwZones_ItemClick", [&] {
+        clsRegistry& registry = program_.registry;
+        zones::Selection& selection = program_.selection;
+        selection.zone = lvwZones.item(item).tag;
+
+        zones::goToZones(registry);
+        if (registry.HasKeys()) {
+            picZoneIcon.clear();
+            registry.cD(selection.zone);
+            const ZoneIcon icon = zoneIconOf(program_, registry.ValueOf("Icon"));
+            basMain::ExtractIcon(program_, icon.reference, "#", 32, picZoneIcon);
+            selection.iconFile = icon.file;
+            selection.iconResource = icon.resource;
+        }
+        lblZoneName.setCaption(textOr(registry.ValueOf("DisplayName"), "Missing Name"));
+        lblZoneCaption.setCaption(textOr(registry.ValueOf("Description"), "Missing Description"));
+        UpdateLabels(selection.zone);
+
+        cmdZoneOption(2).setEnabled(!zones::isBuiltIn(selection.zone));
+        mnuEditDelete.setEnabled(false);  // always: deleting is offered by the button alone
+    });
+}
+
+void frmMain::UpdateLabels(const std::string& zone) {
+    procedure("frmMain.UpdateLabels", [&] {
+        GetRecMinSettings(zone);
+        lblFlags.setCaption(GetFlags(zone));
+    });
+}
+
+std::string frmMain::GetFlags(const std::string& zone) {
+    return procedure("frmMain.GetFlags", [&]() -> std::string {
+        clsRegistry& registry = program_.registry;
+        zones::goToZones(registry);
+        if (!registry.HasKeys()) return {};
+        registry.cD(zone);
+        const auto flags = registry.ValueOf("Flags");
+        return flags && !flags->text.empty() ? flags->display : "Missing";
+    });
+}
+
+// A level that is absent or none of the five leaves its label as it was for the zone before.
+void frmMain::GetRecMinSettings(const std::string& zone) {
+    procedure("frmMain.GetRecMinSettings", [&] {
+        clsRegistry& registry = program_.registry;
+        zones::goToZones(registry);
+        registry.cD(zone);
+        const struct {
+            const char* value;
+            ui::Label& label;
+            const char* zero;
+        } levels[] = {{"RecommendedLevel", lblRec, "**Missing**"},
+                      {"MinLevel", lblMin, "**Missing**"},
+                      {"CurrentLevel", lblCurrent, "Custom"}};
+        for (const auto& level : levels) {
+            ValueType type = ValueType::String;
+            const auto value = registry.ValueOf(level.value, type);
+            if (!value || type != ValueType::Dword) continue;
+            if (const auto index = zones::levelIndex(value->number))
+                level.label.setCaption(value->number == 0 ? level.zero : zones::Levels[*index].name);
+        }
+    });
+}
+
+// Commands ------------------------------------------------------------------------------------------------------
+
+void frmMain::cmdZoneOption_Click(int index) {
+    procedure("frmMain.cmdZoneOption_Click", [&] {
+        if (index == 2) DeleteSelectedZone();
+    });
+}
+
+void frmMain::DeleteSelectedZone() {
+    clsRegistry& registry = program_.registry;
+    const std::string zone = program_.selection.zone;
+    zones::goToZones(registry);
+    const auto keys = registry.DirKey();
+    const auto number = zones::numberOf(zone);
+    if (!keys || !number || *number >= keys->size()) {
+        // Zones are taken by their place: another zone would be deleted in this one's stead.
+        desktop().messageBox("The zone \"" + lblZoneName.caption() +
+                                 "\" cannot be deleted: the zones are not numbered from 0 on without gaps.",
+                             AppTitle, ui::MessageStyle::Exclamation);
+        return;
+    }
+
+    const basMain::ZoneSites sites = basMain::CheckForDomains(registry, program_.strings, zone);
+    if (!sites.sites.empty()) {
+        const std::string question =
+            "There are site in the zone: \"" + lblZoneName.caption() + "\"\r\nWould you like to delete them also?";
+        if (desktop().messageBox(question, AppTitle, ui::MessageStyle::ExclamationYesNo) == ui::Answer::Yes) {
+            for (const std::string& key : sites.keys) {
+                registry.cD("\\");
+                registry.cD(zones::DomainsKey);
+                registry.DeleteKey(key);
+            }
+            basMain::DeleteEmptyDomains(registry);
+        }
+    }
+    registry.DeleteAndRename(zones::ZonesKey, zone);
+    RebuildList();
+}
+
+void frmMain::mnuFileExit_Click() {
+    procedure("frmMain.mnuFileExit_Click", [&] { unload(); });
+}
+
+// Views ---------------------------------------------------------------------------------------------------------
+
+void frmMain::mnuViewAdv_Click() {
+    procedure("frmMain.mnuViewAdv_Click", [&] {
+        zzzfraInfo.setVisible(true);
+        zzzpicLogo.setTop(zzzfraInfo.top() + zzzfraInfo.height() + FrameToLogo);
+        setHeight(heightFor(zzzpicLogo.top(), zzzpicLogo.height()));
+        program_.registry.cD(std::string("\\HKEY_CURRENT_USER\\") + SettingsKey);
+        WriteNumber(MainHeight, height());
+        WriteNumber(FrameTop, zzzfraInfo.top());
+        WriteNumber(LogoTop, zzzpicLogo.top());
+        WriteNumber(View, AdvancedView);
+        ShowView(AdvancedView);
+    });
+}
+
+void frmMain::mnuViewBasic_Click() {
+    procedure("frmMain.mnuViewBasic_Click", [&] {
+        zzzpicLogo.setTop(zzzfraInfo.top());
+        setHeight(heightFor(zzzpicLogo.top(), zzzpicLogo.height()));
+        program_.registry.cD(std::string("\\HKEY_CURRENT_USER\\") + SettingsKey);
+        WriteNumber(MainHeight, height());
+        WriteNumber(LogoTop, zzzpicLogo.top());
+        WriteNumber(View, BasicView);
+        ShowView(BasicView);
+    });
+}
+
+// The view in force is the one whose menu item is disabled. Any other number changes nothing.
+void frmMain::ShowView(double view) {
+    if (view != BasicView && view != AdvancedView) return;
+    if (view == BasicView) zzzfraInfo.setVisible(false);
+    mnuViewBasic.setEnabled(view != BasicView);
+    mnuViewAdv.setEnabled(view != AdvancedView);
+}
+
+// Saved settings ------------------------------------------------------------------------------------------------
+
+void frmMain::SetFormAttributes() {
+    procedure("frmMain.SetFormAttributes", [&] {
+        clsRegistry& registry = program_.registry;
+        const bool firstRun = !registry.IsValidKey(platform::HKeyCurrentUser, SettingsKey);
+        registry.cD("\\HKEY_CURRENT_USER");
+        if (firstRun) registry.MakeKey(SettingsKey);
+        registry.cD(SettingsKey);
+        if (firstRun) WriteFirstAttributes();
+        ReadAttributes();
+        if (firstRun) return;  // the menus keep their designed state
+        ValueType type = ValueType::String;
+        if (const auto view = registry.ValueOf(View, type); view && type == ValueType::Dword) ShowView(view->number);
+    });
+}
+
+void frmMain::WriteFirstAttributes() {
+    WriteNumber(MainHeight, height());
+    WriteNumber(FrameTop, zzzfraInfo.top());
+    WriteNumber(LogoTop, zzzpicLogo.top());
+    WriteNumber(View, AdvancedView);
+}
+
+void frmMain::ReadAttributes() {
+    setHeight(ReadLength(MainHeight));
+    zzzfraInfo.setTop(ReadLength(FrameTop));
+    zzzpicLogo.setTop(ReadLength(LogoTop));
+}
+
+ui::Twips frmMain::ReadLength(const char* name) {
+    constexpr double Tallest = 32767;  // what a window may measure in twips
+    ValueType type = ValueType::String;
+    const auto value = program_.registry.ValueOf(name, type);
+    if (!value || type != ValueType::Dword || value->number > Tallest)
+        throw basErrors::Error(basErrors::NumberNotANumber, "frmMain",
+                               std::string("The saved setting \"") + name + "\" is missing or is not a length.");
+    return static_cast<ui::Twips>(value->number);
+}
+
+void frmMain::WriteNumber(const char* name, double number) {
+    program_.registry.ValueOf(name, ValueType::Dword, number);
+}

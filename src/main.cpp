@@ -1,0 +1,18 @@
+// The program on Windows.
+#include "app/basMain.h"
+#include "app/frmMain.h"
+#include "ui/Desktop.h"
+#include "win32/Services.h"
+
+int main() {
+    win32::Services services;
+    platform::Platform platform = services.platform();
+    try {
+        basMain::Running running;
+        basMain::Main(platform, running);
+        services.desktop.run();
+    } catch (const ui::EndProgram&) {
+        // The user ended the program from the error dialog: nothing is saved, nothing is asked.
+    }
+    return 0;
+}

@@ -1,0 +1,167 @@
+// The controls without any native half: what a program sets is silent, what a user does raises the event once.
+#include <gtest/gtest.h>
+
+#include "simulated/Desktop.h"
+
+namespace {
+
+class Controls : public testing::Test {
+protected:
+    simulated::Desktop desktop_;
+    ui::Form form_{desktop_, ui::Form::Kind::Dialog, "form", "Form", {6000, 4000}};
+    int raised_ = 0;
+    ui::Event count_ = [this] { ++raised_; };
+};
+
+constexpr ui::Bounds At{120, 120, 1200, 300};
+
+}  // namespace
+
+TEST_F(Controls, RaiseTheirEventForTheUserOnly) {
+    ui::TextBox text(form_, "text", At);
+    ui::CheckBox check(form_, "check", At, "Check");
+    ui::ComboBox combo(form_, "combo", At);
+    ui::TabStrip tabs(form_, "tabs", At, {"A", "B"});
+    combo.setItems({"x", "y"});
+    text.onChange = check.onClick = combo.onClick = tabs.onClick = count_;
+    text.setText("set");
+    check.setChecked(true);
+    combo.setListIndex(1);
+    tabs.setSelected(2);
+    EXPECT_EQ(raised_, 0);
+    text.type("typed");
+    check.click();
+    combo.choose(0);
+    tabs.choose(1);
+    EXPECT_EQ(raised_, 4);
+    EXPECT_EQ(text.text() + (check.checked() ? "1" : "0") + combo.text(), "typedset0x");
+}
+
+TEST_F(Controls, AreDeafWhenDisabledOrHiddenWithTheirContainer) {
+    ui::PictureBox page(form_, "page", {0, 0, 3000, 3000});
+    ui::CommandButton button(page, "button", At, "Press");
+    button.onClick = count_;
+    button.setEnabled(false);
+    button.click();
+    button.setEnabled(true);
+    page.setVisible(false);
+    button.click();
+    page.setVisible(true);
+    page.setLeft(-10000);  // how pages are put away
+    button.click();
+    EXPECT_FALSE(button.acceptsFocus());
+    EXPECT_EQ(raised_, 0);
+    page.setLeft(0);
+    button.click();
+    EXPECT_EQ(raised_, 1);
+}
+
+TEST_F(Controls, TypingReplacesTheSelectionAndStopsAtTheLimit) {
+    ui::TextBox text(form_, "text", At);
+    text.setMaxLength(5);
+    text.setText("abcd");
+    text.select(1, 2);
+    text.type("XYZ123");
+    EXPECT_EQ(text.text(), "aXYZd");
+    text.selectAll();
+    text.type("");
+    EXPECT_EQ(text.text(), "");
+}
+
+TEST_F(Controls, AHandlerMayTakeItsOwnEventAway) {
+    ui::CommandButton button(form_, "button", At, "Press");
+    button.onClick = [&] {
+        button.onClick = nullptr;
+        ++raised_;
+    };
+    button.click();
+    button.click();
+    EXPECT_EQ(raised_, 1);
+}
+
+TEST_F(Controls, AListClicksAsItsUseDemands) {
+    const struct {
+        ui::ListView::Clicks clicks;
+        int choose, activate, click;
+    } cases[] = {{ui::ListView::Clicks::OnSelect, 1, 0, 1}, {ui::ListView::Clicks::OnActivate, 0, 1, 1}};
+    for (const auto& c : cases) {
+        ui::ListView list(form_, "list", At, ui::ListView::View::Icon, c.clicks);
+        list.onItemClick = [&](int) { ++raised_; };
+        list.add({"one", 0, {}, {}});
+        list.add({"two", 0, {}, {}});
+        const auto after = [&](auto&& act) {
+            raised_ = 0;
+            act();
+            return raised_;
+        };
+        EXPECT_EQ(after([&] { list.setSelected(1); }), 0);
+        EXPECT_EQ(after([&] { list.choose(2); }), c.choose);
+        EXPECT_EQ(after([&] { list.activate(); }), c.activate);
+        EXPECT_EQ(after([&] { list.click(1); }), c.click);
+        EXPECT_EQ(after([&] { list.click(3); }), 0);
+        EXPECT_THROW(list.setSelected(3), std::out_of_range);
+    }
+}
+
+TEST_F(Controls, ATreeMarksOneOptionUnderEachParent) {
+    ui::TreeView tree(form_, "tree", At);
+    const int group = tree.add({"group", 0, 0, {}, false, false});
+    const int a = tree.add({"setting", group, 0, {}, false, false});
+    const int b = tree.add({"setting", group, 0, {}, false, false});
+    std::vector<int> options;
+    for (const int setting : {a, b, a, b}) options.push_back(tree.add({"option", setting, 0, {}, true, true}));
+    std::vector<int> clicked;
+    tree.onOptionClick = [&](int node) { clicked.push_back(node); };
+    const auto marks = [&] {
+        std::string text;
+        for (const int option : options) text += tree.node(option).selected ? '1' : '0';
+        return text;
+    };
+    EXPECT_EQ(marks(), "0011");
+    tree.click(options[0]);
+    tree.click(group);
+    tree.choose(options[1]);
+    EXPECT_EQ(marks(), "1001");
+    tree.pressSpace();
+    tree.pressSpace();
+    EXPECT_EQ(marks(), "1100");
+    EXPECT_EQ(clicked, (std::vector<int>{options[0], options[1], options[1]}));
+}
+
+TEST_F(Controls, EnterAndEscapePressTheFormsButtons) {
+    ui::CommandButton ok(form_, "ok", At, "OK"), cancel(form_, "cancel", At, "Cancel");
+    ok.onClick = count_;
+    form_.load();
+    form_.setDefaultButton(ok);
+    form_.pressEnter();
+    EXPECT_EQ(raised_, 1);
+    form_.pressEscape();  // no cancel button: the dialog closes
+    EXPECT_FALSE(form_.loaded());
+    form_.load();
+    cancel.onClick = count_;
+    form_.setCancelButton(cancel);
+    form_.pressEscape();
+    EXPECT_EQ(raised_, 2);
+    EXPECT_TRUE(form_.loaded());
+}
+
+TEST_F(Controls, FocusIsAnnouncedOnceAndRefusedByWhatCannotTakeIt) {
+    ui::TextBox first(form_, "first", At), second(form_, "second", At);
+    ui::Label label(form_, "label", At, "Label");
+    first.onGotFocus = count_;
+    first.setFocus();
+    first.gotFocus();  // the native control reports it as well
+    label.setFocus();
+    EXPECT_TRUE(first.focused());
+    second.gotFocus();
+    first.setFocus();
+    EXPECT_EQ(raised_, 2);
+}
+
+TEST_F(Controls, LengthsBecomePixelsByTheScreensDpi) {
+    const struct {
+        ui::Twips twips;
+        int dpi, pixels;
+    } cases[] = {{15, 96, 1}, {22, 96, 1}, {23, 96, 2}, {480, 96, 32}, {480, 192, 64}, {-10000, 96, -667}, {0, 120, 0}};
+    for (const auto& c : cases) EXPECT_EQ(ui::toPixels(c.twips, c.dpi), c.pixels) << c.twips;
+}
