@@ -3,6 +3,7 @@
 
 #include "platform/Platform.h"
 #include "registry/clsRegistry.h"
+#include "util/application.h"
 #include "util/clsStrings.h"
 #include "zones/zones.h"
 
@@ -20,7 +21,3 @@ struct Program {
     zones::Selection selection;
     frmMain* mainWindow = nullptr;  // while it is loaded
 };
-
-// From the program's own build information.
-inline constexpr const char* AppTitle = "Tavimor";
-inline constexpr const char* AppVersion = "5.0.32";

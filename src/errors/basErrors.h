@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <type_traits>
@@ -65,7 +66,8 @@ struct Reporting {
     platform::Platform* platform = nullptr;
     clsRegistry* registry = nullptr;
     clsStrings* strings = nullptr;
-    ui::Form* mainWindow = nullptr;  // owns the dialog
+    ui::Form* mainWindow = nullptr;            // owns the dialog
+    std::function<ui::Picture()> exclamation;  // the dialog's picture; empty when it cannot be had
 };
 extern Reporting reporting;
 
@@ -74,16 +76,26 @@ bool errorPending();
 
 // Handles the exception now being handled: fills Err and shows it, or passes on what is not an error.
 void trap();
-// Shows Err in the error dialog, modal, owned by the main window.
+// Shows Err in the error dialog, modal, owned by the main window; nothing when its number is 0. Err is the same
+// afterwards. An error that is met while the report is being made is dropped, and one that is met while the dialog is
+// open (by a timer, which would stack dialogs) goes to the log alone.
 void ShowError();
+
+// Err and the place where it was trapped, as the dialog and the log show them.
+struct Report {
+    std::string module, procedure, line, number, description;
+};
+Report currentReport();
 
 // Browser facts for the log: customized version, version, build, updates.
 struct IEInfo {
     std::string customizedVersion, version, build, updates;
 };
+// Reads through a registry session of its own: the callers of the procedure whose error is being reported go on in the
+// key where they left the program's.
 IEInfo GetIEInfo();
 // Appends one report with a dump of the trace to "Logs\ErrorLog-m-d-yyyy.log" beside the program. Throws Error when
-// folder or file refuse.
+// folder or file refuse; the dialog then says so.
 void WriteErrorLog(const std::string& module, const std::string& procedure, const std::string& line,
                    const std::string& errorNumber, const std::string& description);
 

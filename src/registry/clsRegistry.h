@@ -5,7 +5,8 @@
 // session's own making (unknown root, no current key, wrong value type) are shown.
 //
 // After a failed move the current path names the key asked for and the handle is 0; everything then answers as for a
-// missing key until the next absolute move.
+// missing key until the next absolute move. The same holds after an operation for which the key could not be opened
+// with the rights it needs.
 #pragma once
 
 #include <cstdint>
@@ -54,7 +55,7 @@ public:
     // All values in the system's order; nothing when there are none.
     std::optional<std::vector<ListedValue>> DirValue();
 
-    // Nothing for a missing or empty value; `type` is String then.
+    // Nothing for a missing or empty value; `type` is String for a missing one.
     std::optional<RegistryValue> ValueOf(const std::string& name, ValueType& type);
     std::optional<RegistryValue> ValueOf(const std::string& name);
     // Class error 3 for a value of another type than `type` says, or a number that is no DWORD; then nothing is
@@ -86,12 +87,15 @@ private:
     friend struct clsRegistryTest;
 
     void CdExt(const std::string& path, platform::AccessMask access);
-    static std::string strRoot(const std::string& path);
-    static std::string strPath(const std::string& path);
+    static std::string strRoot(const std::string& path);  // of an absolute path
+    static std::string strPath(const std::string& path);  // what follows the root, without backslash
     void CheckApiResult(platform::Result code);
-    // "." with `access`, unless the open handle has it already.
+    // Opens the key again with `access` added, unless the open handle has it already.
     void Require(platform::AccessMask access);
+    // Makes `handle` the open one and closes the one before.
     void Take(platform::HKey handle, platform::AccessMask access);
+    static platform::HKey RootHandle(const std::string& name);  // 0 for an unknown root
+    std::optional<std::uint32_t> CountKeys();                   // nothing when the key cannot be asked
 
     platform::Platform& platform_;
     clsStrings& strings_;

@@ -1,0 +1,134 @@
+// The day's error log.
+#include <cstdio>
+#include <initializer_list>
+
+#include "errors/basErrors.h"
+#include "platform/Platform.h"
+#include "registry/clsRegistry.h"
+#include "util/application.h"
+#include "util/basSystem.h"
+#include "util/clsStrings.h"
+#include "util/numbers.h"
+
+namespace basErrors {
+namespace {
+
+constexpr const char* LineEnd = "\r\n";
+
+std::string line(const std::string& text = {}) {
+    return text + LineEnd;
+}
+
+std::string labelled(const char* label, const std::string& value) {
+    return line(std::string(label) + "     " + value);
+}
+
+std::string stars() {
+    return line(std::string(60, '*'));
+}
+
+std::string heading(const std::string& text) {
+    return stars() + line(text) + stars();
+}
+
+std::string formatted(const char* format, int a, int b, int c) {
+    char text[48];
+    std::snprintf(text, sizeof text, format, a, b, c);
+    return text;
+}
+
+std::string joined(std::initializer_list<std::string> parts) {
+    std::string text;
+    for (const std::string& part : parts) text += part;
+    return text;
+}
+
+std::string fileHeader(const platform::LocalTime& now) {
+    const IEInfo browser = GetIEInfo();
+    const std::string created = formatted("%02d-%02d-%04d", now.month, now.day, now.year);
+    return joined({
+        heading("Error log for: " + reporting.platform->system.programName() + " - Created: " + created),
+        line(),
+        heading("General Info"),
+        labelled("Application:", AppTitle),
+        labelled("Version:", AppVersion),
+        line(),
+        labelled("Operating System:", "Not implemented"),
+        line(),
+        line("Internet Explorer Info:"),
+        line(std::string(30, '-')),
+        labelled("Version:", browser.version),
+        labelled("Build:", browser.build),
+        labelled("Customized Version:", browser.customizedVersion),
+        labelled("Updates:", browser.updates),
+        heading("End General Info"),
+        line(),
+    });
+}
+
+std::string stackDump() {
+    std::string dump;
+    for (auto name = ProcStack.rbegin(); name != ProcStack.rend(); ++name) dump += line(*name);
+    return dump;
+}
+
+[[noreturn]] void refuse(const std::string& what, const std::string& path, platform::Result code) {
+    std::string reason = reporting.platform->modules.FormatMessageA(code);
+    if (reason.empty()) reason = "Result code " + util::toDecimal(code) + ".";
+    throw Error(NumberFileAccess, "basErrors.WriteErrorLog", what + " \"" + path + "\": " + reason);
+}
+
+}  // namespace
+
+IEInfo GetIEInfo() {
+    clsStrings strings;
+    clsRegistry registry(*reporting.platform, strings);
+    const auto text = [&](const char* name, const char* missing) {
+        const auto value = registry.ValueOf(name);
+        return value ? value->text : std::string(missing);
+    };
+    IEInfo info;
+    registry.cD("\\");
+    registry.cD("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Internet Explorer");
+    info.customizedVersion = text("CustomizedVersion", "Not a custom version");
+    info.version = text("Version", "No setting");
+    info.build = text("Build", "No setting");
+    registry.cD("\\");
+    registry.cD("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings");
+    info.updates = text("MinorVersion", "No setting");
+    return info;
+}
+
+void WriteErrorLog(const std::string& module, const std::string& procedure, const std::string& lineNumber,
+                   const std::string& errorNumber, const std::string& description) {
+    platform::Platform& platform = *reporting.platform;
+    const platform::LocalTime now = platform.system.GetLocalTime();
+    const std::string folder = basSystem::QualifyPath(platform.system.programFolder()) + "Logs";
+    const std::string path = folder + formatted("\\ErrorLog-%d-%d-%04d.log", now.month, now.day, now.year);
+    if (!basSystem::FolderExists(platform, folder)) {
+        const platform::Result code = platform.files.createFolder(folder);
+        if (code != platform::Success) refuse("Cannot make the folder", folder, code);
+    }
+    std::string text = basSystem::FileExists(platform, path) ? std::string() : fileHeader(now);
+    text += joined({
+        heading("Start Error Information"),
+        labelled("Time:", formatted("%02d:%02d:%02d", now.hour, now.minute, now.second)),
+        labelled("Module:", module),
+        labelled("Procedure:", procedure),
+        labelled("Line Number:", lineNumber),
+        labelled("Error Number:", errorNumber),
+        labelled("Error Description:", description),
+        heading("End Error Information"),
+        line("Start Stack Dump"),
+        stars(),
+        stackDump(),
+        heading("End Stack Dump"),
+        line(),
+    });
+    std::uint32_t written = 0;
+    const platform::Result code = platform.files.append(path, text, written);
+    if (code != platform::Success) refuse("Cannot write the file", path, code);
+    if (written != text.size()) refuse("Cannot write the file", path, platform::DiskFull);
+}
+
+}  // namespace basErrors

@@ -1,0 +1,93 @@
+#include "errors/frmError.h"
+
+#include <algorithm>
+
+#include "errors/basErrors.h"
+#include "ui/Desktop.h"
+
+namespace {
+
+using ui::Twips;
+constexpr Twips Margin = 120, Row = 270, LineHeight = 195;
+constexpr Twips Captions = 780, Values = 2340, Width = 6300;  // left edges of the columns; the drawing area
+constexpr Twips ValueWidth = Width - Margin - Values, InfoWidth = Width - Margin - Captions;
+constexpr Twips ButtonWidth = 1215, ButtonHeight = 375;
+constexpr Twips LongestDescription = 20 * LineHeight, LongestLogLine = 5 * LineHeight;
+constexpr int PressInfo = 5, LogInfo = 6;  // indexes of the two lines of advice
+
+ui::Bounds captionPlace(int row) {
+    return {Captions, Margin + row * Row, Values - Captions - Margin / 2, LineHeight};
+}
+ui::Bounds valuePlace(int row) {
+    return {Values, Margin + row * Row, ValueWidth, LineHeight};
+}
+ui::Bounds buttonPlace(int fromRight) {
+    return {Width - fromRight * (Margin + ButtonWidth), 0, ButtonWidth, ButtonHeight};  // layOut gives the top
+}
+
+}  // namespace
+
+frmError::frmError(ui::Desktop& desktop)
+    : Form(desktop, Kind::Dialog, "frmError", "Error", {Width, 3000}),
+      imgExclaim(*this, "imgExclaim", {Margin, Margin, 480, 480}),
+      lblModule(*this, "lblModule", valuePlace(0), ""),
+      lblProcedure(*this, "lblProcedure", valuePlace(1), ""),
+      lblLine(*this, "lblLine", valuePlace(2), ""),
+      lblErrNumber(*this, "lblErrNumber", valuePlace(3), ""),
+      lblErrDescription(*this, "lblErrDescription", valuePlace(4), ""),
+      cmdContinue(*this, "cmdContinue", buttonPlace(2), "&Continue"),
+      cmdEnd(*this, "cmdEnd", buttonPlace(1), "&End ") {
+    int row = 0;
+    for (const char* text : {"Module:", "Procedure:", "Line:", "Error Number:", "Error Description:"})
+        lblInfo.add(*this, captionPlace(row++), text);
+    lblInfo.add(*this, {Captions, 0, InfoWidth, LineHeight}, "Press continue to return to Tavimor or End to quit.");
+    lblInfo.add(*this, {Captions, 0, InfoWidth, LineHeight}, "This and other info logged to file.");
+    for (ui::Label* label : {&lblModule, &lblProcedure, &lblLine, &lblErrNumber, &lblErrDescription}) label->showData();
+    cmdContinue.setToolTip("Continue program operation.");
+    cmdContinue.onClick = [this] { cmdContinue_Click(); };
+    cmdEnd.setToolTip("End the program.");
+    cmdEnd.onClick = [this] { cmdEnd_Click(); };
+    setDefaultButton(cmdContinue);
+    setCancelButton(cmdContinue);
+    layOut();
+}
+
+void frmError::Form_Load() {
+    const basErrors::Report report = basErrors::currentReport();
+    lblLine.setCaption(report.line);
+    lblErrNumber.setCaption(report.number);
+    lblErrDescription.setCaption(report.description);
+    lblModule.setCaption(report.module);
+    lblProcedure.setCaption(report.procedure);
+    try {
+        basErrors::WriteErrorLog(report.module, report.procedure, report.line, report.number, report.description);
+    } catch (const std::exception& refused) {
+        // A log that refuses is no reason to keep the error from the user, and no error to report in its turn: the
+        // report would be refused as well.
+        lblInfo(LogInfo).showData().setCaption(std::string("This could not be logged to file. ") + refused.what());
+    }
+    if (basErrors::reporting.exclamation) imgExclaim.setPicture(basErrors::reporting.exclamation());
+    layOut();
+}
+
+void frmError::layOut() {
+    const auto wrapped = [this](const ui::Label& label, Twips longest) {
+        return std::clamp(desktop().textSize(label.caption(), label.width(), false).height, LineHeight, longest);
+    };
+    lblErrDescription.setHeight(wrapped(lblErrDescription, LongestDescription));
+    lblInfo(PressInfo).setTop(lblErrDescription.bounds().bottom() + Margin);
+    lblInfo(LogInfo).setTop(lblInfo(PressInfo).bounds().bottom() + Margin / 2);
+    lblInfo(LogInfo).setHeight(wrapped(lblInfo(LogInfo), LongestLogLine));
+    const Twips buttons = lblInfo(LogInfo).bounds().bottom() + Margin;
+    cmdContinue.setTop(buttons);
+    cmdEnd.setTop(buttons);
+    setHeight(height() - client().height + cmdEnd.bounds().bottom() + Margin);
+}
+
+void frmError::cmdContinue_Click() {
+    procedure("frmError.cmdContinue_Click", [&] { unload(); });
+}
+
+void frmError::cmdEnd_Click() {
+    procedure("frmError.cmdEnd_Click", [] { throw ui::EndProgram(); });
+}

@@ -1,0 +1,155 @@
+// Values: reading, listing, writing, deleting.
+#include <cmath>
+
+#include "errors/basErrors.h"
+#include "registry/buffers.h"
+#include "registry/clsRegistry.h"
+#include "registry/regTexts.h"
+#include "util/clsStrings.h"
+#include "util/numbers.h"
+
+using namespace platform;
+
+namespace {
+
+ValueType typeOf(RegType stored) {
+    return stored == RegBinary ? ValueType::Binary : stored == RegDword ? ValueType::Dword : ValueType::String;
+}
+
+RegistryValue readValue(ValueType type, std::span<const std::uint8_t> data) {
+    switch (type) {
+        case ValueType::Binary: {
+            const std::string text = binaryText(data);
+            return {text, text, 0};
+        }
+        case ValueType::Dword: {
+            const std::uint32_t number = storedNumber(data);
+            return {hexadecimalText(number), util::toDecimal(number), static_cast<double>(number)};
+        }
+        case ValueType::String:
+            break;
+    }
+    const std::string text = storedText(data);
+    return {text, text, 0};
+}
+
+std::string listedText(ValueType type, std::span<const std::uint8_t> data) {
+    switch (type) {
+        case ValueType::Binary:
+            return binaryText(data);
+        case ValueType::Dword:
+            return listedDWord(storedNumber(data));
+        case ValueType::String:
+            break;
+    }
+    return std::string(util::trimmed(storedText(data)));
+}
+
+// The bytes to store, as RegSetValueExA takes them; nothing when `value` is not what `type` asks for.
+std::optional<Bytes> dataToStore(ValueType type, const Variant& value) {
+    if (type == ValueType::String) {
+        const auto* text = std::get_if<std::string>(&value);
+        if (!text) return std::nullopt;
+        return Bytes(text->begin(), text->end()) + std::uint8_t{0};
+    }
+    if (type == ValueType::Binary) {
+        const auto* bytes = std::get_if<Bytes>(&value);
+        if (!bytes) return std::nullopt;
+        return *bytes;
+    }
+    const auto* number = std::get_if<double>(&value);
+    if (!number || !(*number >= 0 && *number <= 4294967295.0) || std::floor(*number) != *number) return std::nullopt;
+    const auto whole = static_cast<std::uint32_t>(*number);
+    Bytes bytes;
+    for (int k = 0; k < 4; ++k) bytes += static_cast<std::uint8_t>(whole >> (8 * k));
+    return bytes;
+}
+
+constexpr RegType StoredTypes[] = {RegSz, RegBinary, RegDword};
+
+}  // namespace
+
+std::optional<RegistryValue> clsRegistry::ValueOf(const std::string& name) {
+    ValueType type;
+    return ValueOf(name, type);
+}
+
+std::optional<RegistryValue> clsRegistry::ValueOf(const std::string& name, ValueType& type) {
+    type = ValueType::String;
+    return procedure("clsRegistry.ValueOf [Get]", [&]() -> std::optional<RegistryValue> {
+        if (!currentPath_.empty()) Require(KeyQueryValue);
+        // Nearly every value fits at once; a larger one tells its size, and may have grown again by the next call.
+        Bytes data(256, 0);
+        RegType stored = RegNone;
+        std::uint32_t size;
+        Result code;
+        do {
+            size = static_cast<std::uint32_t>(data.size());
+            code = platform_.registry.RegQueryValueExA(handle_, name, stored, data.data(), size);
+        } while (code == MoreData && Grow(data, size));
+        CheckApiResult(code);
+        if (code != Success) return std::nullopt;
+        type = typeOf(stored);
+        if (size == 0) return std::nullopt;
+        return readValue(type, {data.data(), size});
+    });
+}
+
+std::optional<std::vector<ListedValue>> clsRegistry::DirValue() {
+    return procedure("clsRegistry.DirValue", [&]() -> std::optional<std::vector<ListedValue>> {
+        if (!currentPath_.empty()) Require(KeyQueryValue);
+        KeyInfo info;
+        CheckApiResult(platform_.registry.RegQueryInfoKeyA(handle_, info));
+        std::string name(info.longestValueName + 1, '\0');
+        Bytes data(std::max(info.longestData, 1u), 0);
+        std::vector<ListedValue> values;
+        for (std::uint32_t i = 0; i < info.values; ++i) {
+            std::uint32_t length, size;
+            RegType stored = RegNone;
+            Result code;
+            do {
+                length = static_cast<std::uint32_t>(name.size());
+                size = static_cast<std::uint32_t>(data.size());
+                code = platform_.registry.RegEnumValueA(handle_, i, name.data(), length, stored, data.data(), size);
+            } while (code == MoreData && Grow(name) && Grow(data, size));
+            CheckApiResult(code);
+            if (code != Success) break;  // values went while they were being listed
+            const ValueType type = typeOf(stored);
+            values.push_back({name.substr(0, length), listedText(type, {data.data(), size}), type});
+        }
+        if (values.empty()) return std::nullopt;
+        return values;
+    });
+}
+
+void clsRegistry::ValueOf(const std::string& name, ValueType type, const Variant& value) {
+    ValueOf(name, static_cast<int>(type), value);
+}
+
+void clsRegistry::ValueOf(const std::string& name, int type, const Variant& value) {
+    procedure("clsRegistry.ValueOf [Let]", [&] {
+        if (type < 0 || type > static_cast<int>(ValueType::Dword)) return RaiseClassError(4);
+        const auto data = dataToStore(static_cast<ValueType>(type), value);
+        if (!data) return RaiseClassError(3);
+        Require(KeySetValue);
+        CheckApiResult(platform_.registry.RegSetValueExA(handle_, name, StoredTypes[type], data->data(),
+                                                         static_cast<std::uint32_t>(data->size())));
+    });
+}
+
+void clsRegistry::DeleteValue(const std::string& name) {
+    procedure("clsRegistry.DeleteValue", [&] {
+        Require(KeySetValue);
+        CheckApiResult(platform_.registry.RegDeleteValueA(handle_, name));
+    });
+}
+
+std::string clsRegistry::ParseDWord(const std::string& text, int part) {
+    return procedure("clsRegistry.ParseDWord", [&] {
+        if (part != 1 && part != 2) return std::string();
+        strings_.Initialise(text, "(");
+        std::string form = strings_.ElementAsString(part);
+        if (!form.empty()) form.pop_back();
+        return form;
+    });
+}

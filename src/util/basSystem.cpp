@@ -1,0 +1,37 @@
+#include "util/basSystem.h"
+
+namespace basSystem {
+
+std::string GetWinDir(platform::Platform& platform) {
+    return platform.system.GetWindowsDirectoryA();
+}
+
+std::string GetSystemDir(platform::Platform& platform) {
+    return platform.system.GetSystemDirectoryA();
+}
+
+bool FileExists(platform::Platform& platform, const std::string& path) {
+    std::uint32_t bits = 0;
+    return platform.files.attributes(path, bits) == platform::Success && !(bits & platform::FileAttributeDirectory);
+}
+
+bool FolderExists(platform::Platform& platform, const std::string& path) {
+    std::uint32_t bits = 0;
+    return platform.files.attributes(UnQualifyPath(path), bits) == platform::Success &&
+           (bits & platform::FileAttributeDirectory);
+}
+
+std::string QualifyPath(const std::string& path) {
+    return path.empty() || path.ends_with('\\') ? path : path + "\\";
+}
+
+std::string UnQualifyPath(const std::string& path) {
+    if (!path.ends_with('\\') || path.ends_with(":\\")) return path;
+    return path.substr(0, path.size() - 1);
+}
+
+std::string TrimNull(const std::string& text) {
+    return text.substr(0, text.find('\0'));
+}
+
+}  // namespace basSystem

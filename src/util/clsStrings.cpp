@@ -1,0 +1,58 @@
+#include "util/clsStrings.h"
+
+#include "errors/basErrors.h"
+
+namespace {
+// Where the scan stands: at the start of an element, in an unquoted one, between quotes, behind a closing quote.
+enum class State { Start, Plain, Quoted, Closed };
+}  // namespace
+
+std::int32_t clsStrings::InitialiseVar(const std::string& text, const std::string& delimiters) {
+    return Initialise(text, delimiters);
+}
+
+std::int32_t clsStrings::Initialise(const std::string& text, const std::string& delimiters) {
+    text_ = text;
+    boundaries_.assign(1, 0);
+    State state = State::Start;
+    for (std::size_t i = 0; i < text_.size(); ++i) {
+        const char c = text_[i];
+        if (state != State::Quoted && delimiters.find(c) != std::string::npos) {
+            boundaries_.push_back(static_cast<std::int32_t>(i + 1));
+            state = State::Start;
+        } else if (c == '"') {
+            state = state == State::Quoted ? State::Closed : State::Quoted;
+        } else if (state == State::Closed) {
+            // Of a refused text nothing is left that could be taken for an element.
+            Initialise({}, delimiters);
+            throw basErrors::Error(0x80040064, "Elements.Initialise",
+                                   "Invalid character in an element that contains a quoted string");
+        } else if (state != State::Quoted) {
+            state = State::Plain;
+        }
+    }
+    count_ = static_cast<std::int32_t>(boundaries_.size());
+    boundaries_.push_back(static_cast<std::int32_t>(text_.size() + 1));
+    return count_;
+}
+
+std::string clsStrings::ElementAsString(std::int32_t index) const {
+    if (index < 1 || index > count_) return {};
+    const auto before = static_cast<std::size_t>(boundaries_[static_cast<std::size_t>(index - 1)]);
+    const auto behind = static_cast<std::size_t>(boundaries_[static_cast<std::size_t>(index)]);
+    return text_.substr(before, behind - before - 1);
+}
+
+std::string clsStrings::Replace(const std::string& text, const std::string& find,
+                                const std::string& replaceWith) const {
+    return procedure("clsStrings.Replace", [&] {
+        if (find.empty()) return text;
+        std::string result;
+        std::size_t rest = 0;
+        for (auto at = text.find(find); at != std::string::npos; at = text.find(find, rest)) {
+            result.append(text, rest, at - rest).append(replaceWith);
+            rest = at + find.size();
+        }
+        return result.append(text, rest);
+    });
+}

@@ -1,0 +1,21 @@
+// Numbers in text, independent of any locale.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace util {
+
+// The whole number that `text` is: digits, with grouping commas ("0,000,000,219") and blanks around them. Nothing for
+// any other text and for numbers above 4,294,967,295.
+std::optional<std::uint32_t> wholeNumber(std::string_view text);
+
+std::string toDecimal(std::uint32_t number);
+std::string toSignedDecimal(std::uint32_t number);
+
+// Without the blanks at both ends.
+std::string_view trimmed(std::string_view text);
+
+}  // namespace util

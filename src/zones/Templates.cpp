@@ -1,0 +1,56 @@
+#include "zones/Templates.h"
+
+#include "errors/basErrors.h"
+#include "registry/clsRegistry.h"
+#include "util/numbers.h"
+#include "zones/zones.h"
+
+namespace zones {
+namespace {
+
+// Under which name each level's copy runs, in the order of Levels.
+constexpr std::array<const char*, OfferedLevels> SaveNames{"frmEdit.SaveSecHigh", "frmEdit.SaveSecMedium",
+                                                           "frmEdit.SaveSecMedLow", "frmEdit.SaveSecLow"};
+constexpr int High = 0;
+
+void writeNumber(clsRegistry& registry, const std::string& name, std::uint32_t number) {
+    registry.ValueOf(name, ValueType::Dword, static_cast<double>(number));
+}
+
+// Copies the template's settings into the zone and calls `behind` after each value. The session ends in the zone, or
+// in the template's key when that holds nothing.
+template <class Behind>
+void copyTemplate(clsRegistry& registry, const Level& level, const std::string& zone, Behind&& behind) {
+    registry.cD("\\");
+    registry.cD(std::string(TemplatesKey) + "\\" + level.name);
+    const auto settings = registry.DirValue();
+    if (!settings) return;
+    goToZone(registry, zone);
+    for (const ListedValue& setting : *settings) {
+        if (setting.type == ValueType::Dword && setting.name != "TemplateIndex")
+            writeNumber(registry, setting.name, util::wholeNumber(registry.ParseDWord(setting.text, 2)).value_or(0));
+        behind();
+    }
+}
+
+}  // namespace
+
+void SaveSecurityLevel(clsRegistry& registry, const std::string& zone, int level) {
+    procedure(SaveNames.at(static_cast<std::size_t>(level)), [&] {
+        const Level& wanted = Levels[static_cast<std::size_t>(level)];
+        // With each value, so that a copy that breaks off leaves the zone at the level whose settings it has in part.
+        copyTemplate(registry, wanted, zone, [&] { writeNumber(registry, "CurrentLevel", wanted.number); });
+    });
+}
+
+void SetDefaults(clsRegistry& registry, const std::string& zone) {
+    procedure("frmAdd.SetDefaults", [&] {
+        copyTemplate(registry, Levels[High], zone, [] {});
+        registry.ValueOf("", ValueType::String, std::string());
+        for (const char* level : {"CurrentLevel", "RecommendedLevel", "MinLevel"})
+            writeNumber(registry, level, Levels[High].number);
+        writeNumber(registry, "Flags", MissingFlags);
+    });
+}
+
+}  // namespace zones
