@@ -36,8 +36,8 @@ void fillZoneList(Program& program, const ZoneListControls& controls) {
         const std::int32_t elements = program.strings.Initialise(registry.CurrentKey(), "\\");
         const std::string zone = program.strings.ElementAsString(elements);
 
-        basMain::ExtractIcon(program, zoneIconOf(program, registry.ValueOf("Icon")).reference, "#", 32,
-                             controls.holder);
+        const std::string icon = zoneIconOf(program, registry.ValueOf("Icon")).reference;
+        basMain::ExtractIcon(icons, icon, "#", 32, controls.holder);
         const int image = controls.images.add(controls.holder.picture());
         controls.list.add({textOr(registry.ValueOf("DisplayName"), "Missing Name"), image, zone, {}});
         controls.holder.clear();

@@ -4,6 +4,7 @@
 #include "errors/basErrors.h"
 #include "icons/ExtractIcon.h"
 #include "ui/Desktop.h"
+#include "util/basSystem.h"
 #include "zones/siteMap.h"
 
 namespace {
@@ -126,6 +127,7 @@ void frmMain::Form_Load() {
         basMain::Hook(*this);
         DeleteSelfHealCount();
         FillListView();
+        ShowLogo();
         SetFormAttributes();
         DrawEtchedLine();
         setCaption(std::string(AppTitle) + " - " + AppVersion + " (Public BETA)");
@@ -153,6 +155,13 @@ void frmMain::Form_Resize() {
             cmdZoneOption(i).setLeft(Margin + inner - (3 - i) * ButtonWidth - (2 - i) * Margin);
         if (!lines().empty()) DrawEtchedLine();
     });
+}
+
+// From the program's own file; "|" because no file name has it, while a folder may well have a "#".
+void frmMain::ShowLogo() {
+    const platform::Platform& platform = program_.platform;
+    const std::string file = basSystem::QualifyPath(platform.system.programFolder()) + platform.system.programName();
+    basMain::ExtractBitmap(program_, file + ".exe|1", "|", zzzpicLogo);
 }
 
 void frmMain::DrawEtchedLine() {

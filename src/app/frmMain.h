@@ -70,6 +70,7 @@ private:
     ui::Twips ReadLength(const char* name);
     void WriteNumber(const char* name, double number);
     void ShowView(double view);
+    void ShowLogo();
     void DrawEtchedLine();
     ZoneListControls zoneList() { return {lvwZones, ilsZoneIcons, picDummy, picHolder}; }
 

@@ -1,0 +1,201 @@
+// Walks every form of the program, page by page, and checks what a user of keyboard, mouse and a small screen relies
+// on.
+#include <gtest/gtest.h>
+
+#include <cctype>
+#include <map>
+#include <memory>
+
+#include "app/frmMain.h"
+#include "errors/frmError.h"
+#include "icons/frmIconSelector.h"
+#include "support/TestSystem.h"
+
+namespace {
+
+struct FormCase {
+    const char* name;
+    std::unique_ptr<ui::Form> (*make)(Program&);
+};
+
+template <class F>
+std::unique_ptr<ui::Form> makeForm(Program& program) {
+    return std::make_unique<F>(program);
+}
+
+// Every form there is.
+const FormCase Forms[] = {
+    {"frmMain", makeForm<frmMain>},
+    {"frmError",
+     [](Program& program) -> std::unique_ptr<ui::Form> {
+         return std::make_unique<frmError>(program.platform.desktop);
+     }},
+    {"frmIconSelector",
+     [](Program& program) -> std::unique_ptr<ui::Form> {
+         // Its target stands on a form of its own, which the selector never touches but to draw.
+         static simulated::Desktop desktop;
+         static ui::Form owner(desktop, ui::Form::Kind::Dialog, "owner", "", {});
+         static ui::PictureBox target(owner, "target", {});
+         return std::make_unique<frmIconSelector>(program, "C:\\WINDOWS\\SYSTEM\\shell32.dll", target);
+     }},
+};
+
+class EveryForm : public testing::TestWithParam<FormCase> {
+protected:
+    EveryForm() : program_(system_.platform()), form_(GetParam().make(program_)) {}
+
+    // Runs `check` on the form as it is first seen, and on each page of its tab strip.
+    template <class Check>
+    void onEachPage(Check check) {
+        ui::TabStrip* tabs = nullptr;
+        for (ui::Control* control : form_->controls())
+            if (auto* strip = dynamic_cast<ui::TabStrip*>(control)) tabs = strip;
+        if (!tabs) return check();
+        for (int page = 1; page <= static_cast<int>(tabs->tabs().size()); ++page) {
+            SCOPED_TRACE("page " + tabs->tabs()[static_cast<std::size_t>(page - 1)]);
+            tabs->choose(page);
+            check();
+        }
+    }
+
+    std::vector<ui::Control*> showing() const {
+        std::vector<ui::Control*> all;
+        for (ui::Control* control : form_->controls())
+            if (control->showing()) all.push_back(control);
+        return all;
+    }
+
+    TestSystem system_;
+    Program program_;
+    std::unique_ptr<ui::Form> form_;
+};
+
+char accessKey(const std::string& caption) {
+    for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
+        if (caption[i] != '&') continue;
+        if (caption[i + 1] != '&') return static_cast<char>(std::tolower(static_cast<unsigned char>(caption[i + 1])));
+        ++i;
+    }
+    return 0;
+}
+
+void expectUniqueKeys(const std::vector<std::string>& captions) {
+    std::map<char, std::string> taken;
+    for (const std::string& caption : captions) {
+        const char key = accessKey(caption);
+        const bool isNew = !key || taken.emplace(key, caption).second;
+        EXPECT_TRUE(isNew) << "\"" << caption << "\" and \"" << taken[key] << "\"";
+    }
+}
+
+void expectUniqueKeysInMenu(const std::deque<ui::MenuItem>& items) {
+    std::vector<std::string> captions;
+    for (const ui::MenuItem& item : items) {
+        captions.push_back(item.caption());
+        expectUniqueKeysInMenu(item.items());
+    }
+    expectUniqueKeys(captions);
+}
+
+// What a user operates, and so must be able to reach with Tab.
+bool operable(const ui::Control& control) {
+    if (auto* picture = dynamic_cast<const ui::PictureBox*>(&control)) return static_cast<bool>(picture->onClick);
+    return !dynamic_cast<const ui::Label*>(&control) && !dynamic_cast<const ui::Frame*>(&control) &&
+           !dynamic_cast<const ui::ProgressBar*>(&control);
+}
+
+bool overlap(const ui::Bounds& a, const ui::Bounds& b) {
+    return a.left < b.right() && b.left < a.right() && a.top < b.bottom() && b.top < a.bottom();
+}
+
+std::string caption(const ui::Control& control) {
+    if (auto* label = dynamic_cast<const ui::Label*>(&control)) return label->caption();
+    if (auto* frame = dynamic_cast<const ui::Frame*>(&control)) return frame->caption();
+    if (auto* box = dynamic_cast<const ui::CheckBox*>(&control)) return box->caption();
+    if (auto* button = dynamic_cast<const ui::CommandButton*>(&control)) return button->caption();
+    return {};
+}
+
+std::string called(const ui::Control& control) {
+    return control.name() + (control.index() < 0 ? "" : "(" + std::to_string(control.index()) + ")");
+}
+
+}  // namespace
+
+TEST_P(EveryForm, HasAccessKeysThatDoNotClash) {
+    expectUniqueKeysInMenu(form_->menu().items());
+    onEachPage([&] {
+        std::vector<std::string> captions;
+        for (const ui::MenuItem& item : form_->menu().items()) captions.push_back(item.caption());
+        for (const ui::Control* control : showing()) captions.push_back(control->accessText());
+        expectUniqueKeys(captions);
+    });
+}
+
+TEST_P(EveryForm, IsReachedWholeWithTab) {
+    onEachPage([&] {
+        int stops = 0;
+        for (const ui::Control* control : showing()) {
+            EXPECT_EQ(control->tabStop(), operable(*control)) << called(*control);
+            stops += control->tabStop();
+        }
+        EXPECT_GT(stops, 0);
+    });
+}
+
+TEST_P(EveryForm, OverlapsNothingAndCutsNothingOff) {
+    onEachPage([&] {
+        const auto controls = showing();
+        for (const ui::Control* a : controls) {
+            const ui::Bounds within = a->container()
+                                          ? ui::Bounds{0, 0, a->container()->width(), a->container()->height()}
+                                          : ui::Bounds{0, 0, form_->client().width, form_->client().height};
+            EXPECT_TRUE(a->left() >= 0 && a->top() >= 0 && a->bounds().right() <= within.width &&
+                        a->bounds().bottom() <= within.height)
+                << called(*a) << " is cut off";
+            for (const ui::Control* b : controls) {
+                if (a == b || a->container() != b->container()) continue;
+                // The pages of a tab strip lie on it.
+                if (dynamic_cast<const ui::TabStrip*>(a) || dynamic_cast<const ui::TabStrip*>(b)) continue;
+                EXPECT_FALSE(overlap(a->bounds(), b->bounds())) << called(*a) << " and " << called(*b);
+            }
+        }
+    });
+}
+
+TEST_P(EveryForm, ShowsItsCaptionsWhole) {
+    constexpr ui::Twips ButtonBorder = 120, BoxMark = 300, FrameEdge = 240;
+    onEachPage([&] {
+        for (ui::Control* control : showing()) {
+            auto* label = dynamic_cast<ui::Label*>(control);
+            if (label && label->shows() == ui::Label::Shows::Data) continue;
+            ui::Twips room = control->width();
+            if (dynamic_cast<ui::CommandButton*>(control)) room -= ButtonBorder;
+            if (dynamic_cast<ui::CheckBox*>(control)) room -= BoxMark;
+            if (dynamic_cast<ui::Frame*>(control)) room -= FrameEdge;
+            const std::string text = caption(*control);
+            const ui::Size needed = program_.platform.desktop.textSize(text, room, label && label->bold());
+            EXPECT_LE(needed.width, room) << called(*control) << " \"" << text << "\"";
+            EXPECT_LE(needed.height, control->height()) << called(*control) << " \"" << text << "\"";
+        }
+    });
+}
+
+TEST_P(EveryForm, BindsEscapeAndEnter) {
+    bool hasButtons = false;
+    for (ui::Control* control : form_->controls()) hasButtons |= dynamic_cast<ui::CommandButton*>(control) != nullptr;
+    const bool dialog = form_->kind() == ui::Form::Kind::Dialog;
+    EXPECT_TRUE(!dialog || !hasButtons || form_->defaultButton());
+    system_.seedZones();
+    form_->load();
+    form_->pressEscape();
+    EXPECT_EQ(form_->loaded(), !dialog);  // the main window is closed by its menu and its box
+}
+
+TEST_P(EveryForm, FitsOnASmallScreen) {
+    EXPECT_LE(form_->width(), 640 * 15);
+    EXPECT_LE(form_->height(), 480 * 15);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, EveryForm, testing::ValuesIn(Forms),
+                         [](const testing::TestParamInfo<FormCase>& tested) { return tested.param.name; });
