@@ -1,0 +1,99 @@
+#include "win32/ControlWindow.h"
+
+namespace win32 {
+
+namespace {
+constexpr UINT ResumePainting = WM_APP + 1;
+}
+
+// Each control is a group of its own: the arrow keys belong to the control and do not wander over the form.
+ControlWindow::ControlWindow(ui::Control& control, const Class& native)
+    : control_(control), form_(*control.form().peerAs<FormPeer>()) {
+    const DWORD style = WS_CHILD | WS_CLIPSIBLINGS | WS_GROUP | (control.tabStop() ? WS_TABSTOP : 0) | native.style;
+    window_ = CreateWindowExA(native.extended, native.name, "", style, 0, 0, 0, 0, form_.window(),
+                              reinterpret_cast<HMENU>(form_.enter(*this)), GetModuleHandleA(nullptr), nullptr);
+    SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    previous_ = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ControlWindow::procedure)));
+    SendMessageA(window_, WM_SETFONT, reinterpret_cast<WPARAM>(screen().font()), FALSE);
+}
+
+ControlWindow::~ControlWindow() {
+    form_.leave(*this);
+    SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(previous_));
+    DestroyWindow(window_);
+}
+
+LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+    auto& self = *reinterpret_cast<ControlWindow*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+    if (message == ResumePainting) {
+        self.resumePainting();
+        return 0;
+    }
+    if (const auto answer = shielded([&] { return self.message(message, w, l); })) return *answer;
+    const LRESULT result = self.native(message, w, l);
+    if (message == WM_SETFOCUS && self.reporting()) shielded([&] { self.control_.gotFocus(); });
+    return result;
+}
+
+LRESULT ControlWindow::apply(UINT message, WPARAM w, LPARAM l) {
+    const Applying applying(*this);
+    return send(window_, message, w, l);
+}
+
+RECT ControlWindow::bounds() const {
+    const ui::Bounds b = control_.absoluteBounds();
+    const int left = screen().pixels(b.left), top = screen().pixels(b.top);
+    return {left, top, left + screen().pixels(b.width), top + screen().pixels(b.height)};
+}
+
+void ControlWindow::place() {
+    const Applying applying(*this);
+    const RECT b = bounds();
+    SetWindowPos(window_, nullptr, b.left, b.top, b.right - b.left, b.bottom - b.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    rethrowParked();
+}
+
+void ControlWindow::show() {
+    const bool showing = control_.showing();
+    if (!showing) passFocusOn();
+    ShowWindow(window_, showing ? SW_SHOWNA : SW_HIDE);
+    rethrowParked();
+}
+
+void ControlWindow::enable() {
+    if (!control_.enabled()) passFocusOn();
+    EnableWindow(window_, control_.enabled());
+    rethrowParked();
+}
+
+// A hidden or disabled window keeps the keyboard focus, and the keyboard would be dead.
+void ControlWindow::passFocusOn() {
+    if (GetFocus() != window_) return;
+    const HWND next = GetNextDlgTabItem(form_.window(), window_, FALSE);
+    if (next && next != window_) SetFocus(next);
+}
+
+// A form that is not active takes the focus to its active control when it becomes so.
+void ControlWindow::focus() {
+    if (GetActiveWindow() == form_.window() && form_.live()) SetFocus(window_);
+    rethrowParked();
+}
+
+void ControlWindow::holdPainting() {
+    if (held_) return;
+    held_ = true;
+    SendMessageA(window_, WM_SETREDRAW, FALSE, 0);
+    PostMessageA(window_, ResumePainting, 0, 0);
+}
+
+void ControlWindow::resumePainting() {
+    if (!held_) return;
+    held_ = false;
+    const Applying applying(*this);
+    SendMessageA(window_, WM_SETREDRAW, TRUE, 0);
+    paintingResumed();
+    InvalidateRect(window_, nullptr, TRUE);
+}
+
+}  // namespace win32

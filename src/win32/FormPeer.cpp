@@ -1,0 +1,274 @@
+#include "win32/FormPeer.h"
+
+#include <algorithm>
+
+#include "win32/Callbacks.h"
+#include "win32/ControlWindow.h"
+#include "win32/MenuPeer.h"
+#include "win32/TimerPeer.h"
+
+namespace win32 {
+
+namespace {
+
+// 1 and 2 are the dialog manager's IDOK and IDCANCEL.
+constexpr std::uintptr_t FirstControl = 100;
+
+// A dialog template without controls, text or font.
+struct EmptyDialog {
+    DLGTEMPLATE head = {};
+    WORD menu = 0, windowClass = 0, title = 0;
+};
+
+// The oldest form of the structure, which every version of the control knows.
+constexpr UINT ToolInfoSize = TTTOOLINFOA_V1_SIZE;
+
+FormPeer* peerOf(HWND window) {
+    return reinterpret_cast<FormPeer*>(GetWindowLongPtrA(window, DWLP_USER));
+}
+
+}  // namespace
+
+FormPeer::FormPeer(ui::Form& form, const Screen& screen, HWND owner, std::function<void(FormPeer&)> destroyed)
+    : form_(form), screen_(screen), owner_(owner), destroyed_(std::move(destroyed)) {
+    const WindowStyles styles = stylesOf(form.kind());
+    EmptyDialog dialog;
+    dialog.head.style = styles.style;
+    dialog.head.dwExtendedStyle = styles.extended;
+    window_ = CreateDialogIndirectParamA(GetModuleHandleA(nullptr), &dialog.head, owner_, &FormPeer::dialogProcedure,
+                                         reinterpret_cast<LPARAM>(this));
+    if (form.kind() == ui::Form::Kind::Main) setIcons();
+}
+
+FormPeer::~FormPeer() {
+    live_ = false;
+    destroyed_(*this);
+    if (kept_) SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(kept_));
+    SetWindowLongPtrA(window_, DWLP_USER, 0);
+    if (toolTips_) DestroyWindow(toolTips_);
+    DestroyWindow(window_);
+}
+
+void FormPeer::setIcons() {
+    const auto load = [](int width, int height) {
+        return reinterpret_cast<LPARAM>(
+            LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1), IMAGE_ICON, width, height, LR_SHARED));
+    };
+    SendMessageA(window_, WM_SETICON, ICON_BIG, load(GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON)));
+    SendMessageA(window_, WM_SETICON, ICON_SMALL, load(GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON)));
+}
+
+// State -----------------------------------------------------------------------------------------------------------
+
+void FormPeer::applyCaption() {
+    send(window_, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(form_.caption().c_str()));
+}
+
+void FormPeer::applySize() {
+    const bool wasLive = std::exchange(live_, false);
+    if (IsZoomed(window_)) ShowWindow(window_, SW_SHOWNORMAL);
+    const SIZE client = {screen_.pixels(form_.client().width), screen_.pixels(form_.client().height)};
+    const SIZE size = windowAround(client, form_.kind(), !form_.menu().empty());
+    SetWindowPos(window_, nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    live_ = wasLive;
+    rethrowParked();
+}
+
+void FormPeer::applyHook() {
+    if (form_.hooked() == (kept_ != nullptr)) return;
+    const WNDPROC next = kept_ ? kept_ : &FormPeer::hookProcedure;
+    const auto previous =
+        reinterpret_cast<WNDPROC>(SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(next)));
+    kept_ = kept_ ? nullptr : previous;
+}
+
+void FormPeer::applyPointer() {
+    if (live_) SetCursor(LoadCursorA(nullptr, form_.pointer() == ui::Pointer::Hourglass ? IDC_WAIT : IDC_ARROW));
+}
+
+void FormPeer::applyLines() {
+    InvalidateRect(window_, nullptr, TRUE);
+}
+
+// The owner must be able to become active before this window goes, or another program's window would.
+void FormPeer::applyUnloaded() {
+    live_ = false;
+    unloaded_ = true;
+    if (whenUnloaded_) std::exchange(whenUnloaded_, nullptr)();
+    if (owner_ && GetActiveWindow() == window_) SetActiveWindow(owner_);
+    ShowWindow(window_, SW_HIDE);
+}
+
+void FormPeer::show() {
+    unloaded_ = false;
+    if (!IsWindowVisible(window_)) centre(window_, owner_);
+    if (const auto* button = form_.defaultButton()) {
+        if (const auto* control = dynamic_cast<ControlWindow*>(button->peerAs<ui::Peer>()))
+            SendMessageA(window_, DM_SETDEFID, static_cast<WPARAM>(GetDlgCtrlID(control->window())), 0);
+    }
+    live_ = true;
+    ShowWindow(window_, SW_SHOW);
+    UpdateWindow(window_);
+    rethrowParked();
+}
+
+bool FormPeer::dialogMessage(MSG& message) {
+    if (message.hwnd != window_ && !IsChild(window_, message.hwnd)) return false;
+    // Relayed rather than by subclassing, which old versions of the control cannot undo in order.
+    if (toolTips_ && message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST)
+        SendMessageA(toolTips_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message));
+    return IsDialogMessageA(window_, &message) != FALSE;
+}
+
+std::uintptr_t FormPeer::enter(ControlWindow& control) {
+    controls_.push_back(&control);
+    return FirstControl + controls_.size();
+}
+
+void FormPeer::leave(ControlWindow& control) {
+    std::erase(controls_, &control);
+}
+
+ControlWindow* FormPeer::find(HWND window) const {
+    const auto at = std::find_if(controls_.begin(), controls_.end(), [&](auto* c) { return c->window() == window; });
+    return at == controls_.end() ? nullptr : *at;
+}
+
+void FormPeer::setToolTip(HWND control, const std::string& text) {
+    if (!toolTips_) {
+        if (text.empty()) return;
+        toolTips_ = CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, "", WS_POPUP | TTS_ALWAYSTIP, 0, 0, 0, 0, window_,
+                                    nullptr, GetModuleHandleA(nullptr), nullptr);
+    }
+    TOOLINFOA tool = {};
+    tool.cbSize = ToolInfoSize;
+    tool.uFlags = TTF_IDISHWND;
+    tool.hwnd = window_;
+    tool.uId = reinterpret_cast<UINT_PTR>(control);
+    tool.lpszText = const_cast<char*>(text.c_str());
+    SendMessageA(toolTips_, TTM_DELTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
+    if (!text.empty()) SendMessageA(toolTips_, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+// Messages --------------------------------------------------------------------------------------------------------
+
+LRESULT CALLBACK FormPeer::hookProcedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+    FormPeer& self = *peerOf(window);
+    const WNDPROC previous = self.kept_;  // the hook may take itself away
+    const auto answer = shielded([&] {
+        const UINT code = message == WM_NOTIFY ? reinterpret_cast<const NMHDR*>(l)->code : 0;
+        return self.form_.hookAnswer({message, w, static_cast<std::uintptr_t>(l), static_cast<int>(code)});
+    });
+    return answer ? *answer : CallWindowProcA(previous, window, message, w, l);
+}
+
+INT_PTR CALLBACK FormPeer::dialogProcedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+    if (message == WM_INITDIALOG) {
+        SetWindowLongPtrA(window, DWLP_USER, l);
+        reinterpret_cast<FormPeer*>(l)->window_ = window;
+        return FALSE;
+    }
+    FormPeer* self = peerOf(window);
+    return self && shielded([&] { return self->handle(message, w, l); });
+}
+
+bool FormPeer::handle(UINT message, WPARAM w, LPARAM l) {
+    switch (message) {
+        case WM_COMMAND:
+            return command(LOWORD(w), HIWORD(w), reinterpret_cast<HWND>(l));
+        case WM_NOTIFY:
+            return notify(*reinterpret_cast<const NMHDR*>(l));
+        case WM_TIMER:
+            return live_ && TimerPeer::tick(form_, w);
+        case WM_CLOSE:
+            if (live_) form_.closeBox();
+            return true;
+        case WM_SIZE:
+            return w != SIZE_MINIMIZED && resized({LOWORD(l), HIWORD(l)});
+        case WM_GETMINMAXINFO:
+            return limitSize(*reinterpret_cast<MINMAXINFO*>(l));
+        case WM_ACTIVATE:
+            return LOWORD(w) == WA_INACTIVE || HIWORD(w) || focusActiveControl();
+        case WM_SETFOCUS:
+            return focusActiveControl();
+        case WM_SETCURSOR:
+            return showPointer();
+        case WM_PAINT:
+            return paint();
+        default:
+            return false;
+    }
+}
+
+bool FormPeer::answer(LRESULT result) {
+    SetWindowLongPtrA(window_, DWLP_MSGRESULT, static_cast<LONG_PTR>(result));
+    return true;
+}
+
+bool FormPeer::command(int id, int code, HWND control) {
+    if (!live_) return false;
+    if (control) {
+        if (ControlWindow* sender = find(control); sender && sender->reporting()) sender->command(code);
+    } else if (id == IDCANCEL) {
+        form_.pressEscape();
+    } else {
+        MenuPeer::choose(form_, id);
+    }
+    return true;
+}
+
+bool FormPeer::notify(const NMHDR& header) {
+    ControlWindow* sender = find(header.hwndFrom);
+    return sender && sender->reporting() && answer(sender->notify(header));
+}
+
+bool FormPeer::resized(SIZE client) {
+    if (!live_ || form_.kind() != ui::Form::Kind::Main) return false;
+    // What the program itself asked for comes back in whole pixels: no reason to change the state.
+    if (client.cx != screen_.pixels(form_.client().width) || client.cy != screen_.pixels(form_.client().height))
+        form_.userResized({screen_.twips(client.cx), screen_.twips(client.cy)});
+    return true;
+}
+
+bool FormPeer::limitSize(MINMAXINFO& limits) const {
+    if (form_.kind() != ui::Form::Kind::Main) return false;
+    const SIZE client = {screen_.pixels(form_.designedWidth()), 0};
+    limits.ptMinTrackSize.x = windowAround(client, form_.kind(), !form_.menu().empty()).cx;
+    return true;
+}
+
+bool FormPeer::showPointer() {
+    if (form_.pointer() != ui::Pointer::Hourglass) return false;
+    SetCursor(LoadCursorA(nullptr, IDC_WAIT));
+    return answer(TRUE);
+}
+
+// The form remembers its active control, so the dialog manager's own memory is not asked.
+bool FormPeer::focusActiveControl() {
+    if (!live_) return false;
+    const ui::Control* active = form_.activeControl();
+    if (active && !active->acceptsFocus()) active = nullptr;
+    const auto* control = active ? dynamic_cast<ControlWindow*>(active->peerAs<ui::Peer>()) : nullptr;
+    const HWND target = control ? control->window() : GetNextDlgTabItem(window_, nullptr, FALSE);
+    if (!target) return false;
+    SetFocus(target);
+    return true;
+}
+
+bool FormPeer::paint() {
+    PAINTSTRUCT area;
+    const HDC context = BeginPaint(window_, &area);
+    for (const ui::Line& line : form_.lines()) {
+        // As thick as a line of one pixel is on a screen with 96 to the inch.
+        const int thickness = std::max(1, screen_.scaled(1));
+        const int left = screen_.pixels(std::min(line.left, line.right)), top = screen_.pixels(line.top);
+        const RECT bar = {left, top, std::max(left + thickness, screen_.pixels(std::max(line.left, line.right))),
+                          std::max(top + thickness, screen_.pixels(line.bottom))};
+        FillRect(context, &bar, GetSysColorBrush(line.colour == ui::SystemColour::Shadow3D ? COLOR_3DSHADOW
+                                                                                           : COLOR_3DHIGHLIGHT));
+    }
+    EndPaint(window_, &area);
+    return true;
+}
+
+}  // namespace win32

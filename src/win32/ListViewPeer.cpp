@@ -1,0 +1,158 @@
+#include "win32/ControlWindow.h"
+#include "win32/Graphics.h"
+#include "win32/Peers.h"
+
+namespace win32 {
+
+namespace {
+
+constexpr int NoImage = -2;              // I_IMAGENONE; older versions find no such picture and draw none
+constexpr UINT LvmSetIconSpacing = 4149;  // LVM_SETICONSPACING
+
+class ListViewPeer : public ControlPeer<ui::ListView> {
+public:
+    explicit ListViewPeer(ui::ListView& list) : ControlPeer(list, {WC_LISTVIEWA, styleOf(list), WS_EX_CLIENTEDGE}) {}
+
+    void applyImages() override {
+        bind(LVSIL_NORMAL, control_.largeImages());
+        bind(LVSIL_SMALL, control_.smallImages());
+    }
+
+    void applyColumn() override {
+        if (control_.view() != ui::ListView::View::Report) return;
+        LVCOLUMNA column = {};
+        column.mask = LVCF_TEXT | LVCF_WIDTH;
+        column.cx = screen().pixels(control_.columnWidth());
+        column.pszText = const_cast<char*>(control_.columnHeading().c_str());
+        apply(LVM_DELETECOLUMN, 0);
+        apply(LVM_INSERTCOLUMNA, 0, &column);
+    }
+
+    void applyItem(int number) override {
+        holdPainting();
+        const ui::ListItem& shown = control_.item(number);
+        LVITEMA item = {};
+        item.mask = LVIF_TEXT | LVIF_IMAGE;
+        item.iItem = number - 1;
+        item.pszText = const_cast<char*>(shown.text.c_str());
+        item.iImage = shown.image ? shown.image - 1 : NoImage;
+        const bool known = number <= SendMessageA(window(), LVM_GETITEMCOUNT, 0, 0);
+        apply(known ? LVM_SETITEMA : LVM_INSERTITEMA, 0, &item);
+    }
+
+    void applyCleared() override {
+        holdPainting();
+        apply(LVM_DELETEALLITEMS);
+    }
+
+    void applySelected() override { mark(control_.selected() - 1); }
+
+    void applySpacing() override {
+        const auto spacing = control_.iconSpacing();
+        if (!spacing) return;
+        apply(LvmSetIconSpacing, 0,
+              MAKELPARAM(screen().scaled(spacing->horizontal), screen().scaled(spacing->vertical)));
+        apply(LVM_ARRANGE, LVA_DEFAULT);
+    }
+
+    // The selection moves by keyboard or by the right mouse button; a press of the left one is told by `press`.
+    LRESULT notify(const NMHDR& header) override {
+        if (header.code != LVN_ITEMCHANGED || pressing_) return 0;
+        const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
+        if (change.uNewState & ~change.uOldState & LVIS_SELECTED) control_.choose(change.iItem + 1);
+        return 0;
+    }
+
+private:
+    static DWORD styleOf(const ui::ListView& list) {
+        constexpr DWORD common = LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS;
+        if (list.view() == ui::ListView::View::Icon) return common | LVS_ICON | LVS_AUTOARRANGE;
+        return common | LVS_REPORT | (list.columnHeading().empty() ? DWORD{LVS_NOCOLUMNHEADER} : DWORD{0});
+    }
+
+    // Binding makes the native list forget its spacing, so only what has changed is bound.
+    void bind(WPARAM which, const ui::ImageList* list) {
+        const auto images = reinterpret_cast<LPARAM>(imagesOf(list));
+        if (SendMessageA(window(), LVM_GETIMAGELIST, which, 0) != images) apply(LVM_SETIMAGELIST, which, images);
+    }
+
+    // The native list has the mark on `item` (from 0, -1 none) and nowhere else.
+    void mark(int item) {
+        LVITEMA state = {};
+        state.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+        if (item < 0) state.stateMask = LVIS_SELECTED;
+        state.state = item < 0 ? 0 : state.stateMask;
+        apply(LVM_SETITEMSTATE, static_cast<WPARAM>(item), &state);
+        if (item >= 0) apply(LVM_ENSUREVISIBLE, static_cast<WPARAM>(item), FALSE);
+    }
+
+    void paintingResumed() override {
+        applySpacing();
+        if (control_.selected()) mark(control_.selected() - 1);
+    }
+
+    std::optional<LRESULT> message(UINT message, WPARAM w, LPARAM l) override {
+        switch (message) {
+            // The native list would also ask for Tab.
+            case WM_GETDLGCODE:
+                return DLGC_WANTARROWS | DLGC_WANTCHARS | (enterActivates() && asksForEnter(l) ? DLGC_WANTALLKEYS : 0);
+            case WM_LBUTTONDOWN:
+                return press(w, l);
+            case WM_LBUTTONDBLCLK:
+            case WM_RBUTTONDOWN:
+                return hit(l) < 0 ? keepSelection() : std::nullopt;
+            case WM_KEYDOWN:
+                return key(w);
+            // The native list would look for an item beginning with a blank.
+            case WM_CHAR:
+                return w == ' ' || w == '\r' ? std::optional<LRESULT>(0) : std::nullopt;
+            default:
+                return std::nullopt;
+        }
+    }
+
+    // Native lists differ in what they report of a press, and when. What counts is where it was.
+    std::optional<LRESULT> press(WPARAM w, LPARAM l) {
+        const int item = hit(l);
+        if (item < 0) return keepSelection();
+        pressing_ = true;
+        native(WM_LBUTTONDOWN, w & ~static_cast<WPARAM>(MK_CONTROL | MK_SHIFT), l);
+        pressing_ = false;
+        if (!reporting()) return 0;
+        if (item < SendMessageA(window(), LVM_GETITEMCOUNT, 0, 0)) mark(item);
+        control_.click(item + 1);
+        return 0;
+    }
+
+    std::optional<LRESULT> keepSelection() {
+        SetFocus(window());
+        return 0;
+    }
+
+    std::optional<LRESULT> key(WPARAM w) {
+        if (w != VK_SPACE && w != VK_RETURN) return std::nullopt;
+        if (reporting()) control_.activate();
+        return 0;
+    }
+
+    bool enterActivates() const {
+        return control_.clicks() == ui::ListView::Clicks::OnActivate && control_.selected() > 0;
+    }
+
+    // The item at a point, from 0; -1 is none.
+    int hit(LPARAM point) const {
+        LVHITTESTINFO test = {};
+        test.pt = {static_cast<short>(LOWORD(point)), static_cast<short>(HIWORD(point))};
+        return static_cast<int>(SendMessageA(window(), LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&test)));
+    }
+
+    bool pressing_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<ui::ListView::Peer> makePeer(ui::ListView& list) {
+    return std::make_unique<ListViewPeer>(list);
+}
+
+}  // namespace win32

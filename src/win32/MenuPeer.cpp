@@ -1,0 +1,57 @@
+#include "win32/MenuPeer.h"
+
+#include "win32/FormPeer.h"
+
+namespace win32 {
+
+namespace {
+constexpr UINT FirstCommand = 0x4000;
+}
+
+MenuPeer::MenuPeer(ui::Menu& menu) : menu_(menu), window_(menu.form().peerAs<FormPeer>()->window()) {}
+
+MenuPeer::~MenuPeer() {
+    SetMenu(window_, nullptr);
+}
+
+void MenuPeer::applyMenu() {
+    entries_.clear();
+    MenuHandle bar = build(menu_.items(), CreateMenu());
+    SetMenu(window_, bar.get());
+    std::swap(bar_, bar);
+    DrawMenuBar(window_);
+}
+
+// A menu owns the menus that open from it.
+MenuHandle MenuPeer::build(std::deque<ui::MenuItem>& items, HMENU menu) {
+    for (ui::MenuItem& item : items) {
+        const UINT_PTR command = FirstCommand + entries_.size();
+        entries_.push_back({&item, menu, static_cast<UINT>(GetMenuItemCount(menu))});
+        const UINT state = item.enabled() ? MF_ENABLED : MF_GRAYED;
+        if (item.separator()) {
+            AppendMenuA(menu, MF_SEPARATOR, command, nullptr);
+        } else if (item.items().empty()) {
+            AppendMenuA(menu, MF_STRING | state, command, item.caption().c_str());
+        } else {
+            const UINT_PTR popup = reinterpret_cast<UINT_PTR>(build(item.items(), CreatePopupMenu()).release());
+            AppendMenuA(menu, MF_POPUP | state, popup, item.caption().c_str());
+        }
+    }
+    return MenuHandle(menu);
+}
+
+void MenuPeer::applyEnabled(const ui::MenuItem& item) {
+    for (const Entry& entry : entries_) {
+        if (entry.item != &item) continue;
+        EnableMenuItem(entry.menu, entry.position, MF_BYPOSITION | (item.enabled() ? MF_ENABLED : MF_GRAYED));
+        if (entry.menu == bar_.get()) DrawMenuBar(window_);
+    }
+}
+
+void MenuPeer::choose(const ui::Form& form, int command) {
+    const auto* peer = form.menu().peerAs<MenuPeer>();
+    const auto place = static_cast<std::size_t>(command) - FirstCommand;
+    if (peer && place < peer->entries_.size()) peer->entries_[place].item->click();
+}
+
+}  // namespace win32

@@ -1,0 +1,62 @@
+#include "win32/OpenFile.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+#include <cderr.h>
+
+#include "win32/Callbacks.h"
+#include "win32/Screen.h"
+
+namespace win32 {
+
+namespace {
+
+// The structure as it was first defined; a longer one is refused by old versions of the dialog.
+constexpr DWORD FirstVersion = offsetof(OPENFILENAMEA, lpTemplateName) + sizeof(OPENFILENAMEA::lpTemplateName);
+
+// The hook stands in a child window of the dialog.
+UINT_PTR CALLBACK hook(HWND window, UINT message, WPARAM, LPARAM l) {
+    if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(l)->code == CDN_INITDONE) {
+        const HWND dialog = GetParent(window);
+        centre(dialog, GetWindow(dialog, GW_OWNER));
+    }
+    return 0;
+}
+
+}  // namespace
+
+std::optional<std::string> openFile(const ui::OpenFileRequest& request, HWND owner) {
+    const std::size_t nameAt = request.start.rfind('\\') + 1;
+    const std::string folder = request.start.substr(0, nameAt), name = request.start.substr(nameAt);
+    std::string filter = request.filter + "||";
+    std::replace(filter.begin(), filter.end(), '|', '\0');
+    std::array<char, 4096> path = {};
+
+    OPENFILENAMEA dialog = {};
+    dialog.lStructSize = FirstVersion;
+    dialog.hwndOwner = owner;
+    dialog.lpstrFilter = filter.c_str();
+    dialog.nFilterIndex = 1;
+    dialog.lpstrFile = path.data();
+    dialog.nMaxFile = static_cast<DWORD>(path.size());
+    dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
+    dialog.lpstrTitle = request.title.c_str();
+    dialog.lpstrDefExt = request.defaultExtension.empty() ? nullptr : request.defaultExtension.c_str();
+    dialog.Flags = OFN_EXPLORER | OFN_ENABLEHOOK | OFN_HIDEREADONLY | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST |
+                   OFN_NOCHANGEDIR;
+    dialog.lpfnHook = &hook;
+
+    name.copy(path.data(), path.size() - 1);
+    bool chosen = GetOpenFileNameA(&dialog) != FALSE;
+    if (!chosen && CommDlgExtendedError() == FNERR_INVALIDFILENAME) {
+        // A name that cannot be one keeps the dialog from opening at all.
+        path.fill('\0');
+        chosen = GetOpenFileNameA(&dialog) != FALSE;
+    }
+    rethrowParked();
+    return chosen ? std::optional<std::string>(path.data()) : std::nullopt;
+}
+
+}  // namespace win32

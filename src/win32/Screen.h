@@ -1,0 +1,38 @@
+// The screen: its resolution, the program's font made for it, and places on it.
+#pragma once
+
+#include "ui/Form.h"
+#include "win32/Handles.h"
+
+namespace win32 {
+
+class Screen {
+public:
+    Screen();
+
+    int pixelsPerInch() const { return pixelsPerInch_; }
+    int pixels(ui::Twips length) const { return ui::toPixels(length, pixelsPerInch_); }
+    ui::Twips twips(int pixels) const { return ui::toTwips(pixels, pixelsPerInch_); }
+    // A length that is given in pixels of a screen with 96 to the inch.
+    int scaled(int pixelsAt96) const { return MulDiv(pixelsAt96, pixelsPerInch_, 96); }
+
+    // The program has one font, MS Shell Dlg 8.
+    HFONT font(bool bold = false) const { return bold ? bold_.get() : font_.get(); }
+
+private:
+    int pixelsPerInch_;
+    Font font_, bold_;
+};
+
+// The styles of a form's window, which also tell how wide its borders are.
+struct WindowStyles {
+    DWORD style, extended;
+};
+WindowStyles stylesOf(ui::Form::Kind kind);
+// The window around a drawing area of this size, in pixels.
+SIZE windowAround(SIZE client, ui::Form::Kind kind, bool menu);
+
+// Centres a window on its owner, or on the work area when there is none to see, and keeps it on the work area.
+void centre(HWND window, HWND owner);
+
+}  // namespace win32

@@ -1,0 +1,93 @@
+// Label, Frame, CommandButton, CheckBox, ProgressBar: what has little more than a caption.
+#include <algorithm>
+
+#include "win32/ControlWindow.h"
+#include "win32/Peers.h"
+
+namespace win32 {
+
+namespace {
+
+class LabelPeer : public CaptionPeer<ui::Label> {
+public:
+    // SS_NOTIFY lets the mouse find the label, for its tool tip.
+    explicit LabelPeer(ui::Label& label)
+        : CaptionPeer(label, {"STATIC", SS_LEFT | SS_NOTIFY | (label.shows() == ui::Label::Shows::Data ? SS_NOPREFIX : 0)}) {
+        if (label.bold()) apply(WM_SETFONT, reinterpret_cast<WPARAM>(screen().font(true)));
+    }
+};
+
+class FramePeer : public CaptionPeer<ui::Frame> {
+public:
+    explicit FramePeer(ui::Frame& frame) : CaptionPeer(frame, {"BUTTON", BS_GROUPBOX, WS_EX_TRANSPARENT}) {}
+};
+
+class CommandButtonPeer : public CaptionPeer<ui::CommandButton> {
+public:
+    explicit CommandButtonPeer(ui::CommandButton& button)
+        : CaptionPeer(button, {"BUTTON", button.form().defaultButton() == &button
+                                             ? static_cast<DWORD>(BS_DEFPUSHBUTTON)
+                                             : static_cast<DWORD>(BS_PUSHBUTTON)}) {}
+
+    void command(int code) override {
+        if (code == BN_CLICKED) control_.click();
+    }
+
+private:
+    // Enter presses the button with the focus, however the focus came there.
+    std::optional<LRESULT> message(UINT message, WPARAM, LPARAM) override {
+        if (message != WM_GETDLGCODE || GetFocus() != window()) return std::nullopt;
+        return DLGC_BUTTON | DLGC_DEFPUSHBUTTON;
+    }
+};
+
+class CheckBoxPeer : public ControlPeer<ui::CheckBox> {
+public:
+    explicit CheckBoxPeer(ui::CheckBox& box) : ControlPeer(box, {"BUTTON", BS_AUTOCHECKBOX | BS_MULTILINE}) {}
+
+    void applyText() override { apply(WM_SETTEXT, 0, control_.caption().c_str()); }
+    void applyChecked() override { apply(BM_SETCHECK, control_.checked() ? BST_CHECKED : BST_UNCHECKED); }
+
+    // The native box has toggled itself by now.
+    void command(int code) override {
+        if (code != BN_CLICKED) return;
+        const bool checked = SendMessageA(window(), BM_GETCHECK, 0, 0) == BST_CHECKED;
+        if (checked != control_.checked()) control_.click();
+    }
+};
+
+class ProgressBarPeer : public ControlPeer<ui::ProgressBar> {
+public:
+    explicit ProgressBarPeer(ui::ProgressBar& bar) : ControlPeer(bar, {PROGRESS_CLASSA}) {
+        apply(PBM_SETRANGE, 0, MAKELPARAM(0, Whole));
+    }
+
+    // Painted at once: who shows progress is busy.
+    void applyProgress() override {
+        apply(PBM_SETPOS, static_cast<WPARAM>(MulDiv(control_.value(), Whole, control_.maximum())));
+        UpdateWindow(window());
+    }
+
+private:
+    static constexpr int Whole = 1000;  // the old message takes 16 bits
+};
+
+}  // namespace
+
+std::unique_ptr<ui::Control::Peer> makePeer(ui::Label& label) {
+    return std::make_unique<LabelPeer>(label);
+}
+std::unique_ptr<ui::Control::Peer> makePeer(ui::Frame& frame) {
+    return std::make_unique<FramePeer>(frame);
+}
+std::unique_ptr<ui::Control::Peer> makePeer(ui::CommandButton& button) {
+    return std::make_unique<CommandButtonPeer>(button);
+}
+std::unique_ptr<ui::CheckBox::Peer> makePeer(ui::CheckBox& box) {
+    return std::make_unique<CheckBoxPeer>(box);
+}
+std::unique_ptr<ui::ProgressBar::Peer> makePeer(ui::ProgressBar& bar) {
+    return std::make_unique<ProgressBarPeer>(bar);
+}
+
+}  // namespace win32

@@ -1,0 +1,27 @@
+// A form's timer: the system's, which sends the form's window a message when its time has come.
+#pragma once
+
+#include "ui/Controls.h"
+#include "win32/WindowsHeaders.h"
+
+namespace win32 {
+
+class TimerPeer : public ui::Timer::Peer {
+public:
+    explicit TimerPeer(ui::Timer& timer);
+    TimerPeer(const TimerPeer&) = delete;
+    TimerPeer& operator=(const TimerPeer&) = delete;
+    ~TimerPeer() override;
+
+    void applyTimer() override;
+    // Ticks the form's timer that this identifier belongs to.
+    static bool tick(const ui::Form& form, UINT_PTR id);
+
+private:
+    UINT_PTR id() const { return reinterpret_cast<UINT_PTR>(this); }
+
+    ui::Timer& timer_;
+    HWND window_;
+};
+
+}  // namespace win32

@@ -1,0 +1,138 @@
+#include <algorithm>
+
+#include "win32/ControlWindow.h"
+#include "win32/Graphics.h"
+#include "win32/Peers.h"
+
+namespace win32 {
+
+namespace {
+
+// The tree draws from a list of its own: these, and behind them the pictures of the control's image list.
+enum Image { Blank, OptionOff, OptionOn, FirstPicture };
+constexpr int OptionDiameter = 13;  // pixels at 96 to the inch
+constexpr int DefaultSize = 16;
+
+class TreeViewPeer : public ControlPeer<ui::TreeView> {
+public:
+    explicit TreeViewPeer(ui::TreeView& tree)
+        : ControlPeer(tree, {WC_TREEVIEWA, TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS | TVS_DISABLEDRAGDROP,
+                             WS_EX_CLIENTEDGE}) {}
+
+    void applyImages() override {
+        const ui::ImageList* pictures = control_.images();
+        const int diameter = screen().scaled(OptionDiameter);
+        const int size = std::max(diameter, pictures ? pictures->size() : DefaultSize);
+        Images images = makeImages(size);
+        addPicture(images.get(), size, {});
+        addOptionButton(images.get(), size, diameter, false);
+        addOptionButton(images.get(), size, diameter, true);
+        for (int number = 1; pictures && number <= pictures->count(); ++number)
+            addPicture(images.get(), size, pictures->picture(number));
+        apply(TVM_SETIMAGELIST, TVSIL_NORMAL, images.get());
+        std::swap(images_, images);
+    }
+
+    // Parents are told to be open before they have children: the native tree takes the branch from there.
+    void applyNode(int number) override {
+        holdPainting();
+        const ui::TreeNode& node = control_.node(number);
+        TVINSERTSTRUCTA place = {};
+        TVITEMA& item = place.item;
+        item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_PARAM;
+        item.pszText = const_cast<char*>(node.text.c_str());
+        item.iImage = item.iSelectedImage = imageOf(node);
+        item.lParam = number;
+        if (number <= static_cast<int>(items_.size())) {
+            item.mask |= TVIF_HANDLE;
+            item.hItem = native(number);
+            apply(TVM_SETITEMA, 0, &item);
+            return;
+        }
+        item.mask |= TVIF_STATE;
+        item.state = item.stateMask = TVIS_EXPANDED;
+        place.hParent = node.parent ? native(node.parent) : TVI_ROOT;
+        place.hInsertAfter = TVI_LAST;
+        items_.push_back(reinterpret_cast<HTREEITEM>(apply(TVM_INSERTITEMA, 0, &place)));
+    }
+
+    void applyCleared() override {
+        holdPainting();
+        apply(TVM_DELETEITEM, 0, TVI_ROOT);
+        items_.clear();
+    }
+
+    void applyCurrent() override {
+        const HTREEITEM item = control_.current() ? native(control_.current()) : nullptr;
+        apply(TVM_SELECTITEM, TVGN_CARET, item);
+    }
+
+    void applyVisibleNode() override { apply(TVM_ENSUREVISIBLE, 0, native(control_.visibleNode())); }
+
+    LRESULT notify(const NMHDR& header) override {
+        const auto& change = reinterpret_cast<const NMTREEVIEWA&>(header);
+        switch (header.code) {
+            case TVN_SELCHANGEDA:
+                if (change.itemNew.hItem) control_.choose(static_cast<int>(change.itemNew.lParam));
+                return 0;
+            case TVN_ITEMEXPANDINGA:
+                return change.action != TVE_EXPAND;  // branches stay open
+            default:
+                return 0;
+        }
+    }
+
+private:
+    using ControlPeer::native;
+    HTREEITEM native(int number) const { return items_.at(static_cast<std::size_t>(number - 1)); }
+
+    static int imageOf(const ui::TreeNode& node) {
+        if (node.option) return node.selected ? OptionOn : OptionOff;
+        return node.image ? FirstPicture + node.image - 1 : Blank;
+    }
+
+    void paintingResumed() override {
+        if (control_.current()) applyCurrent();
+        if (control_.visibleNode()) applyVisibleNode();
+    }
+
+    std::optional<LRESULT> message(UINT message, WPARAM w, LPARAM l) override {
+        switch (message) {
+            case WM_GETDLGCODE:
+                return DLGC_WANTARROWS | DLGC_WANTCHARS;
+            case WM_LBUTTONDOWN:
+                return press(w, l);
+            case WM_KEYDOWN:
+                if (w != VK_SPACE) return std::nullopt;
+                if (reporting()) control_.pressSpace();
+                return 0;
+            // The native tree would look for a node beginning with a blank.
+            case WM_CHAR:
+                return w == ' ' ? std::optional<LRESULT>(0) : std::nullopt;
+            default:
+                return std::nullopt;
+        }
+    }
+
+    std::optional<LRESULT> press(WPARAM w, LPARAM l) {
+        TVHITTESTINFO test = {};
+        test.pt = {static_cast<short>(LOWORD(l)), static_cast<short>(HIWORD(l))};
+        SendMessageA(window(), TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&test));
+        native(WM_LBUTTONDOWN, w, l);
+        if (!(test.flags & TVHT_ONITEM) || !reporting()) return 0;
+        const auto at = std::find(items_.begin(), items_.end(), test.hItem);
+        if (at != items_.end()) control_.click(static_cast<int>(at - items_.begin()) + 1);
+        return 0;
+    }
+
+    Images images_;
+    std::vector<HTREEITEM> items_;
+};
+
+}  // namespace
+
+std::unique_ptr<ui::TreeView::Peer> makePeer(ui::TreeView& tree) {
+    return std::make_unique<TreeViewPeer>(tree);
+}
+
+}  // namespace win32
