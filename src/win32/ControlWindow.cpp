@@ -15,6 +15,8 @@ ControlWindow::ControlWindow(ui::Control& control, const Class& native)
     SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     previous_ = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ControlWindow::procedure)));
+    for (const ui::Control* c = control.container(); c; c = c->container())
+        if (auto* container = dynamic_cast<ControlWindow*>(c->peerAs<ui::Peer>())) container->lieBehind();
     SendMessageA(window_, WM_SETFONT, reinterpret_cast<WPARAM>(screen().font()), FALSE);
 }
 

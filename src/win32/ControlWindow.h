@@ -66,6 +66,8 @@ protected:
     virtual void paintingResumed() {}
 
     virtual RECT bounds() const;  // in pixels on the form
+    // A new control stands inside this one, but its window is a neighbour below this one's.
+    virtual void lieBehind() {}
 
 private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l);

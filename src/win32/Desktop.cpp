@@ -87,7 +87,7 @@ Desktop::~Desktop() = default;
 
 // Forms -----------------------------------------------------------------------------------------------------------
 
-FormPeer& Desktop::show(ui::Form& form, FormPeer* owner) {
+FormPeer& Desktop::attach(ui::Form& form, FormPeer* owner) {
     auto* peer = form.peerAs<FormPeer>();
     if (!peer) {
         nextOwner_ = owner;
@@ -95,22 +95,23 @@ FormPeer& Desktop::show(ui::Form& form, FormPeer* owner) {
         peer = form.peerAs<FormPeer>();
     }
     peer->loops = loops_;
-    form.setShown(true);
     return *peer;
 }
 
 void Desktop::open(ui::Form& form) {
-    show(form, nullptr).show();
+    attach(form, nullptr).show();
+    form.setShown(true);
 }
 
 void Desktop::runModal(ui::Form& form, ui::Form* owner) {
     auto* ownerPeer = owner ? owner->peerAs<FormPeer>() : nullptr;
     Loop loop(*this);
-    FormPeer& peer = show(form, ownerPeer ? ownerPeer : activePeer());
+    FormPeer& peer = attach(form, ownerPeer ? ownerPeer : activePeer());
     OnlyForm only(*this, peer);
     peer.whenUnloaded([&] { only.release(); });
     try {
         peer.show();
+        form.setShown(true);
         while (form.loaded()) loop.step();
     } catch (...) {
         peer.whenUnloaded(nullptr);
@@ -209,7 +210,8 @@ std::uintptr_t Desktop::nativeHandle(const ui::Control& control) {
 
 std::unique_ptr<ui::Form::Peer> Desktop::make(ui::Form& form) {
     const HWND owner = windowOf(std::exchange(nextOwner_, nullptr));
-    auto peer = std::make_unique<FormPeer>(form, *screen_, owner, [this](FormPeer& gone) { std::erase(peers_, &gone); });
+    auto peer =
+        std::make_unique<FormPeer>(form, *screen_, owner, [this](FormPeer& gone) { std::erase(peers_, &gone); });
     peers_.push_back(peer.get());
     return peer;
 }

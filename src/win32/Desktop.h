@@ -56,13 +56,13 @@ private:
     std::unique_ptr<ui::TreeView::Peer> make(ui::TreeView&) override;
     std::unique_ptr<ui::Menu::Peer> make(ui::Menu&) override;
 
-    FormPeer& show(ui::Form& form, FormPeer* owner);
+    FormPeer& attach(ui::Form& form, FormPeer* owner);
     FormPeer* activePeer() const;
     bool anyOpen() const;
     void dispatch(tagMSG& message);
 
     std::unique_ptr<Screen> screen_;
-    std::vector<FormPeer*> peers_;  // in the order in which they were made
+    std::vector<FormPeer*> peers_;   // in the order in which they were made
     FormPeer* nextOwner_ = nullptr;  // of the form peer to be made
     int loops_ = 0;
 };

@@ -11,9 +11,9 @@ namespace {
 class TextBoxPeer : public ControlPeer<ui::TextBox> {
 public:
     explicit TextBoxPeer(ui::TextBox& box)
-        : ControlPeer(box, {"EDIT",
-                            box.multiLine() ? DWORD{ES_MULTILINE | ES_AUTOVSCROLL | WS_VSCROLL} : DWORD{ES_AUTOHSCROLL},
-                            WS_EX_CLIENTEDGE}) {}
+        : ControlPeer(
+              box, {"EDIT", box.multiLine() ? DWORD{ES_MULTILINE | ES_AUTOVSCROLL | WS_VSCROLL} : DWORD{ES_AUTOHSCROLL},
+                    WS_EX_CLIENTEDGE}) {}
 
     void applyText() override { apply(WM_SETTEXT, 0, control_.text().c_str()); }
     void applyMaxLength() override { apply(EM_LIMITTEXT, static_cast<WPARAM>(control_.maxLength())); }

@@ -1,6 +1,8 @@
 #include "win32/FormPeer.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <utility>
 
 #include "win32/Callbacks.h"
 #include "win32/ControlWindow.h"
@@ -21,7 +23,7 @@ struct EmptyDialog {
 };
 
 // The oldest form of the structure, which every version of the control knows.
-constexpr UINT ToolInfoSize = TTTOOLINFOA_V1_SIZE;
+constexpr UINT ToolInfoSize = offsetof(TOOLINFOA, lpszText) + sizeof(TOOLINFOA::lpszText);
 
 FormPeer* peerOf(HWND window) {
     return reinterpret_cast<FormPeer*>(GetWindowLongPtrA(window, DWLP_USER));
@@ -264,8 +266,8 @@ bool FormPeer::paint() {
         const int left = screen_.pixels(std::min(line.left, line.right)), top = screen_.pixels(line.top);
         const RECT bar = {left, top, std::max(left + thickness, screen_.pixels(std::max(line.left, line.right))),
                           std::max(top + thickness, screen_.pixels(line.bottom))};
-        FillRect(context, &bar, GetSysColorBrush(line.colour == ui::SystemColour::Shadow3D ? COLOR_3DSHADOW
-                                                                                           : COLOR_3DHIGHLIGHT));
+        FillRect(context, &bar,
+                 GetSysColorBrush(line.colour == ui::SystemColour::Shadow3D ? COLOR_3DSHADOW : COLOR_3DHIGHLIGHT));
     }
     EndPaint(window_, &area);
     return true;

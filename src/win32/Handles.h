@@ -7,7 +7,26 @@
 
 namespace win32 {
 
-template <class Handle, auto Release>
+inline void release(HFONT font) {
+    DeleteObject(font);
+}
+inline void release(HBITMAP bitmap) {
+    DeleteObject(bitmap);
+}
+inline void release(HICON icon) {
+    DestroyIcon(icon);
+}
+inline void release(HIMAGELIST images) {
+    ImageList_Destroy(images);
+}
+inline void release(HMENU menu) {
+    DestroyMenu(menu);
+}
+inline void release(HDC memory) {
+    DeleteDC(memory);
+}
+
+template <class Handle>
 class Owned {
 public:
     Owned() = default;
@@ -18,7 +37,7 @@ public:
         return *this;
     }
     ~Owned() {
-        if (handle_) Release(handle_);
+        if (handle_) win32::release(handle_);
     }
     Handle get() const { return handle_; }
     Handle release() { return std::exchange(handle_, nullptr); }
@@ -28,12 +47,12 @@ private:
     Handle handle_ = nullptr;
 };
 
-using Font = Owned<HFONT, [](HFONT font) { DeleteObject(font); }>;
-using Bitmap = Owned<HBITMAP, [](HBITMAP bitmap) { DeleteObject(bitmap); }>;
-using Icon = Owned<HICON, [](HICON icon) { DestroyIcon(icon); }>;
-using Images = Owned<HIMAGELIST, [](HIMAGELIST images) { ImageList_Destroy(images); }>;
-using MenuHandle = Owned<HMENU, [](HMENU menu) { DestroyMenu(menu); }>;
-using MemoryContext = Owned<HDC, [](HDC context) { DeleteDC(context); }>;
+using Font = Owned<HFONT>;
+using Bitmap = Owned<HBITMAP>;
+using Icon = Owned<HICON>;
+using Images = Owned<HIMAGELIST>;
+using MenuHandle = Owned<HMENU>;
+using MemoryContext = Owned<HDC>;
 
 // The screen's drawing context.
 class ScreenContext {

@@ -6,7 +6,7 @@ namespace win32 {
 
 namespace {
 
-constexpr int NoImage = -2;              // I_IMAGENONE; older versions find no such picture and draw none
+constexpr int NoImage = -2;               // I_IMAGENONE; older versions find no such picture and draw none
 constexpr UINT LvmSetIconSpacing = 4149;  // LVM_SETICONSPACING
 
 class ListViewPeer : public ControlPeer<ui::ListView> {
@@ -24,7 +24,7 @@ public:
         column.mask = LVCF_TEXT | LVCF_WIDTH;
         column.cx = screen().pixels(control_.columnWidth());
         column.pszText = const_cast<char*>(control_.columnHeading().c_str());
-        apply(LVM_DELETECOLUMN, 0);
+        apply(LVM_DELETECOLUMN);
         apply(LVM_INSERTCOLUMNA, 0, &column);
     }
 
@@ -83,7 +83,7 @@ private:
         if (item < 0) state.stateMask = LVIS_SELECTED;
         state.state = item < 0 ? 0 : state.stateMask;
         apply(LVM_SETITEMSTATE, static_cast<WPARAM>(item), &state);
-        if (item >= 0) apply(LVM_ENSUREVISIBLE, static_cast<WPARAM>(item), FALSE);
+        if (item >= 0) apply(LVM_ENSUREVISIBLE, static_cast<WPARAM>(item), LPARAM{FALSE});
     }
 
     void paintingResumed() override {

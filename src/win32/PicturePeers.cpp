@@ -27,11 +27,7 @@ class PictureBoxPeer : public ControlPeer<ui::PictureBox> {
 public:
     explicit PictureBoxPeer(ui::PictureBox& box)
         : ControlPeer(box, {pictureClass(), 0,
-                            box.border() == ui::PictureBox::Border::Sunken ? DWORD{WS_EX_CLIENTEDGE} : DWORD{0}}),
-          page_(holdsControls()) {
-        // What stands on a page is later in the tab order, and would lie below it.
-        if (page_) SetWindowPos(window(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    }
+                            box.border() == ui::PictureBox::Border::Sunken ? DWORD{WS_EX_CLIENTEDGE} : DWORD{0}}) {}
 
     void applyPicture() override {
         icon_ = makeIcon(control_.picture(), IconSize, IconSize);
@@ -44,6 +40,9 @@ private:
             case WM_PAINT:
                 paint();
                 return 0;
+            // A page shows the form: what stands on it is drawn before it.
+            case WM_ERASEBKGND:
+                return page_ ? std::optional<LRESULT>(TRUE) : std::nullopt;
             case WM_LBUTTONDOWN:
                 press();
                 return 0;
@@ -85,14 +84,13 @@ private:
         EndPaint(window(), &area);
     }
 
-    bool holdsControls() const {
-        for (const ui::Control* control : control_.form().controls())
-            if (control->container() == &control_) return true;
-        return false;
+    void lieBehind() override {
+        page_ = true;
+        SetWindowPos(window(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     }
 
-    bool page_;
     Icon icon_;
+    bool page_ = false;
 };
 
 class ImageListPeer : public ui::ImageList::Peer {

@@ -12,7 +12,8 @@ class LabelPeer : public CaptionPeer<ui::Label> {
 public:
     // SS_NOTIFY lets the mouse find the label, for its tool tip.
     explicit LabelPeer(ui::Label& label)
-        : CaptionPeer(label, {"STATIC", SS_LEFT | SS_NOTIFY | (label.shows() == ui::Label::Shows::Data ? SS_NOPREFIX : 0)}) {
+        : CaptionPeer(label, {"STATIC", label.shows() == ui::Label::Shows::Data ? DWORD{SS_NOTIFY | SS_NOPREFIX}
+                                                                                : DWORD{SS_NOTIFY}}) {
         if (label.bold()) apply(WM_SETFONT, reinterpret_cast<WPARAM>(screen().font(true)));
     }
 };
@@ -25,9 +26,9 @@ public:
 class CommandButtonPeer : public CaptionPeer<ui::CommandButton> {
 public:
     explicit CommandButtonPeer(ui::CommandButton& button)
-        : CaptionPeer(button, {"BUTTON", button.form().defaultButton() == &button
-                                             ? static_cast<DWORD>(BS_DEFPUSHBUTTON)
-                                             : static_cast<DWORD>(BS_PUSHBUTTON)}) {}
+        : CaptionPeer(button,
+                      {"BUTTON", button.form().defaultButton() == &button ? static_cast<DWORD>(BS_DEFPUSHBUTTON)
+                                                                          : static_cast<DWORD>(BS_PUSHBUTTON)}) {}
 
     void command(int code) override {
         if (code == BN_CLICKED) control_.click();
