@@ -61,12 +61,16 @@ TEST_F(MainWindow, ListsTheZonesInTheRegistrysOrderAndSelectsTheSecond) {
     addZone("10");
     addZone("abc");
     addZone("007");
-    EXPECT_EQ(tags(), (Strings{"0", "007", "1", "10", "2", "3", "4", "ABC"}));
+    addZone("4 \"5\" ");
+    addZone("..");
+    EXPECT_EQ(tags(), (Strings{"..", "0", "007", "1", "10", "2", "3", "4", "4 \"5\" ", "ABC"}));
     EXPECT_EQ(window().lvwZones.selected(), 2);
-    EXPECT_EQ(program_.selection.zone, "007");
-    EXPECT_EQ(window().lblZoneName.caption(), "Zone 007");
-    for (int i = 1; i <= 8; ++i) EXPECT_EQ(window().lvwZones.item(i).image, i + 1);
-    EXPECT_EQ(window().ilsZoneIcons.count(), 9);
+    EXPECT_EQ(program_.selection.zone, "0");
+    for (int i = 1; i <= 10; ++i) EXPECT_EQ(window().lvwZones.item(i).image, i + 1);
+    EXPECT_EQ(window().ilsZoneIcons.count(), 11);
+    EXPECT_EQ(window().lvwZones.item(9).text, "Zone 4 \"5\" ");
+    window().lvwZones.click(1);
+    EXPECT_EQ(window().lblZoneName.caption(), "Zone ..");
     EXPECT_EQ(window().caption(), "Tavimor - 5.0.32 (Public BETA)");
 }
 

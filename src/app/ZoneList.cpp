@@ -32,16 +32,15 @@ void fillZoneList(Program& program, const ZoneListControls& controls) {
     if (!keys) return;
     basMain::IconCache icons(program.platform);
     for (const std::string& key : *keys) {
-        registry.cD(key);
-        const std::int32_t elements = program.strings.Initialise(registry.CurrentKey(), "\\");
-        const std::string zone = program.strings.ElementAsString(elements);
+        zones::goToZone(registry, key);
+        const std::string& path = registry.CurrentKey();
+        const std::string zone = path.substr(path.rfind('\\') + 1);
 
         const std::string icon = zoneIconOf(program, registry.ValueOf("Icon")).reference;
         basMain::ExtractIcon(icons, icon, "#", 32, controls.holder);
         const int image = controls.images.add(controls.holder.picture());
         controls.list.add({textOr(registry.ValueOf("DisplayName"), "Missing Name"), image, zone, {}});
         controls.holder.clear();
-        registry.cD("..");
     }
 }
 

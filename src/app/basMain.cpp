@@ -3,12 +3,15 @@
 #include "app/clsIEInfo.h"
 #include "app/frmMain.h"
 #include "errors/basErrors.h"
+#include "icons/ExtractIcon.h"
 #include "ui/Desktop.h"
+#include "util/basSystem.h"
 
 Program::Program(platform::Platform& system) : platform(system), registry(system, strings) {
     basErrors::reporting.platform = &platform;
-    basErrors::reporting.registry = &registry;
-    basErrors::reporting.strings = &strings;
+    basErrors::reporting.exclamation = [this] {
+        return basMain::LoadPicture(*this, basSystem::ProgramFile(platform) + ",2", 32);
+    };
 }
 
 Program::~Program() {

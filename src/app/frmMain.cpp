@@ -159,9 +159,7 @@ void frmMain::Form_Resize() {
 
 // From the program's own file; "|" because no file name has it, while a folder may well have a "#".
 void frmMain::ShowLogo() {
-    const platform::Platform& platform = program_.platform;
-    const std::string file = basSystem::QualifyPath(platform.system.programFolder()) + platform.system.programName();
-    basMain::ExtractBitmap(program_, file + ".exe|1", "|", zzzpicLogo);
+    basMain::ExtractBitmap(program_, basSystem::ProgramFile(program_.platform) + "|1", "|", zzzpicLogo);
 }
 
 void frmMain::DrawEtchedLine() {
@@ -209,7 +207,7 @@ void frmMain::lvwZones_ItemClick(int item) {
         zones::goToZones(registry);
         if (registry.HasKeys()) {
             picZoneIcon.clear();
-            registry.cD(selection.zone);
+            zones::goToZone(registry, selection.zone);
             const ZoneIcon icon = zoneIconOf(program_, registry.ValueOf("Icon"));
             basMain::ExtractIcon(program_, icon.reference, "#", 32, picZoneIcon);
             selection.iconFile = icon.file;
@@ -236,7 +234,7 @@ std::string frmMain::GetFlags(const std::string& zone) {
         clsRegistry& registry = program_.registry;
         zones::goToZones(registry);
         if (!registry.HasKeys()) return {};
-        registry.cD(zone);
+        zones::goToZone(registry, zone);
         const auto flags = registry.ValueOf("Flags");
         return flags && !flags->text.empty() ? flags->display : "Missing";
     });
@@ -246,8 +244,7 @@ std::string frmMain::GetFlags(const std::string& zone) {
 void frmMain::GetRecMinSettings(const std::string& zone) {
     procedure("frmMain.GetRecMinSettings", [&] {
         clsRegistry& registry = program_.registry;
-        zones::goToZones(registry);
-        registry.cD(zone);
+        zones::goToZone(registry, zone);
         const struct {
             const char* value;
             ui::Label& label;

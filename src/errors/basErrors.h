@@ -18,8 +18,6 @@
 namespace platform {
 struct Platform;
 }
-class clsRegistry;
-class clsStrings;
 
 namespace basErrors {
 
@@ -64,8 +62,6 @@ void TracePop();
 // What the error dialog works with. Set while the program runs; without it a trapped error is only recorded in Err.
 struct Reporting {
     platform::Platform* platform = nullptr;
-    clsRegistry* registry = nullptr;
-    clsStrings* strings = nullptr;
     ui::Form* mainWindow = nullptr;            // owns the dialog
     std::function<ui::Picture()> exclamation;  // the dialog's picture; empty when it cannot be had
 };

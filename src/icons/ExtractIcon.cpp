@@ -5,6 +5,7 @@
 #include "icons/Bitmaps.h"
 #include "icons/ModuleFile.h"
 #include "icons/clsFileIcon.h"
+#include "util/basSystem.h"
 #include "util/clsStrings.h"
 
 namespace basMain {
@@ -25,9 +26,7 @@ Location split(const std::string& reference, const std::string& separator) {
 
 // Taken apart already: the program may stand in a folder with a "#" in its name.
 Location ownIcon(platform::Platform& platform) {
-    std::string program = platform.system.programFolder();
-    if (program.empty() || program.back() != '\\') program += '\\';
-    return {program + platform.system.programName() + ".exe", "1"};
+    return {basSystem::ProgramFile(platform), "1"};
 }
 
 // Throws basErrors::Error when the system makes no icon of the image: a box could not draw it either.

@@ -30,6 +30,10 @@ std::string UnQualifyPath(const std::string& path) {
     return path.substr(0, path.size() - 1);
 }
 
+std::string ProgramFile(platform::Platform& platform) {
+    return QualifyPath(platform.system.programFolder()) + platform.system.programName() + ".exe";
+}
+
 std::string TrimNull(const std::string& text) {
     return text.substr(0, text.find('\0'));
 }

@@ -20,6 +20,9 @@ std::string QualifyPath(const std::string& path);
 // Without a backslash behind. "C:\" stays: "C:" is another place.
 std::string UnQualifyPath(const std::string& path);
 
+// The running program's own file.
+std::string ProgramFile(platform::Platform& platform);
+
 // The text before the first NUL.
 std::string TrimNull(const std::string& text);
 
