@@ -9,11 +9,14 @@
 namespace {
 
 using basErrors::Error;
+using icons::Image;
+using icons::image;
 using platform::Bytes;
 using platform::ResourceId;
 
 constexpr const char* Library = "C:\\icons.dll";
 constexpr const char* File = "C:\\new.ico";
+constexpr std::uint16_t FirstImage = 11;
 
 struct clsFileIconTest : IconFixture {
     clsFileIcon icon{system.platform};
@@ -36,15 +39,18 @@ struct clsFileIconTest : IconFixture {
         writeFile(File, bytes);
         return failure([&] { icon.LoadIcon(File); });
     }
-    void putGroup(const Bytes& group, const std::vector<IconImage>& images) {
-        putResource(Library, platform::RtGroupIcon, std::uint16_t{1}, group);
-        putImages(Library, images);
+    // A program file with a group and images that need not belong to one another.
+    void putGroup(const Bytes& group, const std::vector<Image>& images) {
+        program(Library) = {};
+        std::uint16_t id = FirstImage;
+        for (const Image& stored : images) program(Library).add(platform::RtIcon, id++, stored.bytes);
+        program(Library).add(platform::RtGroupIcon, std::uint16_t{1}, group);
     }
 };
 
 TEST_F(clsFileIconTest, AGroupIsLoadedWithItsImagesAsStored) {
-    const std::vector<IconImage> images{iconImage(16, 4, 11), iconImage(32, 8, 12), iconImage(0, 24, 13)};
-    putGroup(groupBytes(images), images);
+    const std::vector<Image> images{image(16, 4), image(32, 8), image(256, 24)};
+    putGroup(icons::group(images, FirstImage), images);
     ASSERT_EQ(loadGroup(), "");
     ASSERT_EQ(icon.ImageCount(), 3);
     for (int i = 0; i < 3; ++i) {
@@ -82,10 +88,8 @@ TEST(IconIdentifier, IsANumberWhenItIsDecimalTextAndAResourceCanHaveIt) {
 }
 
 TEST_F(clsFileIconTest, AGroupIsFoundByNumberOrName) {
-    const std::vector<IconImage> images{iconImage(32, 8, 5)};
-    putImages(Library, images);
-    putResource(Library, platform::RtGroupIcon, std::uint16_t{4480}, groupBytes(images));
-    putResource(Library, platform::RtGroupIcon, "MAIN", groupBytes(images));
+    addIcon(Library, std::uint16_t{4480}, {32});
+    addIcon(Library, "MAIN", {16, 48});
     EXPECT_EQ(loadGroup(std::uint16_t{4480}), "");
     EXPECT_EQ(loadGroup("MAIN"), "");
     EXPECT_EQ(loadGroup("OTHER"), "Can't find resource.");
@@ -96,14 +100,14 @@ TEST_F(clsFileIconTest, AGroupIsFoundByNumberOrName) {
 TEST_F(clsFileIconTest, WhatIsWrongWithAGroupIsSaid) {
     EXPECT_EQ(loadGroup(), "Can't load library.");
 
-    const std::vector<IconImage> images{iconImage(16, 4, 11), iconImage(32, 8, 12)};
-    Bytes otherSize = groupBytes({images[0], images[0]});
-    otherSize[6 + 14 + 8] ^= 1;  // the second claim on the same image
-    Bytes claimsTooMuch = groupBytes(images);
+    const std::vector<Image> images{image(16, 4), image(32, 8)};
+    Bytes otherSize = icons::group(images, FirstImage);
+    otherSize[6 + 14 + 12] = FirstImage;  // the second entry names the first image, with another size
+    Bytes claimsTooMuch = icons::group(images, FirstImage);
     claimsTooMuch[6 + 11] = 0xFF;  // the highest byte of the first image's size
-    const std::tuple<const char*, Bytes, std::vector<IconImage>> cases[] = {
-        {"", groupBytes(images), images},
-        {"Failed to read bitmap bits from resource.", groupBytes(images), {images[0]}},
+    const std::tuple<const char*, Bytes, std::vector<Image>> cases[] = {
+        {"", icons::group(images, FirstImage), images},
+        {"Failed to read bitmap bits from resource.", icons::group(images, FirstImage), {images[0]}},
         {"Failed to read bitmap bits from resource.", claimsTooMuch, images},
         {"Failed to read bitmap bits from resource.", otherSize, images},
         {"Icon contains no images.", {0, 0, 1, 0, 0, 0}, images},
@@ -111,26 +115,40 @@ TEST_F(clsFileIconTest, WhatIsWrongWithAGroupIsSaid) {
         {"Icon Directory Array is Corrupt.", {0, 0, 1, 0, 0xFF, 0x7F}, images},
     };
     for (const auto& [message, group, stored] : cases) {
-        emptyProgram(Library);
         putGroup(group, stored);
         EXPECT_EQ(loadGroup(), message);
         EXPECT_EQ(icon.ImageCount(), *message ? 0 : 2);
     }
 }
 
+TEST_F(clsFileIconTest, AGroupTheSystemDoesNotHandOutIsNamedAsSuch) {
+    addIcon(Library, std::uint16_t{1}, {32});
+    system.modules.watch.failOn("LoadResource", 1, platform::OutOfMemory);
+    EXPECT_EQ(loadGroup(), "Can't load resource.");
+    system.modules.watch.failOn("LockResource", 1, platform::OutOfMemory);
+    EXPECT_EQ(loadGroup(), "Can't lock resource.");
+    for (const char* function : {"FindResourceA", "LoadResource", "LockResource"}) {
+        system.modules.watch.failOn(function, 2, platform::OutOfMemory);
+        EXPECT_EQ(loadGroup(), "Failed to read bitmap bits from resource.") << function;
+    }
+}
+
 TEST_F(clsFileIconTest, EveryCutOffGroupIsRefused) {
-    const std::vector<IconImage> images{iconImage(16, 1, 11), iconImage(32, 1, 12)};
-    const Bytes whole = groupBytes(images);
+    const std::vector<Image> images{image(16, 1), image(32, 1)};
+    const Bytes whole = icons::group(images, FirstImage);
     for (std::size_t length = 1; length < whole.size(); ++length) {
-        emptyProgram(Library);
         putGroup(whole.substr(0, length), images);
         EXPECT_NE(loadGroup(), "") << length;
     }
 }
 
 TEST_F(clsFileIconTest, EntriesOfOneImageShareItsBytes) {
-    const IconImage image = iconImage(48, 24, 7);
-    putGroup(groupBytes(std::vector<IconImage>(1000, image)), {image});
+    const Image stored = image(48, 24);
+    const Bytes entry = icons::group({stored}, FirstImage).substr(6);
+    icons::ByteWriter group;
+    group.u16(0).u16(1).u16(1000);
+    for (int i = 0; i < 1000; ++i) group.add(entry);
+    putGroup(group.bytes(), {stored});
     ASSERT_EQ(loadGroup(), "");
     EXPECT_EQ(icon.ImageBytes(0).data(), icon.ImageBytes(999).data());
 }
@@ -182,7 +200,7 @@ TEST_F(clsFileIconTest, WhatIsWrongWithAFileIsSaid) {
 }
 
 TEST_F(clsFileIconTest, EveryCutOffFileIsRefused) {
-    const Bytes whole = fileBytes({iconImage(16, 1, 1), iconImage(32, 1, 2)});
+    const Bytes whole = icons::file({image(16, 1), image(32, 1)});
     ASSERT_EQ(loadFile(whole), "");
     for (std::size_t length = 0; length < whole.size(); ++length) {
         EXPECT_NE(loadFile(whole.substr(0, length)), "") << length;
@@ -197,7 +215,7 @@ TEST_F(clsFileIconTest, ARefusedSaveSaysWhy) {
     const Bytes image{1, 2, 3};
     icon.AddImage({}, {image.data(), image.size()});
     EXPECT_EQ(save("C:\\no such folder\\new.ico"), "Couldn't open file for writing.");
-    system.files.capacity = 10;
+    system.simulatedFiles.capacity = 10;
     EXPECT_EQ(save(File), "General failure writing icon.");
 }
 
@@ -236,14 +254,14 @@ TEST_F(clsFileIconTest, TheImageThatServesASizeBestIsFound) {
         {{{32, 8}, {32, 8}}, 32, 0},
     };
     for (const Case& c : cases) {
-        std::vector<IconImage> images;
-        for (const auto& [width, bits] : c.images) images.push_back(iconImage(width, bits, 1));
-        ASSERT_EQ(loadFile(fileBytes(images)), "");
+        std::vector<Image> images;
+        for (const auto& [width, bits] : c.images) images.push_back(image(width, bits));
+        ASSERT_EQ(loadFile(icons::file(images)), "");
         EXPECT_EQ(icon.ImageForWidth(c.wanted), c.best) << &c - cases;
     }
-    std::vector<IconImage> old{iconImage(32, 4, 1), iconImage(32, 8, 1)};
-    for (IconImage& image : old) image.bits = 0;
-    ASSERT_EQ(loadFile(fileBytes(old)), "");
+    std::vector<Image> old{image(32, 4), image(32, 8)};
+    for (Image& stored : old) stored.bits = 0;
+    ASSERT_EQ(loadFile(icons::file(old)), "");
     EXPECT_EQ(icon.ImageForWidth(32), 1) << "an entry without bit count has it in its image";
     icon.RemoveImage(0);
     icon.RemoveImage(0);
@@ -251,7 +269,7 @@ TEST_F(clsFileIconTest, TheImageThatServesASizeBestIsFound) {
 }
 
 TEST_F(clsFileIconTest, ACloneIsAnIconOfItsOwn) {
-    ASSERT_EQ(loadFile(fileBytes({iconImage(16, 4, 1), iconImage(32, 4, 1)})), "");
+    ASSERT_EQ(loadFile(icons::file({image(16, 4), image(32, 4)})), "");
     clsFileIcon clone(system.platform);
     icon.CloneTo(clone);
     icon.RemoveImage(0);
@@ -261,14 +279,14 @@ TEST_F(clsFileIconTest, ACloneIsAnIconOfItsOwn) {
 }
 
 TEST_F(clsFileIconTest, OnlyAnImageTheSystemTakesIsDrawn) {
-    std::vector<IconImage> images{iconImage(32, 4, 1), iconImage(16, 4, 2)};
+    std::vector<Image> images{image(32, 4), image(16, 4)};
     images[1].bytes.assign(40, 0xFF);
-    ASSERT_EQ(loadFile(fileBytes(images)), "");
-    icon.DrawIconImage(0, box);
+    ASSERT_EQ(loadFile(icons::file(images)), "");
+    icon.DrawImage(0, box);
     EXPECT_EQ(box.picture().width(), 32);
     EXPECT_EQ(box.picture(), icon.IconPicture(0));
     EXPECT_NE(icon.IconHandle(0).handle(), 0U);
-    EXPECT_EQ(failure([&] { icon.DrawIconImage(1, box); }), "Icon image is damaged.");
+    EXPECT_EQ(failure([&] { icon.DrawImage(1, box); }), "Icon image is damaged.");
     EXPECT_EQ(box.picture(), icon.IconPicture(0)) << "the box keeps what it shows";
 }
 

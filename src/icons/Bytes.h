@@ -25,9 +25,9 @@ inline std::uint32_t read32(ByteSpan bytes, std::size_t at) {
 }
 
 // Fills a buffer from front to back. The buffer is as large as what is written into it.
-class ByteWriter {
+class BufferWriter {
 public:
-    explicit ByteWriter(std::span<std::uint8_t> buffer) : rest_(buffer) {}
+    explicit BufferWriter(std::span<std::uint8_t> buffer) : rest_(buffer) {}
 
     void write8(std::uint8_t number) {
         rest_[0] = number;

@@ -31,7 +31,7 @@ Entry readEntry(ByteSpan bytes) {
             icons::read16(bytes, 4), icons::read16(bytes, 6), icons::read32(bytes, 8)};
 }
 
-void writeEntry(icons::ByteWriter& writer, const Entry& entry, std::uint32_t offset) {
+void writeEntry(icons::BufferWriter& writer, const Entry& entry, std::uint32_t offset) {
     writer.write8(entry.width);
     writer.write8(entry.height);
     writer.write8(entry.colourCount);
@@ -198,7 +198,7 @@ void clsFileIcon::SaveIcon(const std::string& fileName) const {
     if (size > std::numeric_limits<std::uint32_t>::max()) raiseError(NumberWriteFailed);
 
     const cMemory memory(platform_.memory, static_cast<std::size_t>(size));
-    icons::ByteWriter writer(memory.Bytes());
+    icons::BufferWriter writer(memory.Bytes());
     writer.write16(0);
     writer.write16(TypeIcon);
     writer.write16(static_cast<std::uint16_t>(images_.size()));

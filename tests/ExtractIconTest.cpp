@@ -1,0 +1,175 @@
+#include "icons/ExtractIcon.h"
+
+#include <gtest/gtest.h>
+
+#include "app/Program.h"
+#include "errors/basErrors.h"
+#include "support/IconFixture.h"
+
+namespace {
+
+using platform::Bytes;
+
+constexpr const char* Own = "C:\\Tavimor\\Tavimor.exe";
+constexpr const char* Library = "C:\\WINDOWS\\SYSTEM\\zones.cpl";
+constexpr std::uint8_t OwnSeed = 9, LibrarySeed = 5;
+
+struct ExtractIconTest : IconFixture {
+    Program program_{system.platform};
+
+    ExtractIconTest() {
+        addIcon(Own, std::uint16_t{1}, {16, 32}, OwnSeed);
+        addIcon(Library, std::uint16_t{4480}, {16, 32, 48}, LibrarySeed);
+        addIcon(Library, "NAMED", {16}, LibrarySeed);
+    }
+    static ui::Picture picture(int size, std::uint8_t seed) {
+        const Bytes bytes = icons::image(size, 4, seed).bytes;
+        return {ui::Picture::Kind::Icon, {bytes.data(), bytes.size()}, size, size};
+    }
+    const ui::Picture& extract(const std::string& reference, int size = 32) {
+        basMain::ExtractIcon(program_, reference, "#", size, box);
+        return box.picture();
+    }
+    void addDamagedIcon(std::uint16_t name) {
+        icons::Image damaged = icons::image(32, 4);
+        damaged.bytes[14] = 3;  // no icon has 3 bits for a colour
+        icons::addTo(program(Library), name, {damaged}, 100);
+    }
+};
+
+TEST_F(ExtractIconTest, AReferenceIsDrawn) {
+    EXPECT_EQ(extract("zones.cpl#00004480"), picture(32, LibrarySeed));
+    EXPECT_EQ(extract(std::string(Library) + "#4480", 16), picture(16, LibrarySeed));
+    EXPECT_EQ(extract("zones.cpl#named"), picture(16, LibrarySeed)) << "the nearest size there is";
+    EXPECT_TRUE(basErrors::ProcStack.empty());
+}
+
+TEST_F(ExtractIconTest, WhatCannotBeDrawnShowsTheProgramsOwnIcon) {
+    addDamagedIcon(13);
+    EXPECT_EQ(basMain::DefaultIconReference(system.platform), "C:\\Tavimor\\Tavimor.exe#1");
+    for (const char* reference : {"none.dll#1", "zones.cpl#1", "zones.cpl#13", "zones.cpl#", "zones.cpl", "#4480", "",
+                                  "\"zones.cpl\"x#4480", "\"zones.cpl#4480"}) {
+        box.clear();
+        EXPECT_EQ(extract(reference), picture(32, OwnSeed)) << reference;
+    }
+    EXPECT_TRUE(basErrors::ProcStack.empty());
+}
+
+TEST_F(ExtractIconTest, TheOwnIconIsFoundInAFolderWithTheSeparatorInItsName) {
+    system.system.folder = "C:\\C#";
+    addIcon("C:\\C#\\Tavimor.exe", std::uint16_t{1}, {32}, 3);
+    EXPECT_EQ(extract(basMain::DefaultIconReference(system.platform)), picture(32, 3));
+    system.system.folder = "C:\\";
+    EXPECT_EQ(basMain::DefaultIconReference(system.platform), "C:\\Tavimor.exe#1");
+}
+
+TEST_F(ExtractIconTest, WithoutAnyIconTheBoxIsEmpty) {
+    system.system.name = "Renamed";
+    box.setPicture(picture(32, 1));
+    EXPECT_TRUE(extract("none.dll#1").empty());
+}
+
+TEST_F(ExtractIconTest, AFillOpensTheFileOfAThousandEqualIconsOnce) {
+    basMain::IconCache cache(system.platform);
+    system.modules.watch.reset();
+    for (int i = 0; i < 1000; ++i) {
+        basMain::ExtractIcon(cache, "zones.cpl#4480", "#", 32, box);
+        EXPECT_EQ(box.picture(), picture(32, LibrarySeed));
+        basMain::ExtractIcon(cache, "none.dll#" + std::to_string(i % 3), "#", 32, box);
+        EXPECT_EQ(box.picture(), picture(32, OwnSeed));
+    }
+    // one for zones.cpl, one for each of the three that are missing, one for the own icon in their place
+    EXPECT_EQ(system.modules.watch.calls("LoadLibraryExA"), 5);
+}
+
+// ---- bitmaps and picture files
+
+// 2 by 2 pixels, 24 bits for a colour, without a file header.
+Bytes smallBitmap() {
+    icons::ByteWriter out;
+    out.u32(40).u32(2).u32(2).u16(1).u16(24).fill(24).fill(16, 0x77);
+    return out.bytes();
+}
+// `gap`: bytes between header and pixels.
+Bytes bitmapFile(const Bytes& bitmap, std::uint32_t gap) {
+    icons::ByteWriter out;
+    out.u8('B').u8('M').u32(0).u32(0).u32(14 + 40 + gap);
+    out.add(bitmap.substr(0, 40)).fill(gap).add(bitmap.substr(40));
+    return out.bytes();
+}
+ui::Picture bitmapPicture() {
+    const Bytes bytes = smallBitmap();
+    return {ui::Picture::Kind::Bitmap, {bytes.data(), bytes.size()}, 2, 2};
+}
+
+TEST_F(ExtractIconTest, ABitmapResourceIsDrawnOrLeavesTheBoxEmpty) {
+    program(Library).add(platform::RtBitmap, std::uint16_t{7}, smallBitmap());
+    program(Library).add(platform::RtBitmap, "CUT", smallBitmap().substr(0, 50));
+    const auto extractBitmap = [&](const std::string& reference) {
+        box.setPicture(picture(32, 1));
+        basMain::ExtractBitmap(program_, reference, "#", box);
+        return box.picture();
+    };
+    EXPECT_EQ(extractBitmap("zones.cpl#07"), bitmapPicture());
+    for (const char* reference : {"zones.cpl#8", "zones.cpl#CUT", "none.dll#7", ""})
+        EXPECT_TRUE(extractBitmap(reference).empty()) << reference;
+}
+
+TEST_F(ExtractIconTest, APictureComesFromAnIconABitmapOrAProgramFile) {
+    writeFile("C:\\a.ico", icons::file(icons::usualImages(4)));
+    writeFile("C:\\a, b.ico", icons::file(icons::usualImages(4)));
+    writeFile("C:\\a.bmp", bitmapFile(smallBitmap(), 0));
+    writeFile("C:\\gap.bmp", bitmapFile(smallBitmap(), 10));
+    writeFile("C:\\text.ico", Bytes{'t', 'e', 'x', 't'});
+    const std::pair<const char*, ui::Picture> cases[] = {
+        {"C:\\a.ico", picture(16, 4)},
+        {"C:\\a, b.ico", picture(16, 4)},
+        {"C:\\a.bmp", bitmapPicture()},
+        {"C:\\gap.bmp", bitmapPicture()},
+        {"C:\\WINDOWS\\SYSTEM\\zones.cpl,4480", picture(16, LibrarySeed)},
+        {"zones.cpl,4481", {}},
+        {"zones.cpl,", {}},
+        {"C:\\text.ico", {}},
+        {"C:\\none.bmp", {}},
+        {"", {}},
+    };
+    for (const auto& [reference, expected] : cases)
+        EXPECT_EQ(basMain::LoadPicture(program_, reference), expected) << reference;
+    EXPECT_EQ(basMain::LoadPicture(program_, "C:\\a.ico", 48), picture(48, 4));
+}
+
+TEST_F(ExtractIconTest, ACutOffOrLyingBitmapFileGivesNoPicture) {
+    const Bytes whole = bitmapFile(smallBitmap(), 0);
+    const auto load = [&](const Bytes& bytes) {
+        writeFile("C:\\a.bmp", bytes);
+        return basMain::LoadPicture(program_, "C:\\a.bmp");
+    };
+    for (std::size_t length = 0; length < whole.size(); ++length)
+        EXPECT_TRUE(load(whole.substr(0, length)).empty()) << length;
+    const struct {
+        const char* claim;
+        std::size_t at;
+        std::uint32_t number;
+    } lies[] = {
+        {"pixels far behind", 10, 0xFFFFFFFF},
+        {"a header without end", 14, 0xFFFFFFFF},
+        {"an old header", 14, 12},
+        {"no width", 18, 0},
+        {"a negative width", 18, 0xFFFFFFFE},
+        {"much width", 18, 0x7FFFFFFF},
+        {"no height", 22, 0},
+        {"no height again", 22, 0x80000000},
+        {"much height", 22, 20000},
+        {"17 bits a colour", 26, 17 << 16},
+        {"another compression", 30, 4},
+        {"many colours", 46, 257},
+    };
+    for (const auto& lie : lies) {
+        icons::ByteWriter number;
+        number.u32(lie.number);
+        EXPECT_TRUE(load(Bytes(whole).replace(lie.at, 4, number.bytes())).empty()) << lie.claim;
+    }
+    EXPECT_FALSE(load(whole).empty());
+}
+
+}  // namespace

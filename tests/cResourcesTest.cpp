@@ -1,0 +1,74 @@
+#include "icons/cResources.h"
+
+#include <gtest/gtest.h>
+
+#include "errors/basErrors.h"
+#include "icons/basResouce.h"
+#include "support/IconFixture.h"
+
+namespace {
+
+constexpr const char* Library = "C:\\lib.dll";
+
+struct cResourcesTest : IconFixture {
+    std::vector<std::string> types() { return basResouce::GetResourceTypes(system.platform, Library); }
+    std::vector<std::string> names(const platform::ResourceId& type) {
+        return basResouce::GetResourceNames(system.platform, Library, type);
+    }
+    template <class Operation>
+    std::string failure(Operation operation) {
+        try {
+            operation();
+            return "";
+        } catch (const basErrors::Error& error) {
+            EXPECT_EQ(error.source(), "Tavimor.cResource");
+            return error.what();
+        }
+    }
+};
+
+TEST(ResourceTypeName, IsTheOneOfTheTableOrTellsTheNumber) {
+    const std::pair<int, const char*> names[] = {
+        {0, "Other (0)"},      {1, "Cursor"},
+        {2, "Bitmap"},         {3, "Icon"},
+        {4, "Menu"},           {5, "Dialog"},
+        {6, "String"},         {7, "Font Directory"},
+        {8, "Font"},           {9, "Accelerators"},
+        {10, "RC Data"},       {11, "Message Table"},
+        {12, "Group Cursor"},  {13, "Other (13)"},
+        {14, "Group Icon"},    {15, "Other (15)"},
+        {16, "Version"},       {17, "Dialog Include"},
+        {18, "Other (18)"},    {19, "VXD"},
+        {20, "VXD"},           {21, "Animated Cursor"},
+        {22, "Animated Icon"}, {23, "HTML"},
+        {24, "Other (24)"},    {65535, "Other (65535)"},
+    };
+    for (const auto& [number, name] : names) EXPECT_EQ(cResources::TypeName(static_cast<std::uint16_t>(number)), name);
+    EXPECT_EQ(cResources::TypeName("TYPELIB"), "TYPELIB");
+}
+
+TEST_F(cResourcesTest, TypesAndNamesComeInTheOrderOfTheFile) {
+    program(Library).add(std::uint16_t{16}, std::uint16_t{1}, {1}).add("TYPELIB", std::uint16_t{1}, {1});
+    addIcon(Library, "MAIN", {32});
+    addIcon(Library, std::uint16_t{7}, {32});
+    EXPECT_EQ(types(), (std::vector<std::string>{"Version", "TYPELIB", "Group Icon", "Icon"}));
+    EXPECT_EQ(names(platform::RtGroupIcon), (std::vector<std::string>{"MAIN", "#7"}));
+    EXPECT_EQ(names(platform::RtBitmap), std::vector<std::string>());
+}
+
+TEST_F(cResourcesTest, AFileWithoutResourcesHasNone) {
+    program(Library);
+    EXPECT_EQ(types(), std::vector<std::string>());
+    EXPECT_EQ(names(platform::RtGroupIcon), std::vector<std::string>());
+}
+
+TEST_F(cResourcesTest, AFailureTellsTheSystemsOwnMessage) {
+    EXPECT_EQ(failure([&] { types(); }), "Can't load library: The system cannot find the file specified.");
+    program(Library);
+    system.modules.watch.failOn("EnumResourceTypesA", 1, platform::AccessDenied);
+    EXPECT_EQ(failure([&] { types(); }), "Can't enumerate resources: Access is denied.");
+    system.modules.watch.failOn("EnumResourceNamesA", 1, 4711);
+    EXPECT_EQ(failure([&] { names(platform::RtIcon); }), "Can't enumerate resources: System error 4711.");
+}
+
+}  // namespace
