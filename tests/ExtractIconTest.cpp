@@ -10,43 +10,34 @@ namespace {
 
 using platform::Bytes;
 
-constexpr const char* Own = "C:\\Tavimor\\Tavimor.exe";
-constexpr const char* Library = "C:\\WINDOWS\\SYSTEM\\zones.cpl";
+constexpr const char* Own = "Tavimor.exe";
+constexpr const char* Library = "zones.cpl";
 constexpr std::uint8_t OwnSeed = 9, LibrarySeed = 5;
 
 struct ExtractIconTest : IconFixture {
-    Program program_{system.platform};
+    Program program{system.platform()};
 
     ExtractIconTest() {
         addIcon(Own, std::uint16_t{1}, {16, 32}, OwnSeed);
         addIcon(Library, std::uint16_t{4480}, {16, 32, 48}, LibrarySeed);
         addIcon(Library, "NAMED", {16}, LibrarySeed);
     }
-    static ui::Picture picture(int size, std::uint8_t seed) {
-        const Bytes bytes = icons::image(size, 4, seed).bytes;
-        return {ui::Picture::Kind::Icon, {bytes.data(), bytes.size()}, size, size};
-    }
     const ui::Picture& extract(const std::string& reference, int size = 32) {
-        basMain::ExtractIcon(program_, reference, "#", size, box);
+        basMain::ExtractIcon(program, reference, "#", size, box);
         return box.picture();
-    }
-    void addDamagedIcon(std::uint16_t name) {
-        icons::Image damaged = icons::image(32, 4);
-        damaged.bytes[14] = 3;  // no icon has 3 bits for a colour
-        icons::addTo(program(Library), name, {damaged}, 100);
     }
 };
 
 TEST_F(ExtractIconTest, AReferenceIsDrawn) {
     EXPECT_EQ(extract("zones.cpl#00004480"), picture(32, LibrarySeed));
-    EXPECT_EQ(extract(std::string(Library) + "#4480", 16), picture(16, LibrarySeed));
+    EXPECT_EQ(extract(system.path(Library) + "#4480", 16), picture(16, LibrarySeed));
     EXPECT_EQ(extract("zones.cpl#named"), picture(16, LibrarySeed)) << "the nearest size there is";
     EXPECT_TRUE(basErrors::ProcStack.empty());
 }
 
 TEST_F(ExtractIconTest, WhatCannotBeDrawnShowsTheProgramsOwnIcon) {
-    addDamagedIcon(13);
-    EXPECT_EQ(basMain::DefaultIconReference(system.platform), "C:\\Tavimor\\Tavimor.exe#1");
+    addDamagedIcon(Library, std::uint16_t{13});
+    EXPECT_EQ(basMain::DefaultIconReference(system.platform()), system.path("Tavimor.exe#1"));
     for (const char* reference : {"none.dll#1", "zones.cpl#1", "zones.cpl#13", "zones.cpl#", "zones.cpl", "#4480", "",
                                   "\"zones.cpl\"x#4480", "\"zones.cpl#4480"}) {
         box.clear();
@@ -56,11 +47,15 @@ TEST_F(ExtractIconTest, WhatCannotBeDrawnShowsTheProgramsOwnIcon) {
 }
 
 TEST_F(ExtractIconTest, TheOwnIconIsFoundInAFolderWithTheSeparatorInItsName) {
-    system.system.folder = "C:\\C#";
-    addIcon("C:\\C#\\Tavimor.exe", std::uint16_t{1}, {32}, 3);
-    EXPECT_EQ(extract(basMain::DefaultIconReference(system.platform)), picture(32, 3));
-    system.system.folder = "C:\\";
-    EXPECT_EQ(basMain::DefaultIconReference(system.platform), "C:\\Tavimor.exe#1");
+    TestSystem other(TestSystem::On::Simulation);
+    other.system.folder = "C:\\C#";
+    simulated::ProgramFile own;
+    icons::addTo(own, std::uint16_t{1}, {icons::image(32, 4, 3)}, 1);
+    other.addProgram("Tavimor.exe", own);
+    basMain::IconCache cache(other.platform());
+    EXPECT_EQ(cache.Icon(basMain::DefaultIconReference(other.platform()), "#", 32), picture(32, 3));
+    other.system.folder = "C:\\";
+    EXPECT_EQ(basMain::DefaultIconReference(other.platform()), "C:\\Tavimor.exe#1");
 }
 
 TEST_F(ExtractIconTest, WithoutAnyIconTheBoxIsEmpty) {
@@ -70,7 +65,7 @@ TEST_F(ExtractIconTest, WithoutAnyIconTheBoxIsEmpty) {
 }
 
 TEST_F(ExtractIconTest, AFillOpensTheFileOfAThousandEqualIconsOnce) {
-    basMain::IconCache cache(system.platform);
+    basMain::IconCache cache(system.platform());
     system.modules.watch.reset();
     for (int i = 0; i < 1000; ++i) {
         basMain::ExtractIcon(cache, "zones.cpl#4480", "#", 32, box);
@@ -103,11 +98,13 @@ ui::Picture bitmapPicture() {
 }
 
 TEST_F(ExtractIconTest, ABitmapResourceIsDrawnOrLeavesTheBoxEmpty) {
-    program(Library).add(platform::RtBitmap, std::uint16_t{7}, smallBitmap());
-    program(Library).add(platform::RtBitmap, "CUT", smallBitmap().substr(0, 50));
+    changeProgram(Library, [](simulated::ProgramFile& file) {
+        file.add(platform::RtBitmap, std::uint16_t{7}, smallBitmap());
+        file.add(platform::RtBitmap, "CUT", smallBitmap().substr(0, 50));
+    });
     const auto extractBitmap = [&](const std::string& reference) {
         box.setPicture(picture(32, 1));
-        basMain::ExtractBitmap(program_, reference, "#", box);
+        basMain::ExtractBitmap(program, reference, "#", box);
         return box.picture();
     };
     EXPECT_EQ(extractBitmap("zones.cpl#07"), bitmapPicture());
@@ -116,33 +113,33 @@ TEST_F(ExtractIconTest, ABitmapResourceIsDrawnOrLeavesTheBoxEmpty) {
 }
 
 TEST_F(ExtractIconTest, APictureComesFromAnIconABitmapOrAProgramFile) {
-    writeFile("C:\\a.ico", icons::file(icons::usualImages(4)));
-    writeFile("C:\\a, b.ico", icons::file(icons::usualImages(4)));
-    writeFile("C:\\a.bmp", bitmapFile(smallBitmap(), 0));
-    writeFile("C:\\gap.bmp", bitmapFile(smallBitmap(), 10));
-    writeFile("C:\\text.ico", Bytes{'t', 'e', 'x', 't'});
-    const std::pair<const char*, ui::Picture> cases[] = {
-        {"C:\\a.ico", picture(16, 4)},
-        {"C:\\a, b.ico", picture(16, 4)},
-        {"C:\\a.bmp", bitmapPicture()},
-        {"C:\\gap.bmp", bitmapPicture()},
-        {"C:\\WINDOWS\\SYSTEM\\zones.cpl,4480", picture(16, LibrarySeed)},
+    writeFile("a.ico", icons::file(icons::usualImages(4)));
+    writeFile("a, b.ico", icons::file(icons::usualImages(4)));
+    writeFile("a.bmp", bitmapFile(smallBitmap(), 0));
+    writeFile("gap.bmp", bitmapFile(smallBitmap(), 10));
+    writeFile("text.ico", Bytes{'t', 'e', 'x', 't'});
+    const std::pair<std::string, ui::Picture> cases[] = {
+        {system.path("a.ico"), picture(16, 4)},
+        {system.path("a, b.ico"), picture(16, 4)},
+        {system.path("a.bmp"), bitmapPicture()},
+        {system.path("gap.bmp"), bitmapPicture()},
+        {system.path("zones.cpl,4480"), picture(16, LibrarySeed)},
         {"zones.cpl,4481", {}},
         {"zones.cpl,", {}},
-        {"C:\\text.ico", {}},
+        {system.path("text.ico"), {}},
         {"C:\\none.bmp", {}},
         {"", {}},
     };
     for (const auto& [reference, expected] : cases)
-        EXPECT_EQ(basMain::LoadPicture(program_, reference), expected) << reference;
-    EXPECT_EQ(basMain::LoadPicture(program_, "C:\\a.ico", 48), picture(48, 4));
+        EXPECT_EQ(basMain::LoadPicture(program, reference), expected) << reference;
+    EXPECT_EQ(basMain::LoadPicture(program, system.path("a.ico"), 48), picture(48, 4));
 }
 
 TEST_F(ExtractIconTest, ACutOffOrLyingBitmapFileGivesNoPicture) {
     const Bytes whole = bitmapFile(smallBitmap(), 0);
     const auto load = [&](const Bytes& bytes) {
-        writeFile("C:\\a.bmp", bytes);
-        return basMain::LoadPicture(program_, "C:\\a.bmp");
+        writeFile("a.bmp", bytes);
+        return basMain::LoadPicture(program, system.path("a.bmp"));
     };
     for (std::size_t length = 0; length < whole.size(); ++length)
         EXPECT_TRUE(load(whole.substr(0, length)).empty()) << length;

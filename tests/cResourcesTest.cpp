@@ -8,12 +8,12 @@
 
 namespace {
 
-constexpr const char* Library = "C:\\lib.dll";
+constexpr const char* Library = "lib.dll";
 
 struct cResourcesTest : IconFixture {
-    std::vector<std::string> types() { return basResouce::GetResourceTypes(system.platform, Library); }
+    std::vector<std::string> types() { return basResouce::GetResourceTypes(system.platform(), system.path(Library)); }
     std::vector<std::string> names(const platform::ResourceId& type) {
-        return basResouce::GetResourceNames(system.platform, Library, type);
+        return basResouce::GetResourceNames(system.platform(), system.path(Library), type);
     }
     template <class Operation>
     std::string failure(Operation operation) {
@@ -48,23 +48,25 @@ TEST(ResourceTypeName, IsTheOneOfTheTableOrTellsTheNumber) {
 }
 
 TEST_F(cResourcesTest, TypesAndNamesComeInTheOrderOfTheFile) {
-    program(Library).add(std::uint16_t{16}, std::uint16_t{1}, {1}).add("TYPELIB", std::uint16_t{1}, {1});
+    changeProgram(Library, [](simulated::ProgramFile& program) {
+        program.add("TYPELIB", std::uint16_t{1}, {1}).add(platform::RtIcon, std::uint16_t{99}, {1});
+    });
     addIcon(Library, "MAIN", {32});
     addIcon(Library, std::uint16_t{7}, {32});
-    EXPECT_EQ(types(), (std::vector<std::string>{"Version", "TYPELIB", "Group Icon", "Icon"}));
+    EXPECT_EQ(types(), (std::vector<std::string>{"TYPELIB", "Icon", "Group Icon"}));
     EXPECT_EQ(names(platform::RtGroupIcon), (std::vector<std::string>{"MAIN", "#7"}));
     EXPECT_EQ(names(platform::RtBitmap), std::vector<std::string>());
 }
 
 TEST_F(cResourcesTest, AFileWithoutResourcesHasNone) {
-    program(Library);
+    changeProgram(Library, [](simulated::ProgramFile&) {});
     EXPECT_EQ(types(), std::vector<std::string>());
     EXPECT_EQ(names(platform::RtGroupIcon), std::vector<std::string>());
 }
 
 TEST_F(cResourcesTest, AFailureTellsTheSystemsOwnMessage) {
     EXPECT_EQ(failure([&] { types(); }), "Can't load library: The system cannot find the file specified.");
-    program(Library);
+    changeProgram(Library, [](simulated::ProgramFile&) {});
     system.modules.watch.failOn("EnumResourceTypesA", 1, platform::AccessDenied);
     EXPECT_EQ(failure([&] { types(); }), "Can't enumerate resources: Access is denied.");
     system.modules.watch.failOn("EnumResourceNamesA", 1, 4711);

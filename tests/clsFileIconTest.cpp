@@ -14,12 +14,12 @@ using icons::image;
 using platform::Bytes;
 using platform::ResourceId;
 
-constexpr const char* Library = "C:\\icons.dll";
-constexpr const char* File = "C:\\new.ico";
+constexpr const char* Library = "icons.dll";
+constexpr const char* File = "new.ico";
 constexpr std::uint16_t FirstImage = 11;
 
 struct clsFileIconTest : IconFixture {
-    clsFileIcon icon{system.platform};
+    clsFileIcon icon{system.platform()};
 
     // What the operation says when it fails; "" when it does not.
     template <class Operation>
@@ -33,18 +33,24 @@ struct clsFileIconTest : IconFixture {
         }
     }
     std::string loadGroup(const ResourceId& id = std::uint16_t{1}) {
-        return failure([&] { icon.LoadIconFromEXE(Library, id); });
+        return failure([&] { icon.LoadIconFromEXE(system.path(Library), id); });
     }
     std::string loadFile(const Bytes& bytes) {
         writeFile(File, bytes);
-        return failure([&] { icon.LoadIcon(File); });
+        return failure([&] { icon.LoadIcon(system.path(File)); });
     }
     // A program file with a group and images that need not belong to one another.
     void putGroup(const Bytes& group, const std::vector<Image>& images) {
-        program(Library) = {};
-        std::uint16_t id = FirstImage;
-        for (const Image& stored : images) program(Library).add(platform::RtIcon, id++, stored.bytes);
-        program(Library).add(platform::RtGroupIcon, std::uint16_t{1}, group);
+        changeProgram(Library, [&](simulated::ProgramFile& program) {
+            program = {};
+            std::uint16_t id = FirstImage;
+            for (const Image& stored : images) program.add(platform::RtIcon, id++, stored.bytes);
+            program.add(platform::RtGroupIcon, std::uint16_t{1}, group);
+        });
+    }
+    Bytes written() {
+        const std::string bytes = system.readFile(File).value_or("");
+        return Bytes(bytes.begin(), bytes.end());
     }
 };
 
@@ -63,7 +69,7 @@ TEST_F(clsFileIconTest, AGroupIsLoadedWithItsImagesAsStored) {
     EXPECT_EQ(icon.ImageWidth(2), 256);
     EXPECT_EQ(icon.ImageColourCount(0), 16);
     EXPECT_EQ(icon.ImageColourCount(2), 16777216);
-    EXPECT_EQ(icon.FileName(), Library);
+    EXPECT_EQ(icon.FileName(), system.path(Library));
     EXPECT_EQ(icon.ResourceID(), ResourceId(std::uint16_t{1}));
 }
 
@@ -159,19 +165,19 @@ TEST_F(clsFileIconTest, AFileIsWrittenByteForByteAndReadBack) {
     const Bytes first{1, 2, 3}, second{4, 5};
     icon.AddImage({16, 32, 2, 9, 1, 4, 0}, {first.data(), first.size()});
     icon.AddImage({0, 0, 0, 0, 1, 0x0118, 77}, {second.data(), second.size()});
-    icon.SaveIcon(File);
+    icon.SaveIcon(system.path(File));
     const Bytes expected{0,  0,  1, 0, 2, 0,                                    //
                          16, 32, 2, 9, 1, 0, 4,    0, 3, 0, 0, 0, 38, 0, 0, 0,  //
                          0,  0,  0, 0, 1, 0, 0x18, 1, 2, 0, 0, 0, 41, 0, 0, 0,  //
                          1,  2,  3, 4, 5};
-    EXPECT_EQ(readFile(File), expected);
+    EXPECT_EQ(written(), expected);
 
     ASSERT_EQ(loadFile(expected), "");
     EXPECT_EQ(icon.ImageCount(), 2);
     icon.RemoveImage(0);
-    icon.SaveIcon(File);
+    icon.SaveIcon(system.path(File));
     const Bytes rest{0, 0, 1, 0, 1, 0, 0, 0, 0, 0, 1, 0, 0x18, 1, 2, 0, 0, 0, 22, 0, 0, 0, 4, 5};
-    EXPECT_EQ(readFile(File), rest);
+    EXPECT_EQ(written(), rest);
 }
 
 TEST_F(clsFileIconTest, WhatIsWrongWithAFileIsSaid) {
@@ -209,14 +215,14 @@ TEST_F(clsFileIconTest, EveryCutOffFileIsRefused) {
 }
 
 TEST_F(clsFileIconTest, ARefusedSaveSaysWhy) {
-    const auto save = [&](const char* name) { return failure([&] { icon.SaveIcon(name); }); };
+    const auto save = [&](const std::string& name) { return failure([&] { icon.SaveIcon(name); }); };
     EXPECT_EQ(save(""), "No filename specified.");
-    EXPECT_EQ(save(File), "Icon contains no images.");
+    EXPECT_EQ(save(system.path(File)), "Icon contains no images.");
     const Bytes image{1, 2, 3};
     icon.AddImage({}, {image.data(), image.size()});
     EXPECT_EQ(save("C:\\no such folder\\new.ico"), "Couldn't open file for writing.");
-    system.simulatedFiles.capacity = 10;
-    EXPECT_EQ(save(File), "General failure writing icon.");
+    system.files.watch.failOn("append", 1, platform::DiskFull);
+    EXPECT_EQ(save(system.path(File)), "General failure writing icon.");
 }
 
 // ---- images
@@ -270,23 +276,23 @@ TEST_F(clsFileIconTest, TheImageThatServesASizeBestIsFound) {
 
 TEST_F(clsFileIconTest, ACloneIsAnIconOfItsOwn) {
     ASSERT_EQ(loadFile(icons::file({image(16, 4), image(32, 4)})), "");
-    clsFileIcon clone(system.platform);
+    clsFileIcon clone(system.platform());
     icon.CloneTo(clone);
     icon.RemoveImage(0);
-    EXPECT_EQ(clone.FileName(), File);
+    EXPECT_EQ(clone.FileName(), system.path(File));
     EXPECT_EQ(clone.ImageCount(), 2);
     EXPECT_EQ(clone.ImageWidth(0), 16);
 }
 
 TEST_F(clsFileIconTest, OnlyAnImageTheSystemTakesIsDrawn) {
     std::vector<Image> images{image(32, 4), image(16, 4)};
-    images[1].bytes.assign(40, 0xFF);
+    images[1].bytes.assign(images[1].bytes.size(), 0xFF);
     ASSERT_EQ(loadFile(icons::file(images)), "");
-    icon.DrawImage(0, box);
+    icon.DrawIconImage(0, box);
     EXPECT_EQ(box.picture().width(), 32);
     EXPECT_EQ(box.picture(), icon.IconPicture(0));
     EXPECT_NE(icon.IconHandle(0).handle(), 0U);
-    EXPECT_EQ(failure([&] { icon.DrawImage(1, box); }), "Icon image is damaged.");
+    EXPECT_EQ(failure([&] { icon.DrawIconImage(1, box); }), "Icon image is damaged.");
     EXPECT_EQ(box.picture(), icon.IconPicture(0)) << "the box keeps what it shows";
 }
 
