@@ -164,7 +164,7 @@ void clsRegistry::MakeKey(const std::string& name) {
         Require(KeyCreateSubKey);
         HKey created = 0;
         const Result code = platform_.registry.RegCreateKeyExA(handle_, name, KeyAllAccess, created);
-        CheckApiResult(code);
+        CheckWrite(code);
         if (code == Success) platform_.registry.RegCloseKey(created);
     });
 }
@@ -172,7 +172,7 @@ void clsRegistry::MakeKey(const std::string& name) {
 void clsRegistry::DeleteKey(const std::string& name) {
     procedure("clsRegistry.DeleteKey", [&] {
         Require(KeySetValue);
-        CheckApiResult(platform_.registry.RegDeleteKeyA(handle_, name));
+        CheckWrite(platform_.registry.RegDeleteKeyA(handle_, name));
     });
 }
 
@@ -197,6 +197,11 @@ void clsRegistry::RaiseClassError(int number) {
     basErrors::Err = {error.number, error.source, error.description};
     basErrors::ErrLine = "0";
     basErrors::ShowError();
+}
+
+void clsRegistry::CheckWrite(Result code) {
+    if (code != Success) ++refusedWrites_;
+    CheckApiResult(code);
 }
 
 void clsRegistry::CheckApiResult(Result code) {

@@ -76,6 +76,10 @@ public:
     // Part 1: the hexadecimal form in a DWORD's text as DirValue gives it; part 2: the decimal form; else "".
     std::string ParseDWord(const std::string& text, int part);
 
+    // How many writes (values set or deleted, keys made or deleted) the system has refused since the session began. The
+    // session drops them in silence; whoever has to tell the user compares the number before and after.
+    std::uint32_t RefusedWrites() const { return refusedWrites_; }
+
     // Whether DirKey would list anything, without listing it.
     bool HasKeys();
 
@@ -90,6 +94,7 @@ private:
     static std::string strRoot(const std::string& path);  // of an absolute path
     static std::string strPath(const std::string& path);  // what follows the root, without backslash
     void CheckApiResult(platform::Result code);
+    void CheckWrite(platform::Result code);
     // Opens the key again with `access` added, unless the open handle has it already.
     void Require(platform::AccessMask access);
     // Makes `handle` the open one and closes the one before.
@@ -102,4 +107,5 @@ private:
     std::string currentPath_;
     platform::HKey handle_ = 0;
     platform::AccessMask access_ = 0;  // what handle_ was opened for
+    std::uint32_t refusedWrites_ = 0;
 };

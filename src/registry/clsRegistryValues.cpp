@@ -132,15 +132,15 @@ void clsRegistry::ValueOf(const std::string& name, int type, const Variant& valu
         const auto data = dataToStore(static_cast<ValueType>(type), value);
         if (!data) return RaiseClassError(3);
         Require(KeySetValue);
-        CheckApiResult(platform_.registry.RegSetValueExA(handle_, name, StoredTypes[type], data->data(),
-                                                         static_cast<std::uint32_t>(data->size())));
+        CheckWrite(platform_.registry.RegSetValueExA(handle_, name, StoredTypes[type], data->data(),
+                                                     static_cast<std::uint32_t>(data->size())));
     });
 }
 
 void clsRegistry::DeleteValue(const std::string& name) {
     procedure("clsRegistry.DeleteValue", [&] {
         Require(KeySetValue);
-        CheckApiResult(platform_.registry.RegDeleteValueA(handle_, name));
+        CheckWrite(platform_.registry.RegDeleteValueA(handle_, name));
     });
 }
 

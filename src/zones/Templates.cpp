@@ -35,6 +35,12 @@ void copyTemplate(clsRegistry& registry, const Level& level, const std::string& 
 
 }  // namespace
 
+bool hasTemplate(clsRegistry& registry, int level) {
+    registry.cD("\\");
+    registry.cD(std::string(TemplatesKey) + "\\" + Levels.at(static_cast<std::size_t>(level)).name);
+    return registry.DirValue().has_value();
+}
+
 void SaveSecurityLevel(clsRegistry& registry, const std::string& zone, int level) {
     procedure(SaveNames.at(static_cast<std::size_t>(level)), [&] {
         const Level& wanted = Levels[static_cast<std::size_t>(level)];

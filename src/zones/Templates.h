@@ -12,6 +12,9 @@ namespace zones {
 inline constexpr const char* TemplatesKey =
     "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\TemplatePolicies";
 
+// Whether the machine has settings for the level `level` (a place in Levels, 0 to 3).
+bool hasTemplate(clsRegistry& registry, int level);
+
 // Gives the zone every setting of the level `level` (a place in Levels, 0 to 3) and records the level as its current
 // one. Settings that the template lacks stay. Nothing changes when there is no such template.
 void SaveSecurityLevel(clsRegistry& registry, const std::string& zone, int level);
