@@ -264,6 +264,11 @@ public:
     C& add(Place place, Bounds bounds, Args&&... args) {
         return controls_.emplace_back(place, name_, bounds, std::forward<Args>(args)..., size());
     }
+    // For arrays that stand on the form from the last one down: each is made before the one below it.
+    template <class... Args>
+    C& addInFront(int index, Place place, Bounds bounds, Args&&... args) {
+        return controls_.emplace_front(place, name_, bounds, std::forward<Args>(args)..., index);
+    }
     C& operator()(int index) { return controls_.at(static_cast<std::size_t>(index)); }
     const C& operator()(int index) const { return controls_.at(static_cast<std::size_t>(index)); }
     int size() const { return static_cast<int>(controls_.size()); }
