@@ -1,6 +1,8 @@
 #include "app/frmMain.h"
 
 #include "app/basMain.h"
+#include "editing/frmAdd.h"
+#include "editing/frmEdit.h"
 #include "errors/basErrors.h"
 #include "icons/ExtractIcon.h"
 #include "ui/Desktop.h"
@@ -99,6 +101,8 @@ frmMain::frmMain(Program& program)
     lvwZones.onItemClick = [this](int item) { lvwZones_ItemClick(item); };
     tmrIconSpace.onTimer = [this] { tmrIconSpace_Timer(); };
     mnuFileExit.onClick = [this] { mnuFileExit_Click(); };
+    mnuEditEdit.onClick = [this] { cmdZoneOption_Click(0); };
+    mnuEditAdd.onClick = [this] { cmdZoneOption_Click(1); };
     mnuEditDelete.onClick = [this] { cmdZoneOption_Click(2); };
     mnuViewBasic.onClick = [this] { mnuViewBasic_Click(); };
     mnuViewAdv.onClick = [this] { mnuViewAdv_Click(); };
@@ -106,9 +110,7 @@ frmMain::frmMain(Program& program)
 
     // Commands whose windows are still to come.
     mnuEditOESecurity.add("mnuOEUser", "(no identities)", 0).setEnabled(false);
-    for (ui::MenuItem* item : {&mnuFileBackup, &mnuFileRestore, &mnuEditEdit, &mnuEditAdd}) item->setEnabled(false);
-    cmdZoneOption(0).setEnabled(false);
-    cmdZoneOption(1).setEnabled(false);
+    for (ui::MenuItem* item : {&mnuFileBackup, &mnuFileRestore}) item->setEnabled(false);
 
     setHeight(heightFor(LogoAt, LogoHeight));
     program_.mainWindow = this;
@@ -266,8 +268,27 @@ void frmMain::GetRecMinSettings(const std::string& zone) {
 
 void frmMain::cmdZoneOption_Click(int index) {
     procedure("frmMain.cmdZoneOption_Click", [&] {
+        if (index == 0) EditSelectedZone();
+        if (index == 1) AddZone();
         if (index == 2) DeleteSelectedZone();
     });
+}
+
+void frmMain::EditSelectedZone() {
+    if (lvwZones.selected() == 0) return;
+    frmEdit dialog(program_);
+    dialog.load();
+    dialog.general.details.txtZoneName.setText(lblZoneName.caption());
+    dialog.general.details.txtZoneDescription.setText(lblZoneCaption.caption());
+    dialog.general.details.DrawIcon();
+    dialog.showModal(this);
+}
+
+void frmMain::AddZone() {
+    frmAdd dialog(program_);
+    dialog.load();
+    dialog.details.DrawIcon(program_.registry.GetIconForOS());
+    dialog.showModal(this);
 }
 
 void frmMain::DeleteSelectedZone() {

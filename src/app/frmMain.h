@@ -55,6 +55,8 @@ protected:
 private:
     void lvwZones_ItemClick(int item);
     void cmdZoneOption_Click(int index);
+    void EditSelectedZone();
+    void AddZone();
     void DeleteSelectedZone();
     void mnuFileExit_Click();
     void mnuViewBasic_Click();

@@ -1,0 +1,88 @@
+#include "editing/ZoneDetails.h"
+
+#include <utility>
+
+#include "editing/GCommonDialog.h"
+#include "errors/basErrors.h"
+#include "icons/ExtractIcon.h"
+#include "icons/frmIconSelector.h"
+#include "ui/Desktop.h"
+#include "zones/Defaults.h"
+
+namespace {
+
+// The browser reads longer ones as empty.
+constexpr int LongestName = 259, LongestDescription = 199;
+
+constexpr ui::Twips Margin = 120, LabelHeight = 225, BoxHeight = 285, IconSize = 540;
+
+void SelectText(ui::TextBox& box) {
+    box.selectAll();
+}
+
+}  // namespace
+
+ZoneDetails::ZoneDetails(Program& program, ui::Place place, ui::Twips width, const char* hint, const Traces& traces)
+    // Zone Name
+    // [................................]
+    : zzzlblName(place, "zzzlblName", {Margin, 120, width - 2 * Margin, LabelHeight}, "Zone Name"),
+      txtZoneName(place, "txtZoneName", {Margin, 345, width - 2 * Margin, BoxHeight}),
+      // Zone Description
+      // [................................]
+      zzzlblDescription(place, "zzzlblDescription", {Margin, 780, width - 2 * Margin, LabelHeight}, "Zone Description"),
+      txtZoneDescription(place, "txtZoneDescription", {Margin, 1005, width - 2 * Margin, BoxHeight}),
+      // [icon]  <-- Click to change icon.
+      picIcon(place, "picIcon", {Margin, 1530, IconSize, IconSize}, ui::PictureBox::Border::Sunken),
+      zzzlblHint(place, "zzzlblHint", {780, 1688, width - 780 - Margin, LabelHeight}, hint),
+      program_(program) {
+    txtZoneName.setMaxLength(LongestName);
+    txtZoneDescription.setMaxLength(LongestDescription);
+    picIcon.setTabStop(true);
+
+    txtZoneName.onGotFocus = [this, traces] { procedure(traces.nameGotFocus, [&] { SelectText(txtZoneName); }); };
+    txtZoneDescription.onGotFocus = [this, traces] {
+        procedure(traces.descriptionGotFocus, [&] { SelectText(txtZoneDescription); });
+    };
+    picIcon.onClick = [this, traces] { procedure(traces.iconClick, [&] { ChooseIcon(); }); };
+}
+
+void ZoneDetails::DrawIcon(const std::string& reference) {
+    basMain::ExtractIcon(program_, reference, "#", 32, picIcon);
+}
+
+bool ZoneDetails::Complete() {
+    if (selection.iconFile.empty()) {
+        selection.iconFile = zones::fallbackIconFile(program_.platform);
+        selection.iconResource = zones::FallbackIconResource;
+    }
+    return Given(txtZoneName, "You must give this zone a name.") &&
+           Given(txtZoneDescription, "You must give this zone a description.");
+}
+
+bool ZoneDetails::Given(ui::TextBox& box, const char* message) {
+    if (box.text().find_first_not_of(' ') != std::string::npos) return true;
+    program_.platform.desktop.messageBox(message, AppTitle, ui::MessageStyle::Exclamation);
+    box.setFocus();
+    SelectText(box);  // also when the box had the focus all the time
+    return false;
+}
+
+void ZoneDetails::Write() {
+    clsRegistry& registry = program_.registry;
+    registry.ValueOf("DisplayName", ValueType::String, txtZoneName.text());
+    registry.ValueOf("Description", ValueType::String, txtZoneDescription.text());
+    registry.ValueOf("Icon", ValueType::String, selection.iconFile + "#" + selection.iconResource);
+}
+
+void ZoneDetails::ChooseIcon() {
+    const auto file = GCommonDialog::BrowseForIcons(program_.platform, selection.iconFile);
+    if (!file) return;
+    frmIconSelector selector(program_, *file, picIcon);
+    ShowOn(selector);
+}
+
+void ZoneDetails::ShowOn(ui::Form& dialog) {
+    const zones::Selection mainWindows = std::exchange(program_.selection, selection);
+    dialog.showModal(&picIcon.form());
+    selection = std::exchange(program_.selection, mainWindows);
+}

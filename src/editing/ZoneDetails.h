@@ -1,0 +1,47 @@
+// Name, description and icon of a zone, as the dialogs for an existing and for a new zone ask for them.
+#pragma once
+
+#include "app/Program.h"
+#include "ui/Controls.h"
+
+class ZoneDetails {
+public:
+    // The procedure names of the events, literals: each dialog has its own.
+    struct Traces {
+        const char* nameGotFocus;
+        const char* descriptionGotFocus;
+        const char* iconClick;
+    };
+    // Stands at the top of `place` with the usual margins; `width` is that of the place.
+    ZoneDetails(Program& program, ui::Place place, ui::Twips width, const char* hint, const Traces& traces);
+    static constexpr ui::Twips Height = 2310;  // with the margins
+
+    ui::Label zzzlblName;
+    ui::TextBox txtZoneName;
+    ui::Label zzzlblDescription;
+    ui::TextBox txtZoneDescription;
+    ui::PictureBox picIcon;
+    ui::Label zzzlblHint;
+
+    // The zone being edited, and its icon as chosen so far. Its own: the main window's selection moves on with each
+    // rebuild of the list.
+    zones::Selection selection;
+
+    // Draws the icon of a reference, or that of the selection.
+    void DrawIcon(const std::string& reference);
+    void DrawIcon() { DrawIcon(selection.iconFile + "#" + selection.iconResource); }
+
+    // Whether the zone can be saved. A zone without icon gets the browser's own; a blank name or description is
+    // refused with a message, and its box gets the focus.
+    bool Complete();
+    // Writes the three values into the key where the session stands.
+    void Write();
+    // Shows a dialog that works on the program-wide selection: meanwhile that is this one.
+    void ShowOn(ui::Form& dialog);
+
+private:
+    void ChooseIcon();
+    bool Given(ui::TextBox& box, const char* message);
+
+    Program& program_;
+};

@@ -1,0 +1,46 @@
+#include "editing/frmAdd.h"
+
+#include "app/frmMain.h"
+#include "editing/ZoneChange.h"
+#include "errors/basErrors.h"
+#include "zones/Templates.h"
+
+namespace {
+
+constexpr ui::Twips Margin = 120, Width = 6000, ButtonWidth = 1215, ButtonHeight = 375;
+constexpr ui::Twips ButtonTop = ZoneDetails::Height;
+
+constexpr ZoneDetails::Traces AddTraces{"frmAdd.txtZoneName_GotFocus", "frmAdd.txtZoneDescription_GotFocus",
+                                        "frmAdd.picIcon_Click"};
+
+}  // namespace
+
+frmAdd::frmAdd(Program& program)
+    : Form(program.platform.desktop, Kind::Dialog, "frmAdd", "Add Zone", {Width, ButtonTop + ButtonHeight + Margin}),
+      details(program, *this, Width, "<-- Click to select icon.", AddTraces),
+      cmdGeneral(*this, "cmdGeneral", {Width - Margin - ButtonWidth, ButtonTop, ButtonWidth, ButtonHeight}, "Apply"),
+      program_(program) {
+    setDefaultButton(cmdGeneral);
+    cmdGeneral.onClick = [this] { cmdGeneral_Click(); };
+}
+
+void frmAdd::cmdGeneral_Click() {
+    procedure("frmAdd.cmdGeneral_Click", [&] {
+        if (!details.Complete()) return;
+        // The zones are numbered from 0 on, so their count is the next number. With a gap it is a zone that exists,
+        // whose values are written over.
+        const std::string zone = std::to_string(program_.mainWindow->lvwZones.count());
+        editing::change(program_, zone, [&] { CreateZone(zone); });
+        program_.mainWindow->RebuildList();
+        if (editing::exists(program_, zone)) unload();
+    });
+}
+
+void frmAdd::CreateZone(const std::string& zone) {
+    clsRegistry& registry = program_.registry;
+    zones::goToZones(registry);
+    registry.MakeKey(zone);
+    registry.cD(zone);
+    details.Write();
+    zones::SetDefaults(registry, zone);
+}

@@ -1,0 +1,19 @@
+// The dialog that makes a new zone: name, description and icon from the user, everything else as for a safe zone.
+#pragma once
+
+#include "editing/ZoneDetails.h"
+#include "ui/Form.h"
+
+class frmAdd : public ui::Form {
+public:
+    explicit frmAdd(Program& program);
+
+    ZoneDetails details;
+    ui::CommandButton cmdGeneral;
+
+private:
+    void cmdGeneral_Click();
+    void CreateZone(const std::string& zone);
+
+    Program& program_;
+};

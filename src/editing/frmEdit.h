@@ -1,0 +1,53 @@
+// The dialog in which one zone is edited, on three pages: name, description and icon; flags; security levels.
+//
+// A page is read from the registry each time its tab is chosen, and saved by its own "Apply".
+#pragma once
+
+#include "app/Program.h"
+#include "editing/frmEditPages.h"
+#include "ui/Form.h"
+
+class frmEdit : public ui::Form {
+public:
+    // Edits the zone that is selected when it is loaded.
+    explicit frmEdit(Program& program);
+
+    ui::TabStrip TabStrip1;
+    ui::ControlArray<ui::PictureBox> Picture1;  // the pages
+    GeneralPage general;
+    FlagsPage flags;
+    LevelsPage levels;
+    ui::CommandButton cmdClose;
+
+protected:
+    void Form_Load() override;
+
+private:
+    ui::PictureBox& addPage();
+    void ConnectEvents();
+    const std::string& zone() const { return general.details.selection.zone; }
+
+    void RepairMyComputer();
+    void TabStrip1_Click();
+    void ShowPage(int page);
+    void cmdClose_Click();
+
+    void cmdGeneral_Click(int index);
+    void SaveGeneral();
+    void GetDefaults();
+
+    void cmdFlags_Click(int index);
+    void GetFlags();
+    void ShowFlags(std::uint32_t bits);
+    void SaveFlags();
+
+    void cboSetting_Click(int index);
+    void cmdApply_Click(int index);
+    bool SaveLevel(int index, const std::string& chosen);
+    bool SaveTemplate(int level);
+    void cmdSecurity_Click();
+    void GetRecMinSettings();
+    void ReadLevel(int index);
+
+    Program& program_;
+};

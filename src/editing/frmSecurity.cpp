@@ -1,0 +1,209 @@
+#include "editing/frmSecurity.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <vector>
+
+#include "app/frmMain.h"
+#include "editing/ZoneChange.h"
+#include "errors/basErrors.h"
+#include "icons/ExtractIcon.h"
+#include "util/numbers.h"
+
+namespace {
+
+// The browser's description of its settings: below it groups, below them settings, below them options.
+constexpr const char* SettingsKey =
+    "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\SO";
+// The settings of the browser's own Java are never offered.
+constexpr const char* SkippedKey = "Microsoft VM";
+constexpr const char* NoString = "** ERROR Retrieving string - frmSecurity.ExtractString **";
+
+constexpr ui::Twips Margin = 120, ButtonWidth = 1215, ButtonHeight = 375;
+constexpr ui::Size Client{6000, 5640};
+constexpr ui::Twips Inner = Client.width - 2 * Margin;
+constexpr ui::Twips ButtonTop = Client.height - Margin - ButtonHeight;
+constexpr ui::Twips TreeHeight = ButtonTop - 2 * Margin;
+
+std::string textOf(clsRegistry& registry, const char* name) {
+    const auto value = registry.ValueOf(name);
+    return value ? value->text : std::string();
+}
+
+// Runs `visit` with the session in each subkey in turn.
+template <class Visit>
+void forEachKey(clsRegistry& registry, Visit visit) {
+    const auto keys = registry.DirKey();
+    if (!keys) return;
+    for (const std::string& key : *keys) {
+        if (key == SkippedKey) continue;
+        registry.cD(key + "\\");  // a blank behind a key's name counts
+        visit();
+        registry.cD("..");
+    }
+}
+
+}  // namespace
+
+// The selected zone's values while the tree is being filled: a session of their own, as the shared one stands among
+// the settings then, and each value read once for all options of its setting.
+struct frmSecurity::ZoneValues {
+    explicit ZoneValues(Program& program)
+        : session(program.platform, program.strings),
+          found(editing::goToZoneByPlace(session, program.selection.zone)) {}
+
+    clsRegistry session;
+    bool found;
+    std::unordered_map<std::string, std::optional<std::int32_t>> read;
+};
+
+frmSecurity::frmSecurity(Program& program)
+    : Form(program.platform.desktop, Kind::Dialog, "frmSecurity", "Custom Security", Client),
+      TVMRTreeView1(*this, "TVMRTreeView1", {Margin, Margin, Inner, TreeHeight}),
+      ilsGroups(*this, "ilsGroups", 16),
+      picTemp(*this, "picTemp", {0, 0, 240, 240}),
+      cmdClose(*this, "cmdClose", {Client.width - Margin - ButtonWidth, ButtonTop, ButtonWidth, ButtonHeight}, "Close"),
+      program_(program) {
+    picTemp.setVisible(false);
+    TVMRTreeView1.setImages(&ilsGroups);
+    setDefaultButton(cmdClose);
+    setCancelButton(cmdClose);
+
+    TVMRTreeView1.onOptionClick = [this](int node) { TVMRTreeView1_OptionClick(node); };
+    cmdClose.onClick = [this] { cmdClose_Click(); };
+}
+
+void frmSecurity::Form_Load() {
+    procedure("frmSecurity.Form_Load", [&] { FillTree(); });
+}
+
+void frmSecurity::cmdClose_Click() {
+    procedure("frmSecurity.cmdClose_Click", [&] { unload(); });
+}
+
+// The tree ------------------------------------------------------------------------------------------------------
+
+void frmSecurity::FillTree() {
+    procedure("frmSecurity.FillTree", [&] {
+        ZoneValues values(program_);
+        clsRegistry& registry = program_.registry;
+        registry.cD("\\");
+        registry.cD(SettingsKey);
+        forEachKey(registry, [&] { AddGroup(values); });
+        if (TVMRTreeView1.count() > 0) TVMRTreeView1.ensureVisible(1);
+    });
+}
+
+void frmSecurity::AddGroup(ZoneValues& values) {
+    clsRegistry& registry = program_.registry;
+    ui::TreeNode group;
+    group.text = textOf(registry, "Text");
+    group.image = AddPicture(textOf(registry, "Bitmap"));
+    const int number = TVMRTreeView1.add(group);
+    forEachKey(registry, [&] { AddSetting(values, number); });
+}
+
+void frmSecurity::AddSetting(ZoneValues& values, int group) {
+    ui::TreeNode setting;
+    setting.text = SettingCaption();
+    setting.parent = group;
+    const int number = TVMRTreeView1.add(setting);
+    forEachKey(program_.registry, [&] { AddOption(values, number); });
+}
+
+// A caption that begins with "%" only stands for the text in the browser's resources.
+std::string frmSecurity::SettingCaption() {
+    const std::string text = textOf(program_.registry, "Text");
+    if (!text.empty() && text.front() != '%') return text;
+    const std::string reference = textOf(program_.registry, "PlugUIText");
+    return text.empty() && reference.empty() ? text : ExtractString(reference);
+}
+
+// What has neither a value's name nor a number is no option but a deeper branch of a longer tree. With only one of
+// them it is shown, but there is nothing that a click could write. Value names are hexadecimal numbers; a "," or a
+// quote would take the tag apart at the wrong place.
+void frmSecurity::AddOption(ZoneValues& values, int setting) {
+    clsRegistry& registry = program_.registry;
+    const std::string name = textOf(registry, "ValueName");
+    ValueType type = ValueType::String;
+    const auto checked = registry.ValueOf("CheckedValue", type);
+    if (name.empty() && !checked) return;
+
+    ui::TreeNode option;
+    option.text = textOf(registry, "Text");
+    option.parent = setting;
+    if (checked && type == ValueType::Dword && !name.empty() && name.find_first_of(",\"") == std::string::npos) {
+        option.option = true;
+        option.tag = name + "," + checked->display;
+        option.selected =
+            GetValue(values, name) == static_cast<std::int32_t>(static_cast<std::uint32_t>(checked->number));
+    }
+    TVMRTreeView1.add(option);
+}
+
+int frmSecurity::AddPicture(const std::string& bitmap) {
+    if (bitmap.empty()) return 0;
+    picTemp.setPicture(basMain::LoadPicture(program_, ExpandPath(bitmap), ilsGroups.size()));
+    return picTemp.picture().empty() ? 0 : ilsGroups.add(picTemp.picture());
+}
+
+std::string frmSecurity::ExpandPath(const std::string& path) {
+    return procedure("frmSecurity.ExpandPath",
+                     [&] { return program_.platform.system.ExpandEnvironmentStringsA(path); });
+}
+
+std::string frmSecurity::ExtractString(const std::string& reference) {
+    return procedure("frmSecurity.ExtractString", [&]() -> std::string {
+        if (reference.empty() || reference.find('"') != std::string::npos) return NoString;  // no file has quotes
+        program_.strings.Initialise(reference.substr(1), ",");
+        const std::string file = program_.strings.ElementAsString(1);
+        const std::string number = program_.strings.ElementAsString(2);
+        const auto id = number.empty() ? std::nullopt : util::wholeNumber(number.substr(1));
+        platform::Modules& modules = program_.platform.modules;
+        const platform::Module module = id ? modules.LoadLibraryExA(file) : 0;
+        if (!module) return NoString;
+        std::string text = modules.LoadStringA(module, *id);
+        modules.FreeLibrary(module);
+        return text.empty() ? NoString : text;
+    });
+}
+
+std::optional<std::int32_t> frmSecurity::GetValue(ZoneValues& values, const std::string& name) {
+    return procedure("frmSecurity.GetValue", [&]() -> std::optional<std::int32_t> {
+        if (!values.found) return std::nullopt;
+        const auto [entry, isNew] = values.read.try_emplace(name);
+        if (isNew) {
+            ValueType type = ValueType::String;
+            const auto value = values.session.ValueOf(name, type);
+            if (value && type == ValueType::Dword)
+                entry->second = static_cast<std::int32_t>(static_cast<std::uint32_t>(value->number));
+        }
+        return entry->second;
+    });
+}
+
+// An option -----------------------------------------------------------------------------------------------------
+
+void frmSecurity::TVMRTreeView1_OptionClick(int node) {
+    procedure("frmSecurity.TVMRTreeView1_OptionClick", [&] {
+        program_.strings.Initialise(TVMRTreeView1.node(node).tag, ",");
+        const std::string name = program_.strings.ElementAsString(1);
+        const auto number = util::wholeNumber(program_.strings.ElementAsString(2));
+        if (!number) return;
+
+        clsRegistry& registry = program_.registry;
+        const std::string& zone = program_.selection.zone;
+        const bool written = editing::change(program_, zone, [&] {
+            zones::goToZone(registry, zone);
+            registry.ValueOf("CurrentLevel", ValueType::Dword, 0.0);
+            registry.ValueOf(name, ValueType::Dword, static_cast<double>(*number));
+        });
+        ui::raise(onWritten);
+        program_.mainWindow->UpdateLabels(zone);
+        if (written) return;
+        // The option is not in force: show what is.
+        TVMRTreeView1.clear();
+        ilsGroups.clear();
+        FillTree();
+    });
+}

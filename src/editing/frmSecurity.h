@@ -1,0 +1,49 @@
+// The dialog for the single security settings of the selected zone.
+//
+// It knows no setting itself: groups, settings and options come from the browser's own description of them in the
+// registry. An option that is clicked is written at once.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "app/Program.h"
+#include "editing/TVMRTreeView.h"
+#include "ui/Form.h"
+
+class frmSecurity : public ui::Form {
+public:
+    explicit frmSecurity(Program& program);
+
+    // Raised after a setting has been written: the zone's level is custom now.
+    ui::Event onWritten;
+
+    TVMRTreeView TVMRTreeView1;
+    ui::ImageList ilsGroups;
+    ui::PictureBox picTemp;  // hidden: each group's picture is loaded here on its way into the image list
+    ui::CommandButton cmdClose;
+
+    // Resolves "@file,-number" in the string resources of a program file. A text that says so when there is no such
+    // string.
+    std::string ExtractString(const std::string& reference);
+    std::string ExpandPath(const std::string& path);
+
+protected:
+    void Form_Load() override;
+
+private:
+    struct ZoneValues;
+
+    void FillTree();
+    void AddGroup(ZoneValues& values);
+    void AddSetting(ZoneValues& values, int group);
+    void AddOption(ZoneValues& values, int setting);
+    std::string SettingCaption();
+    int AddPicture(const std::string& bitmap);
+    std::optional<std::int32_t> GetValue(ZoneValues& values, const std::string& name);
+    void TVMRTreeView1_OptionClick(int node);
+    void cmdClose_Click();
+
+    Program& program_;
+};
