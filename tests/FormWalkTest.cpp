@@ -7,6 +7,9 @@
 #include <memory>
 
 #include "app/frmMain.h"
+#include "editing/frmAdd.h"
+#include "editing/frmEdit.h"
+#include "editing/frmSecurity.h"
 #include "errors/frmError.h"
 #include "icons/frmIconSelector.h"
 #include "support/TestSystem.h"
@@ -26,6 +29,9 @@ std::unique_ptr<ui::Form> makeForm(Program& program) {
 // Every form there is.
 const FormCase Forms[] = {
     {"frmMain", makeForm<frmMain>},
+    {"frmEdit", makeForm<frmEdit>},
+    {"frmAdd", makeForm<frmAdd>},
+    {"frmSecurity", makeForm<frmSecurity>},
     {"frmError",
      [](Program& program) -> std::unique_ptr<ui::Form> {
          return std::make_unique<frmError>(program.platform.desktop);
