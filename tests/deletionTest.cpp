@@ -1,0 +1,137 @@
+#include "support/Core.h"
+#include "zones/siteMap.h"
+#include "zones/zones.h"
+
+namespace {
+
+const std::string Zones = zones::ZonesKey;
+const std::string Domains = zones::DomainsKey;
+
+class Deletion : public testing::Test, protected Core {
+protected:
+    // Each zone with its own name, a number and binary data.
+    void makeZones(const std::vector<std::string>& names) {
+        system.deleteTree(Zones);
+        system.makeKey(Zones);
+        for (const std::string& name : names) {
+            system.setText(Zones + "\\" + name, "DisplayName", "Zone " + name);
+            system.setDword(Zones + "\\" + name, "Flags", 1);
+            system.setBinary(Zones + "\\" + name, "Java", {1});
+        }
+    }
+    // "0=Zone 0+ 1=Zone 2": names, whose data a key holds, and "+" where numbers are there as well.
+    std::string zonesNow() {
+        std::string text;
+        for (const std::string& name : system.keys(Zones)) {
+            const std::string key = Zones + "\\" + name;
+            text += (text.empty() ? "" : " ") + name + "=" + system.text(key, "DisplayName").value_or("");
+            if (system.dword(key, "Flags") || system.value(key, "Java")) text += "+";
+        }
+        return text;
+    }
+    void makeSites() {
+        system.setDword(Domains + "\\example.com\\www", "http", 5);
+        system.setDword(Domains + "\\example.com\\www", "https", 5);
+        system.setDword(Domains + "\\example.com\\mail", "*", 50);
+        system.setText(Domains + "\\example.com\\text", "http", "5");
+        system.setBinary(Domains + "\\example.com\\text", "https", {5, 0, 0, 0});
+        system.setDword(Domains + "\\direct.org", "http", 5);
+        system.setDword(Domains + "\\..\\...", "ftp", 5);
+        system.setDword(Domains + "\\last.net\\a.b", "http", 5);
+        system.makeKey(Domains + "\\bare.net");
+    }
+};
+
+TEST_F(Deletion, ZonesAboveADeletedOneMoveDownWithTheirTexts) {
+    const struct {
+        std::vector<std::string> before;
+        const char *deleted, *after;
+    } cases[] = {
+        {{"0", "1", "2", "3"}, "1", "0=Zone 0+ 1=Zone 2 2=Zone 3"},
+        {{"0", "1", "2", "3", "4"}, "2", "0=Zone 0+ 1=Zone 1+ 2=Zone 3 3=Zone 4"},
+        {{"0", "1", "2"}, "2", "0=Zone 0+ 1=Zone 1+"},
+        {{"0"}, "0", ""},
+        {{"0", "1"}, "7", "0=Zone 0+ 1=Zone 1+"},
+        {{"0", "1", "2", "4"}, "1", "0=Zone 0+ 1=Zone 2 2= 4=Zone 4+"},
+    };
+    for (const auto& c : cases) {
+        makeZones(c.before);
+        registry.DeleteAndRename(zones::ZonesKey, c.deleted);
+        EXPECT_EQ(zonesNow(), c.after) << c.deleted;
+    }
+}
+
+TEST_F(Deletion, AZoneWithoutANumberIsNotTakenForAnother) {
+    for (const std::string zone : {"007", "abc", "", "-1"}) {
+        makeZones({"0", "1", "2", "3", "4", "5", "6", "7"});
+        const std::string before = zonesNow();
+        expectError("The zone \"" + zone + "\" has no number and cannot be deleted.");
+        registry.DeleteAndRename(zones::ZonesKey, zone);
+        EXPECT_EQ(zonesNow(), before);
+    }
+}
+
+TEST_F(Deletion, AllZonesAreDeletedByTheirCount) {
+    makeZones({"0", "1", "5"});
+    registry.DeleteZone(zones::ZonesKey);
+    EXPECT_EQ(zonesNow(), "5=Zone 5+");
+}
+
+TEST_F(Deletion, WithoutZonesThereIsAnError) {
+    for (const bool present : {true, false}) {
+        if (present)
+            system.makeKey(Zones);
+        else
+            system.deleteTree(Zones);
+        expectError("There are no zones to delete.");
+        registry.DeleteZone(zones::ZonesKey);
+        expectError("There are no zones to delete.");
+        registry.DeleteAndRename(zones::ZonesKey, "0");
+    }
+}
+
+TEST_F(Deletion, SitesOfAZoneAreFoundTwoLevelsDeep) {
+    makeSites();
+    const auto found = basMain::CheckForDomains(registry, strings, "5");
+    const std::vector<std::string> sites{"ftp://......", "http://www.example.com", "https://www.example.com",
+                                         "http://a.b.last.net"};
+    EXPECT_EQ(found.sites, sites);
+    const std::vector<std::string> keys{"..\\...", "example.com\\www", "example.com\\www", "last.net\\a.b"};
+    EXPECT_EQ(found.keys, keys);
+    for (const char* zone : {"6", "abc", "", "4294967296"})
+        EXPECT_TRUE(basMain::CheckForDomains(registry, strings, zone).sites.empty()) << zone;
+    system.deleteTree(Domains);
+    EXPECT_TRUE(basMain::CheckForDomains(registry, strings, "5").sites.empty());
+}
+
+TEST_F(Deletion, WhatTheKeysNameIsWhatGoes) {
+    makeSites();
+    for (const std::string& key : basMain::CheckForDomains(registry, strings, "5").keys) {
+        registry.cD("\\");
+        registry.cD(Domains);
+        registry.DeleteKey(key);
+    }
+    basMain::DeleteEmptyDomains(registry);
+    EXPECT_EQ(system.keys(Domains), std::vector<std::string>{"example.com"});
+    EXPECT_EQ(system.keys(Domains + "\\example.com").size(), 2u);
+    EXPECT_TRUE(basMain::CheckForDomains(registry, strings, "5").sites.empty());
+}
+
+TEST_F(Deletion, ADomainThatCannotBeReadIsNotTakenForEmpty) {
+    for (int call = 1; call <= 12; ++call) {
+        system.deleteTree(Domains);
+        if (Simulation* simulation = system.simulation()) simulation->registry.deletesSubtrees = true;
+        system.setDword(Domains + "\\example.com\\www", "http", 5);
+        system.registry.watch.failOn(call, platform::AccessDenied);
+        registry.DeleteEmptyDomains();
+        system.registry.watch.reset();
+        EXPECT_TRUE(system.exists(Domains + "\\example.com\\www")) << call;
+    }
+}
+
+TEST_F(Deletion, TheDefaultIconIsOneOfTheBrowsersControlPanel) {
+    const std::string folder = system.platform().system.GetSystemDirectoryA();
+    EXPECT_EQ(registry.GetIconForOS(), folder + "\\Inetcpl.cpl#4487");
+}
+
+}  // namespace

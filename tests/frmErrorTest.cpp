@@ -1,0 +1,71 @@
+#include "errors/frmError.h"
+
+#include "support/Core.h"
+
+namespace {
+
+class frmError_ : public testing::Test, protected Core {
+protected:
+    void show(const std::string& description, std::function<void(frmError&)> script) {
+        system.desktop.expectForm<frmError>(std::move(script));
+        procedure("frmMain.mnuFile_Click", [&] { throw basErrors::Error(0x80040001, "Test", description); });
+        system.desktop.settle();
+    }
+};
+
+TEST_F(frmError_, ShowsWhatWentWrongAndWhere) {
+    const std::uint8_t image[] = {40, 0, 0, 0};
+    const ui::Picture exclamation(ui::Picture::Kind::Icon, image, 32, 32);
+    basErrors::reporting.exclamation = [&] { return exclamation; };
+    show("Q & A", [&](frmError& dialog) {
+        EXPECT_EQ(dialog.caption(), "Error");
+        EXPECT_EQ(dialog.lblModule.caption(), "frmMain");
+        EXPECT_EQ(dialog.lblProcedure.caption(), "mnuFile_Click");
+        EXPECT_EQ(dialog.lblLine.caption(), "0");
+        EXPECT_EQ(dialog.lblErrNumber.caption(), "-2147221503");
+        EXPECT_EQ(dialog.lblErrDescription.caption(), "Q & A");
+        EXPECT_EQ(dialog.lblErrDescription.accessText(), "") << "data is no caption with an access key";
+        EXPECT_EQ(dialog.lblInfo(5).caption(), "Press continue to return to Tavimor or End to quit.");
+        EXPECT_EQ(dialog.lblInfo(6).caption(), "This and other info logged to file.");
+        EXPECT_EQ(dialog.imgExclaim.picture(), exclamation);
+        dialog.cmdContinue.click();
+    });
+}
+
+TEST_F(frmError_, EnterEscapeAndTheCloseBoxContinue) {
+    int scripts = 0;
+    for (void (ui::Form::*leave)() : {&ui::Form::pressEnter, &ui::Form::pressEscape, &ui::Form::closeBox})
+        show("Text", [&](frmError& dialog) {
+            ++scripts;
+            (dialog.*leave)();
+            EXPECT_FALSE(dialog.loaded());
+        });
+    EXPECT_EQ(scripts, 3);
+}
+
+TEST_F(frmError_, EndEndsTheProgram) {
+    EXPECT_THROW(show("Text", [](frmError& dialog) { dialog.cmdEnd.click(); }), ui::EndProgram);
+    EXPECT_FALSE(basErrors::errorPending());
+}
+
+TEST_F(frmError_, MakesRoomForLongTextsWithinTheSmallestScreen) {
+    std::string longText;
+    for (int i = 0; i < 800; ++i) longText += "word ";
+    const std::string texts[] = {"Short.", longText.substr(0, 300), longText, std::string(5000, 'W')};
+    ui::Twips before = 0;
+    for (const std::string& text : texts)
+        show(text, [&](frmError& dialog) {
+            EXPECT_LE(dialog.width(), 9600);
+            EXPECT_LE(dialog.height(), 7200);
+            EXPECT_LT(dialog.lblErrDescription.bounds().bottom(), dialog.lblInfo(5).top());
+            EXPECT_LT(dialog.lblInfo(6).bounds().bottom(), dialog.cmdEnd.top());
+            EXPECT_EQ(dialog.client().height, dialog.cmdEnd.bounds().bottom() + 120);
+            if (text.size() < 1000) {
+                EXPECT_GT(dialog.height(), before) << "room grows with the text";
+            }
+            before = dialog.height();
+            dialog.cmdContinue.click();
+        });
+}
+
+}  // namespace
