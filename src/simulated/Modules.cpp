@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cstdint>
 
+#include "platform/IconImage.h"
 #include "simulated/Names.h"
 
 namespace simulated {
@@ -33,30 +34,6 @@ bool sameId(const ResourceId& a, const ResourceId& b) {
 
 std::string_view baseName(std::string_view path) {
     return path.substr(path.find_last_of("\\/:") + 1);
-}
-
-std::uint32_t number(std::span<const std::uint8_t> bytes, std::size_t at, std::size_t size) {
-    std::uint32_t value = 0;
-    for (std::size_t i = size; i-- > 0;) value = value << 8 | bytes[at + i];
-    return value;
-}
-
-bool isPng(std::span<const std::uint8_t> image) {
-    constexpr std::uint8_t signature[] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
-    return image.size() > std::size(signature) && std::ranges::equal(image.first(std::size(signature)), signature);
-}
-
-// Header, colour table, colours and mask must all be there. The height counts colours and mask.
-bool isIconImage(std::span<const std::uint8_t> image) {
-    if (isPng(image)) return true;
-    if (image.size() < 40 || number(image, 0, 4) != 40) return false;
-    const std::uint64_t width = number(image, 4, 4), height = number(image, 8, 4) / 2;
-    const std::uint32_t bits = number(image, 14, 2), used = number(image, 32, 4);
-    if (width < 1 || width > 1024 || height < 1 || height > 1024) return false;
-    if (bits != 1 && bits != 4 && bits != 8 && bits != 16 && bits != 24 && bits != 32) return false;
-    const std::uint64_t colours = bits > 8 ? used : used != 0 ? used : std::uint64_t{1} << bits;
-    const std::uint64_t rows = (width * bits + 31) / 32 * 4, maskRows = (width + 31) / 32 * 4;
-    return image.size() >= 40 + colours * 4 + (rows + maskRows) * height;
 }
 
 }  // namespace

@@ -135,11 +135,7 @@ void TestSystem::makeKey(const std::string& path) {
 }
 
 void TestSystem::set(const sample::Entry& entry) {
-    const HKey key = openPath(entry.path, KeySetValue, true);
-    if (entry.type != sample::Entry::NoValue)
-        below_->registry().RegSetValueExA(key, entry.name, entry.type, entry.data.data(),
-                                          static_cast<std::uint32_t>(entry.data.size()));
-    below_->registry().RegCloseKey(key);
+    import({entry});
 }
 
 void TestSystem::setText(const std::string& path, const std::string& name, std::string_view text) {
@@ -156,7 +152,19 @@ void TestSystem::setBinary(const std::string& path, const std::string& name, con
 
 // Opens each key once: a registry file lists a key's values one after another.
 void TestSystem::import(const std::vector<sample::Entry>& entries) {
-    for (const sample::Entry& entry : entries) set(entry);
+    const std::string* open = nullptr;
+    HKey key = 0;
+    for (const sample::Entry& entry : entries) {
+        if (!open || *open != entry.path) {
+            if (open) below_->registry().RegCloseKey(key);
+            key = openPath(entry.path, KeySetValue, true);
+            open = &entry.path;
+        }
+        if (entry.type == sample::Entry::NoValue) continue;
+        below_->registry().RegSetValueExA(key, entry.name, entry.type, entry.data.data(),
+                                          static_cast<std::uint32_t>(entry.data.size()));
+    }
+    if (open) below_->registry().RegCloseKey(key);
 }
 
 void TestSystem::deleteTree(const std::string& path) {
@@ -268,7 +276,8 @@ void TestSystem::seedZones() {
 }
 
 void TestSystem::seedBrowser() {
-    import(sample::readRegistryFile(sample::browserFile()));
+    static const std::vector<sample::Entry> entries = sample::readRegistryFile(sample::browserFile());
+    import(entries);
     setBrowserVersion(text(BrowserKey, "Version").value_or(""));
 }
 

@@ -1,0 +1,32 @@
+// The running system: folders, clock, versions, other programs.
+#pragma once
+
+#include "platform/System.h"
+
+namespace win32 {
+
+class System : public platform::System {
+public:
+    std::string GetWindowsDirectoryA() override;
+    std::string GetSystemDirectoryA() override;
+    std::string programFolder() override;
+    std::string programName() override;
+    std::string ExpandEnvironmentStringsA(const std::string& text) override;
+    platform::LocalTime GetLocalTime() override;
+    bool GetVersionExA(platform::SystemVersion& version) override;
+};
+
+// On Wine the library answers with a version of Wine's choosing: there the browser is what the registry says it is.
+class Browser : public platform::Browser {
+public:
+    platform::Result DllGetVersion(platform::LibraryVersion& version) override;
+};
+
+class Launcher : public platform::Launcher {
+public:
+    platform::Result start(const std::string& program, const std::string& arguments, Process& process) override;
+    bool running(Process process) override;
+    void close(Process process) override;
+};
+
+}  // namespace win32

@@ -1,0 +1,9 @@
+// Writes a program file that holds nothing but resources.
+#pragma once
+
+#include "platform/Registry.h"
+#include "simulated/Modules.h"
+
+// As linkers do, types and names are put in order: texts first, then numbers. Text names should be upper case, in which
+// the system looks for them.
+platform::Bytes programFileBytes(const simulated::ProgramFile& program);
