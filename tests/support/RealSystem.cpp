@@ -113,7 +113,7 @@ private:
     FoundModules modules_;
     win32::Memory memory_;
     win32::System system_;
-    win32::Browser browser_{registry_};
+    win32::Browser browser_;
     WaitingLauncher launcher_;
     RealDesktop desktop_;
 };

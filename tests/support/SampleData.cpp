@@ -178,7 +178,8 @@ std::vector<Entry> builtInZones() {
     std::vector<Entry> entries;
     for (std::size_t zone = 0; zone < std::size(Zones); ++zone) {
         const ZoneData& data = Zones[zone];
-        const std::string path = std::string(zones::ZonesKey) + "\\" + std::to_string(zone);
+        std::string path = zones::ZonesKey;
+        path += "\\" + std::to_string(zone);
         entries.push_back(text(path, "", ""));
         entries.push_back(text(path, "DisplayName", data.name));
         entries.push_back(text(path, "Description", data.description));
