@@ -158,8 +158,8 @@ TEST_F(ExtractIconTest, ACutOffOrLyingBitmapFileGivesNoPicture) {
         {"no height again", 22, 0x80000000},
         {"much height", 22, 20000},
         {"17 bits a colour", 26, 17 << 16},
-        {"another compression", 30, 4},
-        {"many colours", 46, 257},
+        {"run lengths", 30, 1},
+        {"a colour table behind the end", 46, 256},
     };
     for (const auto& lie : lies) {
         icons::ByteWriter number;

@@ -221,8 +221,27 @@ TEST_F(clsFileIconTest, ARefusedSaveSaysWhy) {
     const Bytes image{1, 2, 3};
     icon.AddImage({}, {image.data(), image.size()});
     EXPECT_EQ(save("C:\\no such folder\\new.ico"), "Couldn't open file for writing.");
+    EXPECT_EQ(system.memory.watch.calls("GlobalUnlock"), 1);
     system.files.watch.failOn("append", 1, platform::DiskFull);
     EXPECT_EQ(save(system.path(File)), "General failure writing icon.");
+}
+
+// A disk that takes all but one byte and calls that a success.
+struct ShortFiles : watched::Files {
+    using watched::Files::Files;
+    platform::Result append(const std::string& path, std::string_view bytes, std::uint32_t& arrived) override {
+        return watched::Files::append(path, bytes.substr(1), arrived);
+    }
+};
+
+TEST_F(clsFileIconTest, AWriteThatWritesTooLittleIsAFailure) {
+    const platform::Platform& p = system.platform();
+    ShortFiles files(p.files);
+    platform::Platform other{p.registry, files, p.modules, p.memory, p.system, p.browser, p.launcher, p.desktop};
+    clsFileIcon saved(other);
+    ASSERT_EQ(loadFile(icons::file({image(16, 4)})), "");
+    icon.CloneTo(saved);
+    EXPECT_EQ(failure([&] { saved.SaveIcon(system.path(File)); }), "General failure writing icon.");
 }
 
 // ---- images

@@ -130,6 +130,8 @@ TEST_F(frmIconSelectorTest, ProgressIsShownWhileIconsAreLoaded) {
     selector.ShowFile(system.path("some.dll"));
     EXPECT_EQ(seen, (std::vector<std::string>{"Loading icon: 1 of 3", "Loading icon: 2 of 3", "Loading icon: 3 of 3"}));
     EXPECT_EQ(selector.lvwIcons.count(), 3);
+    EXPECT_EQ(selector.ilsIcons32.count(), 3);
+    EXPECT_EQ(selector.lblIconCount.caption(), "3 icons in: some.dll");
 
     system.desktop.onDoEvents = nullptr;
     addIcon("one.exe", std::uint16_t{1}, {32});
@@ -154,7 +156,9 @@ TEST_F(frmIconSelectorTest, ClosingTheDialogEndsTheLoading) {
 TEST_F(frmIconSelectorTest, DamagedIconsAreOneErrorAndTheOthersAreListed) {
     addIcon("bad.dll", std::uint16_t{1}, {32});
     addDamagedIcon("bad.dll", std::uint16_t{2});
-    addDamagedIcon("bad.dll", std::uint16_t{3});
+    changeProgram("bad.dll", [](simulated::ProgramFile& file) {
+        file.add(platform::RtGroupIcon, std::uint16_t{3}, icons::group({icons::image(32, 4)}, 500));  // no such image
+    });
     addIcon("bad.dll", std::uint16_t{4}, {16});
     frmIconSelector selector(program, system.path("bad.dll"), box);
     selector.load();

@@ -12,7 +12,7 @@ namespace {
 constexpr std::size_t FileHeaderSize = 14;
 constexpr std::size_t PixelOffsetInFile = 10;
 constexpr std::uint32_t InfoHeaderSize = 40;
-enum : std::uint32_t { Uncompressed = 0, RunLength8 = 1, RunLength4 = 2, BitFields = 3 };
+enum : std::uint32_t { Uncompressed = 0, BitFields = 3 };
 constexpr std::array<std::uint16_t, 6> BitCounts{1, 4, 8, 16, 24, 32};
 
 struct Layout {
@@ -21,31 +21,31 @@ struct Layout {
     std::size_t pixelBytes = 0;
 };
 
-// Nothing for a header that no drawing function should be given.
+// Nothing for a header that no drawing function should be given. Run lengths tell their size only while being drawn:
+// they count as damaged. The limits also keep the sums below from overflowing where sizes have 32 bits.
 std::optional<Layout> layoutOf(ByteSpan bitmap) {
     const std::uint32_t headerSize = read32(bitmap, 0);
     if (headerSize < InfoHeaderSize || headerSize > bitmap.size()) return std::nullopt;
     const auto width = static_cast<std::int32_t>(read32(bitmap, 4));
     const std::int64_t height = std::abs(std::int64_t{static_cast<std::int32_t>(read32(bitmap, 8))});  // < 0: top down
-    constexpr int Largest = 0x7FFF;
+    constexpr int Largest = 0x3FFF;
     if (width <= 0 || width > Largest || height == 0 || height > Largest) return std::nullopt;
 
     const std::uint16_t bits = read16(bitmap, 14);
     const std::uint32_t compression = read32(bitmap, 16);
     const std::uint32_t coloursUsed = read32(bitmap, 32);
     if (std::find(BitCounts.begin(), BitCounts.end(), bits) == BitCounts.end()) return std::nullopt;
-    if (compression > BitFields || coloursUsed > 256) return std::nullopt;
+    if ((compression != Uncompressed && compression != BitFields) || coloursUsed > 256) return std::nullopt;
 
     const std::uint32_t colours = coloursUsed ? coloursUsed : bits <= 8 ? 1U << bits : 0;
     const std::size_t masks = compression == BitFields && headerSize == InfoHeaderSize ? 12 : 0;
-    const bool runLength = compression == RunLength8 || compression == RunLength4;
     const auto rowBytes = (static_cast<std::size_t>(width) * bits + 31) / 32 * 4;
 
     Layout layout;
     layout.width = width;
     layout.height = static_cast<int>(height);
     layout.pixelsAt = headerSize + masks + colours * std::size_t{4};
-    layout.pixelBytes = runLength ? read32(bitmap, 20) : rowBytes * static_cast<std::size_t>(height);
+    layout.pixelBytes = rowBytes * static_cast<std::size_t>(height);
     return layout;
 }
 
