@@ -61,6 +61,7 @@ frmMain::frmMain(Program& program)
       // ---- the program's logo
       zzzpicLogo(*this, "zzzpicLogo", {Margin, LogoAt, Inner, LogoHeight}),
       tmrIconSpace(*this, "tmrIconSpace", 50),
+      tmrImport(*this, "tmrImport", 250),
 
       mnuFile(menu().add("mnuFile", "&File")),
       mnuFileBackup(mnuFile.add("mnuFileBackup", "&Backup Zones...")),
@@ -100,6 +101,9 @@ frmMain::frmMain(Program& program)
 
     lvwZones.onItemClick = [this](int item) { lvwZones_ItemClick(item); };
     tmrIconSpace.onTimer = [this] { tmrIconSpace_Timer(); };
+    tmrImport.onTimer = [this] { tmrImport_Timer(); };
+    mnuFileBackup.onClick = [this] { mnuFileBackup_Click(); };
+    mnuFileRestore.onClick = [this] { mnuFileRestore_Click(); };
     mnuFileExit.onClick = [this] { mnuFileExit_Click(); };
     mnuEditEdit.onClick = [this] { cmdZoneOption_Click(0); };
     mnuEditAdd.onClick = [this] { cmdZoneOption_Click(1); };
@@ -108,9 +112,7 @@ frmMain::frmMain(Program& program)
     mnuViewAdv.onClick = [this] { mnuViewAdv_Click(); };
     mnuViewAdv.setEnabled(false);  // the designed state is the advanced view
 
-    // Commands whose windows are still to come.
     mnuEditOESecurity.add("mnuOEUser", "(no identities)", 0).setEnabled(false);
-    for (ui::MenuItem* item : {&mnuFileBackup, &mnuFileRestore}) item->setEnabled(false);
 
     setHeight(heightFor(LogoAt, LogoHeight));
     program_.mainWindow = this;
@@ -118,6 +120,7 @@ frmMain::frmMain(Program& program)
 }
 
 frmMain::~frmMain() {
+    EndImport();
     program_.mainWindow = nullptr;
     basErrors::reporting.mainWindow = nullptr;
 }
@@ -129,6 +132,7 @@ void frmMain::Form_Load() {
         basMain::Hook(*this);
         DeleteSelfHealCount();
         FillListView();
+        LoadIdentities();
         ShowLogo();
         SetFormAttributes();
         DrawEtchedLine();
@@ -139,6 +143,7 @@ void frmMain::Form_Load() {
 void frmMain::Form_Unload() {
     procedure("frmMain.Form_Unload", [&] {
         basMain::Unhook(*this);
+        EndImport();
         const std::vector<Form*> open = desktop().forms();
         for (Form* form : open) form->unload();
     });
@@ -181,11 +186,15 @@ void frmMain::DeleteSelfHealCount() {
 void frmMain::FillListView() {
     procedure("frmMain.FillListView", [&] {
         fillZoneList(program_, zoneList());
-        const int first = lvwZones.count() == 1 ? 1 : 2;
-        lvwZones.setSelected(first);
-        lvwZones_ItemClick(first);
-        tmrIconSpace.setEnabled(true);
+        SelectUsualZone();
     });
+}
+
+void frmMain::SelectUsualZone() {
+    const int usual = lvwZones.count() == 1 ? 1 : 2;
+    lvwZones.setSelected(usual);
+    lvwZones_ItemClick(usual);
+    tmrIconSpace.setEnabled(true);
 }
 
 void frmMain::RebuildList() {

@@ -18,6 +18,10 @@ public:
     void FillListView();
     // Empties the list and fills it again.
     void RebuildList();
+    // Shows the zones as they are now, and once more when `import` has ended: the registry editor writes them while the
+    // program goes on. Having no zones, or only some, is nothing to report then. Takes over the process, which may be
+    // 0.
+    void ReloadWhileImporting(platform::Launcher::Process import);
     // The "At a glance" values of a zone.
     void UpdateLabels(const std::string& zone);
 
@@ -32,6 +36,7 @@ public:
     ui::Label lblFlags, lblRec, lblMin, lblCurrent;
     ui::PictureBox zzzpicLogo;
     ui::Timer tmrIconSpace;
+    ui::Timer tmrImport;  // runs while the registry editor does
 
     ui::MenuItem& mnuFile;
     ui::MenuItem& mnuFileBackup;
@@ -58,10 +63,15 @@ private:
     void EditSelectedZone();
     void AddZone();
     void DeleteSelectedZone();
+    void mnuFileBackup_Click();
+    void mnuFileRestore_Click();
     void mnuFileExit_Click();
+    void LoadIdentities();
+    void mnuOEUser_Click(int index);
     void mnuViewBasic_Click();
     void mnuViewAdv_Click();
     void tmrIconSpace_Timer();
+    void tmrImport_Timer();
 
     std::string GetFlags(const std::string& zone);
     void GetRecMinSettings(const std::string& zone);
@@ -74,7 +84,11 @@ private:
     void ShowView(double view);
     void ShowLogo();
     void DrawEtchedLine();
+    void SelectUsualZone();
+    void ReloadAsItIs();
+    void EndImport();
     ZoneListControls zoneList() { return {lvwZones, ilsZoneIcons, picDummy, picHolder}; }
 
     Program& program_;
+    platform::Launcher::Process import_ = 0;  // the registry editor while it restores a backup
 };

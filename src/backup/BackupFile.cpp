@@ -1,0 +1,97 @@
+#include "backup/BackupFile.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#include "errors/basErrors.h"
+#include "util/basSystem.h"
+
+namespace backup {
+
+namespace {
+
+constexpr std::size_t WorthWriting = 32 * 1024;
+
+[[noreturn]] void fail(platform::Platform& platform, basErrors::ErrorNumber number, const std::string& what,
+                       platform::Result code) {
+    std::string reason = platform.modules.FormatMessageA(code);
+    if (reason.empty()) reason = "The system gives code " + std::to_string(code) + ".";
+    throw basErrors::Error(number, "backup", what + " " + reason);
+}
+
+basErrors::ErrorNumber numberOf(platform::Result code) {
+    const bool missing = code == platform::FileNotFound || code == platform::PathNotFound;
+    return missing ? basErrors::NumberFileNotFound : basErrors::NumberFileAccess;
+}
+
+void makeFolder(platform::Platform& platform, const std::string& path) {
+    if (basSystem::FolderExists(platform, path)) return;
+    const platform::Result code = platform.files.createFolder(basSystem::UnQualifyPath(path));
+    // A file of that name is in the way, if it is not another program that has just made the folder.
+    if (code != platform::Success && !basSystem::FolderExists(platform, path))
+        fail(platform, basErrors::NumberFileAccess, "The folder \"" + path + "\" cannot be made.", code);
+}
+
+}  // namespace
+
+std::string folder(platform::Platform& platform) {
+    return basSystem::QualifyPath(platform.system.programFolder()) + "Backups\\";
+}
+
+std::string baseName(const platform::LocalTime& time) {
+    char name[64];
+    std::snprintf(name, sizeof name, "%d-%d-%04d %02d%d%d", time.month, time.day, time.year, time.hour, time.minute,
+                  time.second);
+    return name;
+}
+
+std::string partnerOf(const std::string& zoneFile) {
+    return zoneFile.substr(0, zoneFile.size() - std::min<std::size_t>(3, zoneFile.size())) + "reg";
+}
+
+void remove(platform::Platform& platform, const std::string& path) {
+    const platform::Result code = platform.files.remove(path);
+    if (code != platform::Success) fail(platform, numberOf(code), "\"" + path + "\" cannot be deleted.", code);
+}
+
+std::string read(platform::Platform& platform, const std::string& path, std::size_t limit) {
+    std::string bytes;
+    const platform::Result code = platform.files.read(path, bytes, limit);
+    if (code != platform::Success) fail(platform, numberOf(code), "\"" + path + "\" cannot be read.", code);
+    return bytes;
+}
+
+BackupFile::BackupFile(platform::Platform& platform, const std::string& name)
+    : platform_(platform), path_(folder(platform) + name) {
+    makeFolder(platform, folder(platform));
+}
+
+BackupFile::~BackupFile() {
+    std::uint32_t written = 0;
+    if (!pending_.empty()) append(written);
+}
+
+void BackupFile::line(std::string_view text) {
+    pending_.append(text).append("\r\n");
+}
+
+void BackupFile::endOfZone() {
+    if (pending_.size() >= WorthWriting) close();
+}
+
+void BackupFile::close() {
+    if (pending_.empty()) return;
+    std::uint32_t written = 0;
+    const std::size_t size = pending_.size();
+    const platform::Result code = append(written);
+    pending_.clear();  // also what did not arrive: the file must not go on behind a gap
+    if (code != platform::Success || written < size)
+        fail(platform_, basErrors::NumberFileAccess, "The backup \"" + path_ + "\" is not complete.",
+             code != platform::Success ? code : platform::DiskFull);
+}
+
+platform::Result BackupFile::append(std::uint32_t& written) {
+    return platform_.files.append(path_, pending_, written);
+}
+
+}  // namespace backup

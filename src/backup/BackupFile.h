@@ -1,0 +1,52 @@
+// The backups folder, and the text files a backup is made of.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/Platform.h"
+
+namespace backup {
+
+// "Backups" beside the program, with a backslash behind it.
+std::string folder(platform::Platform& platform);
+
+// The name both files of a backup share: month-day-year, a blank, two digits of hour, then minute and second without
+// leading zeros. 14:05:07 on 4 June 2001 is "6-4-2001 1457": short, and not always unique, so files are appended to.
+std::string baseName(const platform::LocalTime& time);
+
+// The registry export that belongs to a zone backup: the same path with "reg" in the place of its last three letters.
+std::string partnerOf(const std::string& zoneFile);
+
+// Deletes a file, or throws basErrors::Error.
+void remove(platform::Platform& platform, const std::string& path);
+
+// Reads a file, or its first `limit` bytes, or throws basErrors::Error.
+std::string read(platform::Platform& platform, const std::string& path, std::size_t limit = platform::Files::Whole);
+
+// A text file being appended to, a few tens of kilobytes at a time. Every line ends in CR LF.
+//
+// What the disk refuses throws basErrors::Error; what was written before stays.
+class BackupFile {
+public:
+    // A file in the backups folder, which is made when it is missing.
+    BackupFile(platform::Platform& platform, const std::string& name);
+    // Writes what is left, so that an error elsewhere loses no line. Nobody can be told when that fails.
+    ~BackupFile();
+    BackupFile(const BackupFile&) = delete;
+    BackupFile& operator=(const BackupFile&) = delete;
+
+    void line(std::string_view text);
+    // A zone is complete: a good moment to write, when enough has been collected.
+    void endOfZone();
+    void close();
+
+private:
+    platform::Result append(std::uint32_t& written);
+
+    platform::Platform& platform_;
+    std::string path_;
+    std::string pending_;
+};
+
+}  // namespace backup

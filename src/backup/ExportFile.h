@@ -1,0 +1,23 @@
+// Writes the zones as a registry export ("REGEDIT4") that the system's registry editor can import.
+//
+// The file carries numbers and text. Binary values are left out, and so are default values that hold anything.
+// Backslashes are doubled in "Icon" only, quotes nowhere: other text with such characters is imported as the registry
+// editor understands it.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "app/Program.h"
+
+namespace backup {
+
+// The line of one value, without line end; nothing for a value the file does not carry.
+std::optional<std::string> exportLine(clsRegistry& registry, clsStrings& strings, const ListedValue& value);
+
+// Adds an export of all zones to the backup's ".reg" file, which is created when absent. `afterValue` runs after each
+// value and each zone. Throws basErrors::Error when the disk refuses.
+void writeExport(Program& program, const std::string& baseName, const std::function<void()>& afterValue);
+
+}  // namespace backup

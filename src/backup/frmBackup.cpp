@@ -1,0 +1,66 @@
+#include "backup/frmBackup.h"
+
+#include "app/basMain.h"
+#include "backup/BackupFile.h"
+#include "backup/ExportFile.h"
+#include "backup/ZoneFile.h"
+#include "errors/basErrors.h"
+#include "ui/Desktop.h"
+#include "util/numbers.h"
+
+namespace {
+
+constexpr ui::Twips Margin = 120, Width = 4680, Inner = Width - 2 * Margin;
+constexpr ui::Twips ButtonWidth = 1215, ButtonHeight = 375, ButtonsTop = 1065;
+
+}  // namespace
+
+frmBackup::frmBackup(Program& program)
+    : Form(program.platform.desktop, Kind::Dialog, "frmBackup", "Backup Security Zones",
+           {Width, ButtonsTop + ButtonHeight + Margin}),
+      lblInfo(*this, "lblInfo", {Margin, Margin, Inner, 225}, "Please enter a short description for this file."),
+      txtDescription(*this, "txtDescription", {Margin, 405, Inner, 285}),
+      // ---- an etched line, then            [Back it up!] [Cancel]
+      cmdBackup(*this, "cmdBackup", {Width - 2 * (Margin + ButtonWidth), ButtonsTop, ButtonWidth, ButtonHeight},
+                "Back it up!"),
+      cmdCancel(*this, "cmdCancel", {Width - Margin - ButtonWidth, ButtonsTop, ButtonWidth, ButtonHeight}, "Cancel"),
+      program_(program) {
+    cmdBackup.onClick = [this] { cmdBackup_Click(); };
+    cmdCancel.onClick = [this] { cmdCancel_Click(); };
+    setDefaultButton(cmdBackup);
+    setCancelButton(cmdCancel);
+}
+
+void frmBackup::Form_Load() {
+    procedure("frmBackup.Form_Load",
+              [&] { basMain::EtchedLine(*this, 0, cmdBackup.top() - cmdBackup.height() / 2, client().width); });
+}
+
+void frmBackup::cmdCancel_Click() {
+    procedure("frmBackup.cmdCancel_Click", [&] { unload(); });
+}
+
+// While the export is being written the user may do anything. Closing this window or the main window does not stop
+// the backup, half of which would be of no use; a second press would write both files twice.
+void frmBackup::cmdBackup_Click() {
+    procedure("frmBackup.cmdBackup_Click", [&] {
+        setPointer(ui::Pointer::Hourglass);
+        cmdBackup.setEnabled(false);
+        const std::string name = backup::baseName(program_.platform.system.GetLocalTime());
+        std::string description(util::trimmed(txtDescription.text()));
+        if (description.empty()) description = name;
+
+        SaveRegFile(name);
+        SaveZoneFile(name, description);
+        setPointer(ui::Pointer::Default);
+        unload();
+    });
+}
+
+void frmBackup::SaveRegFile(const std::string& fileName) {
+    procedure("frmBackup.SaveRegFile", [&] { backup::writeExport(program_, fileName, [&] { desktop().doEvents(); }); });
+}
+
+void frmBackup::SaveZoneFile(const std::string& fileName, const std::string& description) {
+    procedure("frmBackup.SaveZoneFile", [&] { backup::writeZones(program_, fileName, description); });
+}

@@ -1,0 +1,254 @@
+#include "backup/frmRestore.h"
+
+#include "app/basMain.h"
+#include "app/frmMain.h"
+#include "backup/BackupFile.h"
+#include "backup/ExportFile.h"
+#include "backup/ZoneFile.h"
+#include "errors/basErrors.h"
+#include "icons/ExtractIcon.h"
+#include "ui/Desktop.h"
+#include "util/basSystem.h"
+
+namespace {
+
+constexpr int WatchInterval = 250;  // milliseconds
+
+constexpr ui::Twips Margin = 120, Width = 7500, Left = 2835;
+constexpr ui::Twips Column = Margin + Left + Margin, ColumnWidth = Width - Margin - Column;
+constexpr ui::Twips ListsTop = 345, ListsBottom = 4965;
+constexpr ui::Twips ButtonWidth = 1215, ButtonHeight = 375, ButtonsTop = ListsBottom + Margin;
+constexpr ui::Twips PreviewTop = 2370, TextLeft = 720, TextWidth = ColumnWidth - TextLeft - Margin;
+constexpr ui::Twips FrameWidth = ColumnWidth - 2 * Margin, ValueLeft = 1905,
+                    ValueWidth = FrameWidth - ValueLeft - Margin;
+constexpr ui::Twips RowTop = 285, Row = 240;
+
+}  // namespace
+
+frmRestore::frmRestore(Program& program)
+    : Form(program.platform.desktop, Kind::Dialog, "frmRestore", "Preview/Restore Backup",
+           {Width, ButtonsTop + ButtonHeight + Margin}),
+      // ---- left: the backups
+      Label1(*this, "Label1", {Margin, Margin, Left, 225}, "Please select a file to preview"),
+      ListView1(*this, "ListView1", {Margin, ListsTop, Left, ListsBottom - ListsTop}, ui::ListView::View::Report,
+                ui::ListView::Clicks::OnSelect),
+      // ---- right: the zones of the selected backup
+      ilsZoneIcons(*this, "ilsZoneIcons", 32),
+      lvwZones(*this, "lvwZones", {Column, ListsTop, ColumnWidth, PreviewTop - Margin - ListsTop},
+               ui::ListView::View::Icon, ui::ListView::Clicks::OnSelect),
+      // ---- below them the selected zone:  [icon]  name
+      //                                             description
+      //                                     At a glance: current, minimum, recommended level, flags
+      picInfo(*this, "picInfo", {Column, PreviewTop, ColumnWidth, ListsBottom - PreviewTop},
+              ui::PictureBox::Border::Sunken),
+      picZoneIcon(picInfo, "picZoneIcon", {Margin, Margin, 480, 480}),
+      lblZoneName(picInfo, "lblZoneName", {TextLeft, Margin, TextWidth, 225}, ""),
+      lblZoneCaption(picInfo, "lblZoneCaption", {TextLeft, 360, TextWidth, 615}, ""),
+      zzzfraInfo(picInfo, "zzzfraInfo", {Margin, 1050, FrameWidth, RowTop + 4 * Row + Margin}, "At a glance"),
+      zzzlblInfo("zzzlblInfo"),
+      lblCurrent(zzzfraInfo, "lblCurrent", {ValueLeft, RowTop, ValueWidth, 225}, ""),
+      lblMin(zzzfraInfo, "lblMin", {ValueLeft, RowTop + Row, ValueWidth, 225}, ""),
+      lblRec(zzzfraInfo, "lblRec", {ValueLeft, RowTop + 2 * Row, ValueWidth, 225}, ""),
+      lblFlags(zzzfraInfo, "lblFlags", {ValueLeft, RowTop + 3 * Row, ValueWidth, 225}, ""),
+      // ----                                                          [Restore] [Delete]
+      cmdRestore(*this, "cmdRestore", {Width - 2 * (Margin + ButtonWidth), ButtonsTop, ButtonWidth, ButtonHeight},
+                 "Restore"),
+      cmdDelete(*this, "cmdDelete", {Width - Margin - ButtonWidth, ButtonsTop, ButtonWidth, ButtonHeight}, "Delete"),
+      picHolder(*this, "picHolder", {0, 0, 480, 480}),
+      picDummy(*this, "picDummy", {0, 0, 480, 480}),
+      tmrWatch(*this, "tmrWatch", WatchInterval),
+      program_(program) {
+    ui::Twips top = RowTop;
+    for (const char* caption : {"Current Level: ", "Minimum Level: ", "Recommended Level: ", "Flags:"}) {
+        zzzlblInfo.add(zzzfraInfo, {Margin, top, ValueLeft - Margin, 225}, caption);
+        top += Row;
+    }
+    lblZoneName.showData().makeBold();
+    for (ui::Label* data : {&lblZoneCaption, &lblCurrent, &lblMin, &lblRec, &lblFlags}) data->showData();
+    picHolder.setVisible(false);
+    picDummy.setVisible(false);
+    lvwZones.setImages(&ilsZoneIcons);
+
+    ListView1.onItemClick = [this](int item) { ListView1_ItemClick(item); };
+    lvwZones.onItemClick = [this](int item) { lvwZones_ItemClick(item); };
+    cmdRestore.onClick = [this] { cmdRestore_Click(); };
+    cmdDelete.onClick = [this] { cmdDelete_Click(); };
+    tmrWatch.onTimer = [this] { tmrWatch_Timer(); };
+    tmrWatch.setEnabled(true);
+    setDefaultButton(cmdRestore);
+}
+
+// Load, unload, watch -------------------------------------------------------------------------------------------
+
+void frmRestore::Form_Load() {
+    procedure("frmRestore.Form_Load", [&] {
+        basMain::Hook(*this);
+        ListView1.setColumn("File", ListView1.width());
+        setPointer(ui::Pointer::Hourglass);
+        ListBackups();
+        setPointer(ui::Pointer::Default);
+    });
+}
+
+void frmRestore::Form_Unload() {
+    procedure("frmRestore.Form_Unload", [&] {
+        basMain::Unhook(*this);
+        lines_.clear();
+    });
+}
+
+// The selection plays no part: with none, the buttons do nothing.
+void frmRestore::tmrWatch_Timer() {
+    procedure("frmRestore.tmrWatch_Timer", [&] {
+        cmdRestore.setEnabled(ListView1.count() > 0);
+        cmdDelete.setEnabled(ListView1.count() > 0);
+    });
+}
+
+// The backups ---------------------------------------------------------------------------------------------------
+
+void frmRestore::ListBackups() {
+    GetFileInformation(backup::folder(program_.platform), "*.tvf");
+}
+
+void frmRestore::GetFileInformation(const std::string& folder, const std::string& pattern) {
+    procedure("frmRestore.GetFileInformation", [&] {
+        ListView1.clear();
+        lvwZones.clear();
+        picZoneIcon.clear();
+        lblZoneCaption.setCaption("");
+        lblZoneName.setCaption("");
+
+        platform::Files& files = program_.platform.files;
+        platform::Files::Search search = 0;
+        platform::FoundFile found;
+        if (files.findFirst(folder + pattern, search, found) != platform::Success) return;
+        struct Closer {
+            platform::Files& files;
+            platform::Files::Search search;
+            ~Closer() { files.findClose(search); }
+        } closer{files, search};
+        do {
+            if (found.attributes & platform::FileAttributeDirectory) continue;
+            const std::string path = folder + basSystem::TrimNull(found.name);
+            ListView1.add({ParseFile(path), 0, path, {}});
+        } while (files.findNext(search, found) == platform::Success);
+    });
+}
+
+std::string frmRestore::ParseFile(const std::string& path) {
+    return procedure("frmRestore.ParseFile", [&] {
+        // The first lines of a thousand backups, not a thousand backups. A longer one is read whole.
+        constexpr std::size_t UsualFirstLine = 1024;
+        std::string start = backup::read(program_.platform, path, UsualFirstLine);
+        if (start.size() == UsualFirstLine && start.find_first_of("\r\n") == std::string::npos)
+            start = backup::read(program_.platform, path);
+        return backup::descriptionOf(start.substr(0, start.find_first_of("\r\n")));
+    });
+}
+
+void frmRestore::ListView1_ItemClick(int item) {
+    procedure("frmRestore.ListView1_ItemClick", [&] {
+        selected_ = ListView1.item(item).tag;
+        ilsZoneIcons.clear();
+        lvwZones.clear();
+        FillList(selected_);
+    });
+}
+
+void frmRestore::cmdDelete_Click() {
+    procedure("frmRestore.cmdDelete_Click", [&] {
+        if (selected_.empty()) return;
+        // The export first: when it is not there, the zone backup stays and the user is told.
+        backup::remove(program_.platform, backup::partnerOf(selected_));
+        backup::remove(program_.platform, selected_);
+        ListBackups();
+        selected_.clear();
+    });
+}
+
+// The zones of one backup ---------------------------------------------------------------------------------------
+
+void frmRestore::FillList(const std::string& path) {
+    procedure("frmRestore.FillList", [&] {
+        lines_.clear();
+        lines_ = backup::splitLines(backup::read(program_.platform, path));
+        ParseInfo();
+    });
+}
+
+void frmRestore::ParseInfo() {
+    procedure("frmRestore.ParseInfo", [&] {
+        struct Release {
+            std::vector<std::string>& lines;
+            ~Release() { std::vector<std::string>().swap(lines); }
+        } release{lines_};
+
+        ilsZoneIcons.add(picDummy.picture());
+        basMain::IconCache icons(program_.platform);
+        backup::ZoneFields zone;
+        for (std::size_t line = 1; line < lines_.size(); ++line) {
+            backup::readZoneLine(program_.strings, lines_[line], zone);
+            basMain::ExtractIcon(icons, zone[backup::Icon], "#", 32, picHolder);
+            const int image = ilsZoneIcons.add(picHolder.picture());
+            lvwZones.add({zone[backup::Name], image, backup::joined(zone), {}});
+            picHolder.clear();
+        }
+        if (lvwZones.count() == 0)
+            throw basErrors::Error(basErrors::NumberOutOfRange, "frmRestore", "This backup holds no zones.");
+        lvwZones.setSelected(1);
+        lvwZones_ItemClick(1);
+    });
+}
+
+void frmRestore::lvwZones_ItemClick(int item) {
+    procedure("frmRestore.lvwZones_ItemClick", [&] {
+        picZoneIcon.clear();
+        clsStrings& strings = program_.strings;
+        const std::int32_t fields = strings.Initialise(lvwZones.item(item).tag, ";");
+        const auto field = [&](backup::Field which) { return strings.ElementAsString(which + 1); };
+        if (fields == backup::FieldCount) {
+            lblCurrent.setCaption(zones::GetSecurity(field(backup::CurrentLevel)));
+            lblRec.setCaption(zones::GetSecurity(field(backup::RecommendedLevel)));
+            lblMin.setCaption(zones::GetSecurity(field(backup::MinimumLevel)));
+            lblFlags.setCaption(field(backup::Flags));
+        }
+        lblZoneName.setCaption(field(backup::Name));
+        lblZoneCaption.setCaption(field(backup::Description));
+        basMain::ExtractIcon(program_, field(backup::Icon), "#", 32, picZoneIcon);
+    });
+}
+
+// Restoring -----------------------------------------------------------------------------------------------------
+
+void frmRestore::cmdRestore_Click() {
+    procedure("frmRestore.cmdRestore_Click", [&] {
+        if (selected_.empty()) return;
+        const std::string file = backup::partnerOf(selected_);
+        if (!basSystem::FileExists(program_.platform, file)) KeepWhatWouldBeLost();
+        program_.registry.DeleteZone(zones::ZonesKey);
+
+        // By its full path: a file of that name beside the program is never run.
+        const std::string editor = basSystem::QualifyPath(basSystem::GetWinDir(program_.platform)) + "regedit.exe";
+        platform::Launcher& launcher = program_.platform.launcher;
+        platform::Launcher::Process import = 0;
+        const platform::Result code = launcher.start(editor, "/s \"" + file + "\"", import);
+        if (program_.mainWindow) program_.mainWindow->ReloadWhileImporting(import);
+        if (code != platform::Success)
+            throw basErrors::Error(basErrors::NumberFileNotFound, "frmRestore",
+                                   "The registry editor \"" + editor + "\" cannot be started. " +
+                                       program_.platform.modules.FormatMessageA(code));
+        selected_.clear();
+        unload();
+    });
+}
+
+// Restoring deletes the zones before the registry editor reads the export, and the registry editor says nothing when
+// there is none. So the zones are first backed up themselves, under a description that tells why: the user finds them
+// in this very list. When that cannot be done nothing is deleted.
+void frmRestore::KeepWhatWouldBeLost() {
+    const std::string name = backup::baseName(program_.platform.system.GetLocalTime());
+    backup::writeExport(program_, name, [] {});
+    backup::writeZones(program_, name,
+                       "Zones before restoring \"" + ParseFile(selected_) + "\", whose registry export is missing");
+}

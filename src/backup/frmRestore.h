@@ -1,0 +1,52 @@
+// Lists the backups, shows what is in one, and restores or deletes it.
+#pragma once
+
+#include <vector>
+
+#include "app/Program.h"
+#include "ui/Form.h"
+#include "ui/ListView.h"
+
+class frmRestore : public ui::Form {
+public:
+    explicit frmRestore(Program& program);
+
+    ui::Label Label1;
+    ui::ListView ListView1;      // the backups
+    ui::ImageList ilsZoneIcons;  // pictures of lvwZones
+    ui::ListView lvwZones;       // the zones of the selected backup
+    ui::PictureBox picInfo;      // the selected zone
+    ui::PictureBox picZoneIcon;
+    ui::Label lblZoneName, lblZoneCaption;
+    ui::Frame zzzfraInfo;
+    ui::ControlArray<ui::Label> zzzlblInfo;
+    ui::Label lblCurrent, lblMin, lblRec, lblFlags;
+    ui::CommandButton cmdRestore, cmdDelete;
+    ui::PictureBox picHolder, picDummy;
+    ui::Timer tmrWatch;
+
+protected:
+    void Form_Load() override;
+    void Form_Unload() override;
+
+private:
+    void ListView1_ItemClick(int item);
+    void lvwZones_ItemClick(int item);
+    void cmdRestore_Click();
+    void cmdDelete_Click();
+    void tmrWatch_Timer();
+
+    // Lists the files that match `pattern` in `folder`, which ends in a backslash.
+    void GetFileInformation(const std::string& folder, const std::string& pattern);
+    void ListBackups();
+    // The description of a backup; "" when it cannot be read.
+    std::string ParseFile(const std::string& path);
+    // Shows the zones of a backup, and previews the first.
+    void FillList(const std::string& path);
+    void ParseInfo();
+    void KeepWhatWouldBeLost();
+
+    Program& program_;
+    std::string selected_;            // path of the ".tvf" file, "" for none
+    std::vector<std::string> lines_;  // of the backup being shown
+};

@@ -1,0 +1,65 @@
+#include "mail/frmOESecurity.h"
+
+#include "errors/basErrors.h"
+#include "mail/identities.h"
+#include "util/numbers.h"
+
+namespace {
+
+constexpr ui::Twips Margin = 120, Width = 5400, Inner = Width - 2 * Margin;
+constexpr ui::Twips ListTop = 1050, ListHeight = 2550;
+
+}  // namespace
+
+frmOESecurity::frmOESecurity(Program& program)
+    : Form(program.platform.desktop, Kind::Dialog, "frmOESecurity", "OE Security Zone",
+           {Width, ListTop + ListHeight + Margin}),
+      lblInfo("lblInfo"),
+      // ---- Outlook Express is currently in:
+      //      Internet zone
+      lblZone(*this, "lblZone", {Margin, 360, Inner, 225}, ""),
+      // ---- Select a zone to change.
+      ilsZoneIcons(*this, "ilsZoneIcons", 32),
+      // A click changes the zone at once: looking around with the arrow keys must not.
+      lsvOEZones(*this, "lsvOEZones", {Margin, ListTop, Inner, ListHeight}, ui::ListView::View::Icon,
+                 ui::ListView::Clicks::OnActivate),
+      picDummy(*this, "picDummy", {0, 0, 480, 480}),
+      picHolder(*this, "picHolder", {0, 0, 480, 480}),
+      program_(program) {
+    lblInfo.add(*this, {Margin, Margin, Inner, 225}, "Outlook Express is currently in:");
+    lblInfo.add(*this, {Margin, 735, Inner, 225}, "Select a zone to change.");
+    lblZone.showData().makeBold();
+    picDummy.setVisible(false);
+    picHolder.setVisible(false);
+    lsvOEZones.onItemClick = [this](int item) { lsvOEZones_ItemClick(item); };
+}
+
+void frmOESecurity::Form_Load() {
+    procedure("frmOESecurity.Form_Load", [&] { FillList(); });
+}
+
+void frmOESecurity::Form_Unload() {
+    procedure("frmOESecurity.Form_Unload", [&] { lsvOEZones.setImages(nullptr); });
+}
+
+void frmOESecurity::FillList() {
+    procedure("frmOESecurity.FillList", [&] {
+        fillZoneList(program_, {lsvOEZones, ilsZoneIcons, picDummy, picHolder});
+    });
+}
+
+void frmOESecurity::lsvOEZones_ItemClick(int item) {
+    procedure("frmOESecurity.lsvOEZones_ItemClick", [&] {
+        const std::string& key = lsvOEZones.item(item).tag;
+        const auto zone = util::wholeNumber(key);
+        if (!zone)
+            throw basErrors::Error(basErrors::NumberNotANumber, "frmOESecurity",
+                                   "The zone \"" + key + "\" has no number that Outlook Express could keep.");
+        clsRegistry& registry = program_.registry;
+        registry.cD("\\");
+        registry.cD(IdentityPath);
+        registry.ValueOf(mail::ZoneValue, ValueType::Dword, static_cast<double>(*zone));
+        registry.ValueOf(mail::LockValue, ValueType::Dword, 1.0);
+        unload();
+    });
+}

@@ -1,0 +1,30 @@
+// Shows the zone that an identity of the mail client reads its mail in, and changes it with one click.
+#pragma once
+
+#include "app/Program.h"
+#include "app/ZoneList.h"
+#include "ui/Form.h"
+
+class frmOESecurity : public ui::Form {
+public:
+    explicit frmOESecurity(Program& program);
+
+    // The full path of the identity's mail settings.
+    std::string IdentityPath;
+
+    ui::ControlArray<ui::Label> lblInfo;
+    ui::Label lblZone;
+    ui::ImageList ilsZoneIcons;
+    ui::ListView lsvOEZones;
+    ui::PictureBox picDummy, picHolder;
+
+protected:
+    void Form_Load() override;
+    void Form_Unload() override;
+
+private:
+    void FillList();
+    void lsvOEZones_ItemClick(int item);
+
+    Program& program_;
+};
