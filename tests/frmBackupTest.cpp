@@ -1,0 +1,190 @@
+#include "backup/frmBackup.h"
+
+#include "backup/BackupFile.h"
+#include "backup/ExportFile.h"
+#include "support/BackupFixture.h"
+
+namespace {
+
+const std::string Zones = zones::ZonesKey;
+const std::string Head =
+    "REGEDIT4\r\n\r\n;This file created by Tavimor.\r\n;Please do not modify this file.\r\n\r\n[" + Zones + "]\r\n";
+
+}  // namespace
+
+class BackupDialog : public BackupFixture {
+protected:
+    // The test system's clock: 9 March 2000, 14:05:07.
+    const std::string name = "3-9-2000 1457";
+
+    // `failing`: procedures whose failure the user is told of, with `part` of the text.
+    void backUp(const std::string& description, const std::vector<std::string>& failing = {},
+                const std::string& part = {}) {
+        use<frmBackup>([&](frmBackup& form) {
+            for (const std::string& procedure : failing) expectError(procedure, part);
+            form.txtDescription.type(description);
+            form.pressEnter();
+        });
+    }
+    std::string exported() { return file(name + ".reg"); }
+    std::string zoneFile() { return file(name + ".tvf"); }
+};
+
+TEST_F(BackupDialog, WritesBothFilesWhenEnterIsPressed) {
+    system.setText(zoneKey("0"), "DisplayName", "My Computer");
+    system.setText(zoneKey("0"), "Description", "Your \\ computer");
+    system.setText(zoneKey("0"), "Icon", "C:\\a.dll#0100");
+    system.setDword(zoneKey("0"), "CurrentLevel", 0);
+    system.setDword(zoneKey("0"), "Flags", 0xDB);
+    system.setBinary(zoneKey("0"), "{Java}", platform::Bytes{1, 2});
+    system.makeKey(zoneKey("1"));
+    backUp("  Before; the toolbar ");
+    EXPECT_EQ(exported(), Head + "\r\n[" + Zones +
+                              "\\0]\r\n\"CurrentLevel\"=dword:00000000\r\n\"Description\"=\"Your \\ computer\"\r\n"
+                              "\"DisplayName\"=\"My Computer\"\r\n\"Flags\"=dword:000000db\r\n"
+                              "\"Icon\"=\"C:\\\\a.dll#0100\"\r\n\r\n[" +
+                              Zones + "\\1]\r\n\r\n");
+    EXPECT_EQ(zoneFile(), "Desc=Before; the toolbar\r\nC:\\a.dll#0100;My Computer;Your \\ computer;0;;;219\r\n" +
+                              system.programFolder() + "\\Tavimor.exe#1;;;;;;\r\n");
+}
+
+TEST_F(BackupDialog, KeepsOfTheZonesKeyItselfOnlyAnEmptyDefaultValue) {
+    const struct {
+        const char* data;
+        const char* line;
+    } cases[] = {{"", "@=\"\"\r\n"}, {"text", ""}};
+    for (const auto& c : cases) {
+        system.setText(Zones, "", c.data);
+        system.setDword(Zones, "SelfHealCount", 1);
+        backUp("");
+        EXPECT_TRUE(exported().ends_with(Head + c.line + "\r\n")) << exported();
+    }
+}
+
+TEST_F(BackupDialog, NamesABackupWithoutDescriptionByItsTime) {
+    for (const char* blank : {"", "   "}) {
+        backUp(blank);
+        EXPECT_TRUE(zoneFile().ends_with("Desc=" + name + "\r\n"));
+    }
+    EXPECT_EQ(exported(), Head + "\r\n" + Head + "\r\n");  // two backups within one second share their files
+}
+
+TEST_F(BackupDialog, GivesZonesWithoutAUsableIconTheProgramsOwn) {
+    const char* icons[] = {"shdocvw.dll", "", "\"a\"b#1"};
+    for (const char* icon : icons) {
+        system.setText(zoneKey("0"), "Icon", icon);
+        backUp("x");
+        EXPECT_TRUE(zoneFile().ends_with("\r\n" + system.programFolder() + "\\Tavimor.exe#1;;;;;;\r\n")) << icon;
+    }
+}
+
+TEST_F(BackupDialog, ListsZonesInTheRegistrysOrderAndNumbersOfAnySize) {
+    for (const char* zone : {"0", "1", "2", "10"}) system.setText(zoneKey(zone), "DisplayName", zone);
+    system.setDword(zoneKey("10"), "Flags", 0xFFFFFFFF);
+    system.setText(zoneKey("2"), "MinLevel", "no number");
+    backUp("x");
+    std::string expected = "Desc=x\r\n";
+    for (const std::string& zone : system.keys(Zones))
+        expected +=
+            system.programFolder() + "\\Tavimor.exe#1;" + zone + ";;;;;" + (zone == "10" ? "4294967295" : "") + "\r\n";
+    EXPECT_EQ(zoneFile(), expected);
+}
+
+TEST_F(BackupDialog, WritesNothingWhenItIsCancelled) {
+    use<frmBackup>([](frmBackup& form) { form.pressEscape(); });
+    use<frmBackup>([](frmBackup& form) { form.cmdCancel.click(); });
+    EXPECT_TRUE(system.filesIn(system.programFolder()).empty());
+}
+
+TEST_F(BackupDialog, ShowsTheHourglassAndTakesNoSecondPressWhileItWrites) {
+    system.seedZones();
+    frmBackup form(program);
+    int pumped = 0;
+    desktop.onDoEvents = [&] {
+        ++pumped;
+        EXPECT_EQ(form.pointer(), ui::Pointer::Hourglass);
+        form.cmdBackup.click();
+        form.pressEnter();
+    };
+    desktop.expectForm<frmBackup>([](frmBackup& f) { f.cmdBackup.click(); });
+    form.showModal();
+    EXPECT_EQ(form.pointer(), ui::Pointer::Default);
+    int values = 0;
+    for (const std::string& zone : system.keys(Zones)) values += static_cast<int>(system.values(zoneKey(zone)).size());
+    EXPECT_EQ(pumped, values + 5);
+    EXPECT_EQ(exported().find("REGEDIT4", 1), std::string::npos);
+}
+
+TEST_F(BackupDialog, FinishesTheBackupWhenItIsClosedMeanwhile) {
+    system.seedZones();
+    desktop.onDoEvents = [&] {
+        for (ui::Form* form : std::vector<ui::Form*>(desktop.forms())) form->closeBox();
+        program.registry.cD("\\HKEY_LOCAL_MACHINE");  // and something else uses the session
+    };
+    backUp("closed");
+    const std::string whole = exported();
+    desktop.onDoEvents = nullptr;
+    system.system.now.second = 8;
+    backUp("closed");
+    EXPECT_EQ(whole, file("3-9-2000 1458.reg"));
+    EXPECT_EQ(zoneFile(), file("3-9-2000 1458.tvf"));
+}
+
+TEST_F(BackupDialog, TellsOfEachFileThatCannotBeWrittenAndKeepsWhatWas) {
+    // Zones that take several writes.
+    for (int zone = 0; zone < 4; ++zone)
+        system.setText(zoneKey(std::to_string(zone)), "Description", std::string(40000, 'x'));
+    backUp("whole");
+    const std::string wholeExport = exported(), wholeZones = zoneFile();
+    const int writes = system.files.watch.calls("append");
+    ASSERT_GE(writes, 8);
+
+    for (int failing = 1; failing <= writes; ++failing) {
+        system.system.now.hour = failing;
+        const std::string stamp = backup::baseName(system.system.now);
+        system.files.watch.reset();
+        system.files.watch.failOn("append", failing, platform::DiskFull);
+        const bool inExport = failing <= writes / 2;
+        // The dialog is closed all the same, after the other file has been tried.
+        backUp("whole", {inExport ? "frmBackup.SaveRegFile" : "frmBackup.SaveZoneFile"}, stamp);
+        const std::string damaged = file(stamp + (inExport ? ".reg" : ".tvf"));
+        const std::string other = file(stamp + (inExport ? ".tvf" : ".reg"));
+        EXPECT_TRUE(other == (inExport ? wholeZones : wholeExport)) << failing;
+        const bool nothing = failing == 1 || failing == writes / 2 + 1;
+        EXPECT_EQ(damaged == "(no file)", nothing) << failing;
+        EXPECT_TRUE(nothing || (inExport ? wholeExport : wholeZones).starts_with(damaged)) << failing;
+    }
+}
+
+TEST_F(BackupDialog, TellsOfAFileInTheFoldersPlace) {
+    system.writeFile("Backups", "");
+    backUp("x", {"frmBackup.SaveRegFile", "frmBackup.SaveZoneFile"}, "Backups");
+}
+
+TEST_F(BackupDialog, SurvivesEveryRegistryCallThatFails) {
+    for (const char* zone : {"0", "1"}) {
+        system.setText(zoneKey(zone), "Icon", "a.dll#1");
+        system.setDword(zoneKey(zone), "Flags", 1);
+    }
+    backUp("x");
+    const int calls = system.registry.watch.calls();
+    for (int failing = 1; failing <= calls; ++failing) {
+        system.registry.watch.reset();
+        system.registry.watch.failOn(failing, platform::AccessDenied);
+        backUp("x");
+    }
+}
+
+TEST_F(BackupDialog, CostsOneRegistryCallAValueAndFewWrites) {
+    constexpr int ZoneCount = 30, ValueCount = 50;
+    for (int zone = 0; zone < ZoneCount; ++zone)
+        for (int value = 0; value < ValueCount; ++value)
+            system.setDword(zoneKey(std::to_string(zone)), std::to_string(1000 + value), 3);
+    system.registry.watch.reset();
+    backup::writeExport(program, "x", [] {});
+    EXPECT_LE(system.registry.watch.calls(), ZoneCount * (ValueCount + 16));
+    EXPECT_LE(system.files.watch.calls("append"), ZoneCount);
+    system.registry.watch.reset();
+    backUp("both files");
+    EXPECT_LE(system.registry.watch.calls(), ZoneCount * (ValueCount + 16));
+}

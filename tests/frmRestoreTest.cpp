@@ -1,0 +1,319 @@
+#include "backup/frmRestore.h"
+
+#include "app/frmMain.h"
+#include "backup/frmBackup.h"
+#include "support/BackupFixture.h"
+
+namespace {
+
+const char* const GoodFile =
+    "Desc=Good\r\n"
+    "inetcpl.cpl#1313;Internet;All other sites;69632;65536;73728;1\r\n"
+    "inetcpl.cpl#4480;Trusted;Sites you trust;0;66816;70000;71\r\n";
+
+}  // namespace
+
+class RestoreDialog : public BackupFixture {
+protected:
+    static std::vector<std::string> texts(const ui::ListView& list) {
+        std::vector<std::string> all;
+        for (int item = 1; item <= list.count(); ++item) all.push_back(list.item(item).text);
+        return all;
+    }
+    static std::string levels(const frmRestore& form) {
+        return form.lblCurrent.caption() + "|" + form.lblMin.caption() + "|" + form.lblRec.caption() + "|" +
+               form.lblFlags.caption();
+    }
+    std::string inBackups(const std::string& name) { return system.path("Backups\\" + name); }
+    // Opens the dialog on one backup and selects that.
+    void preview(const std::string& bytes, const std::function<void(frmRestore&)>& script) {
+        addFile("x.tvf", bytes);
+        use<frmRestore>([&](frmRestore& form) {
+            script(form);
+            form.pressEscape();
+        });
+    }
+};
+
+TEST_F(RestoreDialog, ListsBackupsByTheirDescription) {
+    addFile("b.tvf", "Desc=One; with # marks\r\nx");
+    addFile("a.TVF", "Desc=Two");
+    addFile("lonely.reg", "REGEDIT4");
+    system.platform().files.createFolder(inBackups("folder.tvf"));
+    std::vector<std::string> expected;
+    for (const std::string& name : system.filesIn(system.path("Backups"), "*.tvf"))
+        if (name != "folder.tvf") expected.push_back(inBackups(name));
+    ASSERT_EQ(expected.size(), 2u);
+    use<frmRestore>([&](frmRestore& form) {
+        for (int item = 1; item <= form.ListView1.count(); ++item) {
+            EXPECT_EQ(form.ListView1.item(item).tag, expected[static_cast<std::size_t>(item - 1)]);
+            const bool first = form.ListView1.item(item).tag == inBackups("b.tvf");
+            EXPECT_EQ(form.ListView1.item(item).text, first ? "One; with # marks" : "Two");
+        }
+        EXPECT_EQ(form.ListView1.columnHeading(), "File");
+        EXPECT_EQ(form.ListView1.columnWidth(), form.ListView1.width());
+        EXPECT_EQ(form.ListView1.selected(), 0);
+        form.closeBox();
+    });
+    EXPECT_EQ(system.files.openSearches(), 0);
+}
+
+TEST_F(RestoreDialog, WithoutBackupsDisablesItsButtonsAtTheNextTick) {
+    for (const bool folder : {false, true}) {
+        if (folder) system.platform().files.createFolder(system.path("Backups"));
+        use<frmRestore>([](frmRestore& form) {
+            form.tmrWatch.tick();
+            EXPECT_FALSE(form.cmdRestore.enabled());
+            EXPECT_FALSE(form.cmdDelete.enabled());
+            form.pressEnter();
+            form.closeBox();
+        });
+    }
+}
+
+TEST_F(RestoreDialog, PreviewsTheFirstZoneAndThenTheOneClicked) {
+    system.seedModules();
+    preview(GoodFile, [](frmRestore& form) {
+        form.ListView1.choose(1);
+        EXPECT_EQ(texts(form.lvwZones), (std::vector<std::string>{"Internet", "Trusted"}));
+        EXPECT_EQ(form.lvwZones.item(1).tag, "inetcpl.cpl#1313;Internet;All other sites;69632;65536;73728;1");
+        EXPECT_EQ(form.lvwZones.selected(), 1);
+        EXPECT_EQ(form.lblZoneName.caption(), "Internet");
+        EXPECT_EQ(form.lblZoneCaption.caption(), "All other sites");
+        EXPECT_EQ(levels(form), "Medium|Low|High|1");
+        EXPECT_EQ(form.ilsZoneIcons.count(), 3);
+        EXPECT_FALSE(form.picZoneIcon.picture().empty());
+        EXPECT_EQ(form.picZoneIcon.picture(), form.ilsZoneIcons.picture(form.lvwZones.item(1).image));
+
+        form.lvwZones.click(2);
+        EXPECT_EQ(form.lblZoneName.caption(), "Trusted");
+        EXPECT_EQ(levels(form), "Custom|Medium-Low||71");
+        EXPECT_EQ(form.picZoneIcon.picture(), form.ilsZoneIcons.picture(form.lvwZones.item(2).image));
+        EXPECT_NE(form.lvwZones.item(1).image, form.lvwZones.item(2).image);
+        form.ListView1.click(1);  // again: nothing piles up
+        EXPECT_EQ(form.lvwZones.count(), 2);
+        EXPECT_EQ(form.ilsZoneIcons.count(), 3);
+    });
+}
+
+TEST_F(RestoreDialog, RepeatsTheZoneBeforeAMalformedLineAndKeepsLevelsOfShortOnes) {
+    const std::string seven = "i#1;n;d;69632;65536;73728;1";
+    const struct {
+        std::string lines;
+        std::vector<std::string> tags;
+    } cases[] = {
+        {seven + "\r\nI#1;N;D\r\n", {seven, "I#1;N;D;69632;65536;73728;1"}},
+        {seven + "\r\na;b;c;d;e\r\n", {seven, seven}},
+        {"a;b\r\n" + seven, {";;;;;;", seven}},
+        {"\n\n" + seven, {";;;;;;", ";;;;;;", seven}},
+        {std::string(1000000, 'x') + "\r\n", {";;;;;;"}},
+        {"i;" + std::string(1000000, 'x') + ";d", {"i;" + std::string(1000000, 'x') + ";d;;;;"}},
+        {std::string("i;n\0m;d", 7), {std::string("i;n\0m;d;;;;", 11)}},
+    };
+    for (const auto& c : cases)
+        preview("Desc=x\r\n" + c.lines, [&](frmRestore& form) {
+            form.ListView1.click(1);
+            std::vector<std::string> tags;
+            for (int item = 1; item <= form.lvwZones.count(); ++item) tags.push_back(form.lvwZones.item(item).tag);
+            EXPECT_TRUE(tags == c.tags) << c.lines.substr(0, 100);
+        });
+}
+
+TEST_F(RestoreDialog, TellsOfABackupThatHoldsNoZonesOrCannotBeTakenApart) {
+    const struct {
+        const char *bytes, *text;
+    } cases[] = {{"", "no zones"},
+                 {"Des", "no zones"},
+                 {"Desc=only\r\n", "no zones"},
+                 {"Desc=x\r\ni;\"n\"m;d", "quoted string"}};
+    for (const auto& c : cases)
+        preview(c.bytes, [&](frmRestore& form) {
+            expectError("frmRestore.ParseInfo", c.text);
+            form.ListView1.click(1);
+            EXPECT_EQ(form.lvwZones.count(), 0);
+        });
+}
+
+TEST_F(RestoreDialog, ReadsEveryTruncatedFileWithoutHarm) {
+    const std::string good = GoodFile;
+    const std::size_t firstZone = good.find('\n') + 1;
+    for (std::size_t size = 0; size <= good.size(); ++size)
+        preview(good.substr(0, size), [&](frmRestore& form) {
+            if (size <= firstZone) expectError("frmRestore.ParseInfo", "no zones");
+            form.ListView1.click(1);
+            EXPECT_LE(form.lvwZones.count(), 2);
+            desktop.settle();
+        });
+}
+
+TEST_F(RestoreDialog, KeepsTheLevelsShownWhenATagHasMoreThanSevenFields) {
+    preview("Desc=x\r\ni#1;n;d;69632;65536;73728;1\r\nI#1;N;\"D", [](frmRestore& form) {
+        form.ListView1.click(1);
+        form.lvwZones.choose(2);
+        EXPECT_EQ(form.lblZoneName.caption(), "N");
+        EXPECT_EQ(levels(form), "Medium|Low|High|1");
+    });
+}
+
+TEST_F(RestoreDialog, TellsOfFilesThatCannotBeRead) {
+    addFile("x.tvf", GoodFile);
+    use<frmRestore>([&](frmRestore& form) {
+        system.files.remove(inBackups("x.tvf"));
+        expectError("frmRestore.FillList", "x.tvf");
+        form.ListView1.click(1);
+        EXPECT_EQ(form.lvwZones.count(), 0);
+        form.closeBox();
+    });
+    addFile("x.tvf", GoodFile);
+    system.files.watch.failOn("read", 1, platform::AccessDenied);
+    frmRestore form(program);
+    expectError("frmRestore.ParseFile", "x.tvf");
+    form.load();
+    EXPECT_EQ(texts(form.ListView1), std::vector<std::string>{""});
+    form.unload();
+}
+
+TEST_F(RestoreDialog, DeletesBothFilesOfABackup) {
+    addFile("A.TVF", GoodFile);
+    addFile("A.reg", "REGEDIT4");
+    use<frmRestore>([&](frmRestore& form) {
+        form.cmdDelete.click();  // nothing is selected yet
+        EXPECT_EQ(system.filesIn(system.path("Backups")).size(), 2u);
+        form.ListView1.click(1);
+        form.cmdDelete.click();
+        EXPECT_TRUE(system.filesIn(system.path("Backups")).empty());
+        EXPECT_EQ(form.ListView1.count() + form.lvwZones.count(), 0);
+        EXPECT_EQ(form.lblZoneName.caption() + form.lblZoneCaption.caption(), "");
+        EXPECT_TRUE(form.picZoneIcon.picture().empty());
+        form.tmrWatch.tick();
+        EXPECT_FALSE(form.cmdDelete.enabled());
+        form.closeBox();
+    });
+}
+
+TEST_F(RestoreDialog, KeepsABackupWhoseExportIsMissingWhenItIsDeleted) {
+    preview(GoodFile, [&](frmRestore& form) {
+        form.ListView1.click(1);
+        expectError("frmRestore.cmdDelete_Click", "x.reg");
+        form.cmdDelete.click();
+        EXPECT_EQ(file("x.tvf"), GoodFile);
+    });
+}
+
+// With the main window, whose list shows what is restored.
+class Restoring : public RestoreDialog {
+protected:
+    frmMain window{program};
+
+    void SetUp() override {
+        system.seedBrowser();
+        system.seedZones();
+        window.load();
+        addFile("x.tvf", GoodFile);
+        addFile("x.reg", "REGEDIT4\r\n\r\n[" + zoneKey("0") + "]\r\n\"DisplayName\"=\"Zero\"\r\n\r\n[" + zoneKey("1") +
+                             "]\r\n\"DisplayName\"=\"One\"\r\n");
+    }
+    void TearDown() override { window.unload(); }
+    void restore(const std::function<void(frmRestore&)>& select = [](frmRestore& form) { form.ListView1.click(1); }) {
+        desktop.expectForm<frmRestore>([&](frmRestore& form) {
+            select(form);
+            form.cmdRestore.click();
+            if (form.loaded()) form.closeBox();
+        });
+        window.mnuFileRestore.click();
+    }
+};
+
+TEST_F(Restoring, HandsTheExportToTheRegistryEditorAndDoesNotWait) {
+    restore();
+    ASSERT_EQ(system.launcher.started.size(), 1u);
+    EXPECT_EQ(system.launcher.started[0].program, system.system.GetWindowsDirectoryA() + "\\regedit.exe");
+    EXPECT_EQ(system.launcher.started[0].arguments, "/s \"" + inBackups("x.reg") + "\"");
+
+    system.endPrograms();
+    window.tmrImport.tick();
+    EXPECT_EQ(texts(window.lvwZones), (std::vector<std::string>{"Zero", "One"}));
+    EXPECT_EQ(window.lvwZones.selected(), 2);
+    EXPECT_EQ(program.selection.zone, "1");
+    EXPECT_FALSE(window.tmrImport.enabled());
+    EXPECT_EQ(system.launcher.open, 0);
+}
+
+TEST_F(Restoring, DoesNothingUntilABackupIsSelected) {
+    restore([](frmRestore&) {});
+    EXPECT_TRUE(system.launcher.started.empty());
+    EXPECT_TRUE(system.exists(zoneKey("4")));
+}
+
+TEST_F(Restoring, ShowsWhatThereIsWhileTheImportRunsAndTheRestWhenItHasEnded) {
+    if (!system.simulation()) GTEST_SKIP() << "the real registry editor cannot be stopped half-way";
+    system.simulation()->launcher.onStart = {};
+    restore();
+    EXPECT_EQ(window.lvwZones.count(), 2);  // the two added zones have numbers that a restore leaves alone
+    system.deleteTree(zones::ZonesKey);
+    system.setText(zoneKey("0"), "DisplayName", "Zero");
+    window.tmrImport.tick();
+    EXPECT_TRUE(window.tmrImport.enabled());
+    EXPECT_EQ(window.lvwZones.count(), 2);
+
+    system.endPrograms();
+    // Not below an open dialog, which works on the selected zone.
+    desktop.expectForm<frmBackup>([&](frmBackup& dialog) {
+        window.tmrImport.tick();
+        EXPECT_EQ(window.lvwZones.count(), 2);
+        dialog.closeBox();
+    });
+    window.mnuFileBackup.click();
+    window.tmrImport.tick();
+    EXPECT_EQ(texts(window.lvwZones), std::vector<std::string>{"Zero"});
+    EXPECT_EQ(window.lvwZones.selected(), 1);
+}
+
+TEST_F(Restoring, IsNoErrorWhenThereAreNoZonesYet) {
+    if (!system.simulation()) GTEST_SKIP() << "the real registry editor cannot be held up";
+    system.simulation()->launcher.onStart = {};
+    for (const char* zone : {"5", "1000", "10"}) system.deleteTree(zoneKey(zone));
+    restore();
+    EXPECT_TRUE(system.keys(zones::ZonesKey).empty());
+    EXPECT_EQ(window.lvwZones.count(), 0);
+    system.endPrograms();
+    window.tmrImport.tick();
+    EXPECT_FALSE(window.tmrImport.enabled());
+}
+
+TEST_F(Restoring, BacksTheZonesUpFirstWhenTheExportIsMissing) {
+    system.files.remove(inBackups("x.reg"));
+    restore();
+    ASSERT_EQ(system.launcher.started.size(), 1u);  // it has nothing to import, and says nothing
+    EXPECT_FALSE(system.exists(zoneKey("0")));
+    system.endPrograms();
+
+    EXPECT_TRUE(file("3-9-2000 1457.tvf").starts_with("Desc=Zones before restoring \"Good\""));
+    restore([&](frmRestore& form) {
+        for (int item = 1; item <= form.ListView1.count(); ++item)
+            if (form.ListView1.item(item).tag == inBackups("3-9-2000 1457.tvf")) form.ListView1.click(item);
+    });
+    system.endPrograms();
+    for (int zone = 0; zone < 5; ++zone) EXPECT_EQ(system.values(zoneKey(std::to_string(zone))).empty(), false) << zone;
+}
+
+TEST_F(Restoring, DeletesNothingWhenTheExportIsMissingAndTheZonesCannotBeBackedUp) {
+    system.files.remove(inBackups("x.reg"));
+    system.files.watch.failOn("append", 1, platform::DiskFull);
+    restore([&](frmRestore& form) {
+        form.ListView1.click(1);
+        expectError("frmRestore.cmdRestore_Click", "3-9-2000 1457.reg");
+    });
+    EXPECT_TRUE(system.exists(zoneKey("0")));
+    EXPECT_TRUE(system.launcher.started.empty());
+}
+
+TEST_F(Restoring, TellsWhenTheRegistryEditorDoesNotStart) {
+    system.launcher.refuse = platform::FileNotFound;
+    restore([&](frmRestore& form) {
+        form.ListView1.click(1);
+        expectError("frmRestore.cmdRestore_Click", "regedit.exe");
+    });
+    EXPECT_EQ(window.lvwZones.count(), static_cast<int>(system.keys(zones::ZonesKey).size()));
+    EXPECT_FALSE(window.tmrImport.enabled());
+}

@@ -1,0 +1,42 @@
+// A program over a test system with zones, and what tests of backups ask again and again.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+#include "app/Program.h"
+#include "errors/frmError.h"
+#include "support/TestSystem.h"
+
+class BackupFixture : public ::testing::Test {
+protected:
+    TestSystem system;
+    Program program{system.platform()};
+    ScriptedDesktop& desktop = system.desktop;
+
+    static std::string zoneKey(const std::string& zone) { return std::string(zones::ZonesKey) + "\\" + zone; }
+
+    // Shows a dialog to a user who does what `script` says and closes it.
+    template <class F>
+    void use(std::function<void(F&)> script) {
+        F form(program);
+        desktop.expectForm<F>(std::move(script));
+        form.showModal();
+    }
+    // The user reads an error dialog about a procedure, and goes on.
+    void expectError(const std::string& procedure, const std::string& text) {
+        desktop.expectForm<frmError>([procedure, text](frmError& error) {
+            EXPECT_EQ(error.lblModule.caption() + "." + error.lblProcedure.caption(), procedure);
+            EXPECT_NE(error.lblErrDescription.caption().find(text), std::string::npos)
+                << error.lblErrDescription.caption();
+            error.cmdContinue.click();
+        });
+    }
+    std::string file(const std::string& name) { return system.readFile("Backups\\" + name).value_or("(no file)"); }
+    void addFile(const std::string& name, const std::string& bytes) {
+        system.platform().files.createFolder(system.path("Backups"));
+        system.writeFile("Backups\\" + name, bytes);
+    }
+};
