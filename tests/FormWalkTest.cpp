@@ -7,11 +7,14 @@
 #include <memory>
 
 #include "app/frmMain.h"
+#include "backup/frmBackup.h"
+#include "backup/frmRestore.h"
 #include "editing/frmAdd.h"
 #include "editing/frmEdit.h"
 #include "editing/frmSecurity.h"
 #include "errors/frmError.h"
 #include "icons/frmIconSelector.h"
+#include "mail/frmOESecurity.h"
 #include "support/TestSystem.h"
 
 namespace {
@@ -32,6 +35,9 @@ const FormCase Forms[] = {
     {"frmEdit", makeForm<frmEdit>},
     {"frmAdd", makeForm<frmAdd>},
     {"frmSecurity", makeForm<frmSecurity>},
+    {"frmBackup", makeForm<frmBackup>},
+    {"frmRestore", makeForm<frmRestore>},
+    {"frmOESecurity", makeForm<frmOESecurity>},
     {"frmError",
      [](Program& program) -> std::unique_ptr<ui::Form> {
          return std::make_unique<frmError>(program.platform.desktop);
