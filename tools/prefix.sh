@@ -1,0 +1,36 @@
+#!/bin/bash
+# usage: tools/prefix.sh KIND    makes the Wine prefix build/wine/KIND unless it is there, and prints its path
+#
+# test       windows without any display
+# pictures   windows on an X server that has no window manager: Wine draws their frames and title bars
+set -eu
+root=$(cd "$(dirname "$0")/.." && pwd)
+. "$root/tools/wine-env.sh"
+
+case $1 in
+    test) key='Drivers' value='"Graphics"="null"' ;;
+    pictures) key='X11 Driver' value='"Managed"="N"' ;;
+    *) echo "no such kind of prefix: $1" >&2; exit 2 ;;
+esac
+prefix=$root/build/wine/$1
+if [ ! -e "$prefix/.complete" ]; then
+    mkdir -p "$root/build/wine"
+    exec 9>"$prefix.lock"
+    flock 9
+fi
+if [ ! -e "$prefix/.complete" ]; then
+    echo "making the Wine prefix $prefix (once, about fifteen seconds)" >&2
+    rm -rf "$prefix"
+    mkdir -p "$prefix/home"
+    # Written before Wine's first start: the first process of a session chooses the display driver for all.
+    printf 'WINE REGISTRY Version 2\n\n#arch=win64\n\n[Software\\\\Wine\\\\%s]\n%s\n' "$key" "$value" >"$prefix/user.reg"
+    # With a home of its own, or the prefix would link to the folders of whoever builds.
+    run() { env -u DISPLAY HOME="$prefix/home" WINEPREFIX="$prefix" timeout 300 "$@" 9>&-; }
+    if ! run "$wine" wineboot -i >"$prefix/wineboot.log" 2>&1 </dev/null || ! run wineserver -w; then
+        echo "Wine could not make the prefix:" >&2
+        cat "$prefix/wineboot.log" >&2
+        exit 1
+    fi
+    touch "$prefix/.complete"
+fi
+echo "$prefix"

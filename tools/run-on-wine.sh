@@ -1,0 +1,25 @@
+#!/bin/bash
+# usage: tools/run-on-wine.sh PROGRAM.exe [ARGUMENT...]
+#
+# Runs a Windows program without a display, prints what it printed, and returns its exit code; 124 when it took longer
+# than WINE_SECONDS (300). The Wine server is kept for the next program; `tools/run-on-wine.sh --end` ends it.
+set -u
+root=$(cd "$(dirname "$0")/.." && pwd)
+. "$root/tools/wine-env.sh"
+WINEPREFIX=$("$root/tools/prefix.sh" test) || exit 1
+export WINEPREFIX
+unset DISPLAY
+
+if [ "$1" = --end ]; then
+    wineserver -k
+    exit 0
+fi
+# Into a file: Wine's background processes inherit a pipe and hold it open long after the program's end.
+output=$(mktemp)
+trap 'rm -f "$output"' EXIT
+wineserver -p >"$output" 2>&1 </dev/null
+timeout -k 5 "${WINE_SECONDS:-300}" "$wine" "$@" >"$output" 2>&1 </dev/null
+code=$?
+tr -d '\r' <"$output"
+[ $code != 124 ] || echo "stopped after ${WINE_SECONDS:-300} seconds: $1"
+exit $code
