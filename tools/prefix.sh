@@ -2,6 +2,7 @@
 # usage: tools/prefix.sh KIND    makes the Wine prefix build/wine/KIND unless it is there, and prints its path
 #
 # test       windows without any display
+# run        the machine of `make run`
 # pictures   windows on an X server that has no window manager: Wine draws their frames and title bars
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
@@ -9,6 +10,7 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 
 case $1 in
     test) key='Drivers' value='"Graphics"="null"' ;;
+    run) key='Drivers' value='"Graphics"="x11"' ;;
     pictures) key='X11 Driver' value='"Managed"="N"' ;;
     *) echo "no such kind of prefix: $1" >&2; exit 2 ;;
 esac
@@ -22,6 +24,10 @@ if [ ! -e "$prefix/.complete" ]; then
     echo "making the Wine prefix $prefix (once, about fifteen seconds)" >&2
     rm -rf "$prefix"
     mkdir -p "$prefix/home"
+    # Wine as Debian builds it does not find its own fonts: without Tahoma and Marlett texts take another width, and
+    # letters stand on the title bar's buttons.
+    mkdir -p "$prefix/drive_c/windows/Fonts"
+    cp /usr/share/wine/fonts/*.ttf "$prefix/drive_c/windows/Fonts/"
     # Written before Wine's first start: the first process of a session chooses the display driver for all.
     printf 'WINE REGISTRY Version 2\n\n#arch=win64\n\n[Software\\\\Wine\\\\%s]\n%s\n' "$key" "$value" >"$prefix/user.reg"
     # With a home of its own, or the prefix would link to the folders of whoever builds.
