@@ -54,10 +54,10 @@ frmMain::frmMain(Program& program)
       //                    minimum   current
       zzzfraInfo(*this, "zzzfraInfo", {Margin, FrameAt, Inner, FrameHeight}, "At a glance"),
       zzzlblInfo("zzzlblInfo"),
-      lblFlags(zzzfraInfo, "lblFlags", {1350, 300, 1650, 225}, ""),
-      lblRec(zzzfraInfo, "lblRec", {4830, 300, 1680, 225}, ""),
-      lblMin(zzzfraInfo, "lblMin", {1350, 660, 1650, 225}, ""),
-      lblCurrent(zzzfraInfo, "lblCurrent", {4830, 660, 1680, 225}, ""),
+      lblFlags(zzzfraInfo, "lblFlags", {1560, 300, 1590, 225}, ""),
+      lblRec(zzzfraInfo, "lblRec", {5100, 300, 1410, 225}, ""),
+      lblMin(zzzfraInfo, "lblMin", {1560, 660, 1590, 225}, ""),
+      lblCurrent(zzzfraInfo, "lblCurrent", {5100, 660, 1410, 225}, ""),
       // ---- the program's logo
       zzzpicLogo(*this, "zzzpicLogo", {Margin, LogoAt, Inner, LogoHeight}),
       tmrIconSpace(*this, "tmrIconSpace", 50),
@@ -88,10 +88,10 @@ frmMain::frmMain(Program& program)
     const struct {
         ui::Bounds at;
         const char* caption;
-    } infos[] = {{{150, 300, 1170, 225}, "Flags:"},
-                 {{3180, 300, 1620, 225}, "Recommended Level: "},
-                 {{150, 660, 1170, 225}, "Minimum Level: "},
-                 {{3180, 660, 1620, 225}, "Current Level: "}};
+    } infos[] = {{{150, 300, 1380, 225}, "Flags:"},
+                 {{3240, 300, 1830, 225}, "Recommended Level: "},
+                 {{150, 660, 1380, 225}, "Minimum Level: "},
+                 {{3240, 660, 1830, 225}, "Current Level: "}};
     for (const auto& info : infos) zzzlblInfo.add(zzzfraInfo, info.at, info.caption);
 
     lblZoneName.showData().makeBold();
