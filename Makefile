@@ -1,0 +1,54 @@
+# What a person does with the project; CMake's presets do the building.
+
+.PHONY: help setup run test test-native build release lint format screenshots
+.DEFAULT_GOAL := help
+
+help:
+	@echo 'make run          build Tavimor and start it on Wine with sample zones'
+	@echo 'make test         every test: native under sanitizers, on Wine, and of the released program'
+	@echo 'make test-native  the tests that need g++, CMake and GoogleTest alone'
+	@echo 'make build        build/win64/Tavimor.exe'
+	@echo 'make release      dist/Tavimor.exe: 32 bits, small, for Windows 95 and later'
+	@echo 'make screenshots  the pictures in docs/screenshots'
+	@echo 'make lint         clang-tidy and the format of every source'
+	@echo 'make format       put every source into its format'
+	@echo 'make setup        install the Debian packages that all of these need'
+
+setup:
+	@tools/setup.sh all
+
+run:
+	@tools/setup.sh run
+	@tools/build.sh win64 Tavimor
+	@sandbox/run.sh
+
+screenshots:
+	@tools/setup.sh screenshots
+	@tools/build.sh win64 Tavimor
+	@sandbox/screenshots.sh
+
+test:
+	@tools/setup.sh test
+	@tools/test.sh
+
+test-native:
+	@tools/build.sh native
+	@tools/run-suite.sh build/native/tests/tavimor-tests
+
+build:
+	@tools/setup.sh build
+	@tools/build.sh win64 Tavimor
+	@echo build/win64/Tavimor.exe
+
+release:
+	@tools/setup.sh release
+	@tools/release.sh
+	@echo dist/Tavimor.exe
+
+lint:
+	@tools/setup.sh lint
+	@tools/lint.sh
+
+format:
+	@tools/setup.sh format
+	@git ls-files 'src/*.h' 'src/*.cpp' 'tests/*.h' 'tests/*.cpp' | xargs clang-format -i

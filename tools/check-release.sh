@@ -1,0 +1,46 @@
+#!/bin/bash
+# usage: tools/check-release.sh
+#
+# Holds dist/Tavimor.exe against what it promises, and closes with "N passed, N failed".
+set -u
+cd "$(dirname "$0")/.."
+exe=dist/Tavimor.exe
+passed=0 failed=0
+output=$(mktemp)
+trap 'rm -f "$output"' EXIT
+check() {
+    local what=$1
+    shift
+    if "$@" >"$output" 2>&1; then
+        passed=$((passed + 1))
+    else
+        failed=$((failed + 1))
+        echo "not so: $what"
+        cat "$output"
+    fi
+}
+
+at_most_400_kb() {
+    local size
+    size=$(stat -c %s "$exe") && echo "$size bytes" && [ "$size" -le 409600 ]
+}
+
+# The same sources in another folder, where the compiler sees other paths. Its objects are kept: only what has changed
+# since is compiled once more.
+reproducible() {
+    local copy=build/elsewhere/a-longer-path-to-the-same-sources
+    mkdir -p $copy
+    (cd $copy && rm -rf src cmake sandbox tests tools CMake*)
+    cp -a src cmake sandbox tests tools CMakeLists.txt CMakePresets.json $copy/
+    $copy/tools/build.sh win32 Tavimor && cmp "$exe" $copy/build/win32/Tavimor.exe
+}
+
+# A checker that passes everything would be no checker: the 64-bit program needs functions that old Windows lacks.
+checker_refuses() { ! tools/check-imports.sh build/win64/Tavimor.exe; }
+
+check "it asks for nothing that Windows 95 lacks" tools/check-imports.sh --95 "$exe"
+check "the check of its imports refuses the 64-bit program" checker_refuses
+check "it takes at most 400 KB" at_most_400_kb
+check "a build of the same sources in another folder gives the same bytes" reproducible
+echo "$passed passed, $failed failed"
+[ $failed = 0 ]

@@ -1,0 +1,59 @@
+#!/bin/bash
+# usage: tools/setup.sh [VERB]
+#
+# Installs the Debian packages that `make VERB` needs, or all that any verb needs. Says what it installs; where all is
+# there it says and does nothing, and needs no network.
+set -u
+native='make g++ cmake libgtest-dev googletest'
+windows='ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-win32 wine wine64 fonts-wine'
+pictures='xvfb xauth imagemagick'
+lint='ninja-build clang clang-tidy clang-format'
+
+verb=${1:-all}
+case $verb in
+    test-native) wanted=$native ;;
+    build | release | test) wanted="$native $windows" ;;
+    run | screenshots) wanted="$native $windows $pictures" ;;
+    lint | format) wanted="$native $windows $lint" ;;
+    all) wanted="$native $windows $pictures $lint librsvg2-bin file" ;;
+    *) echo "no such verb: $verb" >&2; exit 2 ;;
+esac
+
+installed() { [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]; }
+missing() {
+    local package
+    for package in $wanted; do
+        installed "$package" || echo "$package"
+    done
+}
+give_up() {
+    echo "$1" >&2
+    [ "$verb" = test-native ] ||
+        echo "What is left is 'make test-native': it needs g++, CMake and GoogleTest alone." >&2
+    exit 1
+}
+
+lacking=$(missing | xargs)
+[ -n "$lacking" ] || exit 0
+command -v apt-get >/dev/null || give_up "These packages are missing, and there is no apt-get to install them: $lacking"
+as_root=
+if [ "$(id -u)" != 0 ]; then
+    command -v sudo >/dev/null || give_up "These packages are missing; install them as root: $lacking"
+    as_root=sudo
+fi
+
+apt() { $as_root env DEBIAN_FRONTEND=noninteractive apt-get -qq -o DPkg::Lock::Timeout=300 "$@" </dev/null; }
+echo "installing: $lacking"
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+{ apt update && apt install --no-install-recommends $lacking; } >"$log" 2>&1
+lacking=$(missing | xargs)
+if [ -n "$lacking" ]; then
+    # One package that cannot be had keeps apt from installing any: the others one by one, to tell which it is.
+    for package in $lacking; do
+        apt install --no-install-recommends "$package" >>"$log" 2>&1
+    done
+    lacking=$(missing | xargs)
+fi
+[ -z "$lacking" ] || { tail -n 20 "$log" >&2; give_up "These packages cannot be had: $lacking"; }
+echo "installed"
