@@ -69,7 +69,7 @@ void frmEdit::ConnectEvents() {
 
 void frmEdit::Form_Load() {
     procedure("frmEdit.Form_Load", [&] {
-        general.details.selection = program_.selection;
+        TakeSelection();
         // By number: a zone named "03" is offered the defaults of zone 3 as well.
         const auto number = util::wholeNumber(zone());
         general.cmdGeneral(Default).setEnabled(number && *number < zones::BuiltInZones.size());
@@ -83,6 +83,17 @@ void frmEdit::Form_Load() {
         levels.cboSetting(RecommendedLevel).setItems(offered);
         levels.cboSetting(MinimumLevel).setItems(offered);
     });
+}
+
+void frmEdit::TakeSelection() {
+    zones::Selection& own = general.details.selection;
+    own = program_.selection;
+    zones::goToZone(program_.registry, own.zone);
+    const auto icon = program_.registry.ValueOf("Icon");
+    if (icon && icon->text.find('#') != std::string::npos) return;
+    // The main window shows the program's icon for a zone that has none; that is not to become the zone's.
+    own.iconFile.clear();
+    own.iconResource.clear();
 }
 
 // Whichever zone is edited. A lowest level of 0 is none that the browser offers.

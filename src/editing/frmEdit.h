@@ -27,6 +27,7 @@ private:
     void ConnectEvents();
     const std::string& zone() const { return general.details.selection.zone; }
 
+    void TakeSelection();
     void RepairMyComputer();
     void TabStrip1_Click();
     void ShowPage(int page);
