@@ -1,0 +1,98 @@
+#include "editing/frmAdd.h"
+
+#include "icons/ExtractIcon.h"
+#include "support/EditingFixture.h"
+#include "zones/Templates.h"
+
+namespace {
+
+class frmAddTest : public EditingFixture {
+protected:
+    static void fill(frmAdd& form) {
+        form.details.txtZoneName.type("New & \"quoted\"");
+        form.details.txtZoneDescription.type("A zone; C:\\x");
+    }
+};
+
+}  // namespace
+
+TEST_F(frmAddTest, MakesASafeZoneUnderTheNextNumberAndCloses) {
+    add([&](frmAdd& form) {
+        ui::PictureBox& expected = window->picHolder;
+        basMain::ExtractIcon(program, program.registry.GetIconForOS(), "#", 32, expected);
+        EXPECT_EQ(form.details.picIcon.picture(), expected.picture());
+        fill(form);
+        form.pressEnter();
+        EXPECT_FALSE(form.loaded());
+    });
+    const std::string zone = key("7"), high = std::string(zones::TemplatesKey) + "\\High";
+    EXPECT_EQ(system.text(zone, "DisplayName"), "New & \"quoted\"");
+    EXPECT_EQ(system.text(zone, "Description"), "A zone; C:\\x");
+    EXPECT_EQ(system.text(zone, "Icon"), program.platform.system.GetSystemDirectoryA() + "\\Inetcpl.cpl#4487");
+    EXPECT_EQ(system.text(zone, ""), "");
+    EXPECT_EQ(system.dword(zone, "Flags"), 3u);
+    for (const char* level : {"CurrentLevel", "MinLevel", "RecommendedLevel"})
+        EXPECT_EQ(system.dword(zone, level), 73728u) << level;
+    EXPECT_EQ(system.dword(zone, "1200"), system.dword(high, "1200"));
+    EXPECT_EQ(system.values(zone).size(), system.values(high).size() - 1 + 5);  // no TemplateIndex, but its own
+    EXPECT_EQ(window->lvwZones.item(8).text, "New & \"quoted\"");
+}
+
+TEST_F(frmAddTest, MakesNothingOfABlankName) {
+    add([&](frmAdd& form) {
+        system.desktop.expectMessage("You must give this zone a name.", ui::Answer::Ok);
+        form.cmdGeneral.click();
+        EXPECT_TRUE(form.loaded());
+    });
+    EXPECT_FALSE(system.exists(key("7")));
+}
+
+TEST_F(frmAddTest, BrowsesForIconsFromTheWindowsFolderOn) {
+    add([&](frmAdd& form) {
+        system.desktop.expectFile(std::nullopt);
+        form.details.picIcon.click();
+        const ui::OpenFileRequest& asked = system.desktop.lastFileRequest();
+        EXPECT_EQ(asked.start, program.platform.system.GetWindowsDirectoryA() + "\\");
+        EXPECT_EQ(asked.title, "Browse for icons");
+        EXPECT_EQ(asked.defaultExtension, "DLL");
+        EXPECT_EQ(asked.filter,
+                  "All Icon Files (*.dll;*.exe;*.ocx)|*.dll;*.exe;*.ocx|Dynamic Link Libraries (*.dll)|*.dll|"
+                  "Programs (*.exe)|*.exe|ActiveX Controls (*.ocx)|*.ocx");
+    });
+}
+
+TEST_F(frmAddTest, WithAGapTheZoneOfThatNumberIsWrittenOver) {
+    removeZone("3");
+    window->RebuildList();
+    add([&](frmAdd& form) {
+        fill(form);
+        form.cmdGeneral.click();
+    });
+    EXPECT_EQ(system.keys(zones::ZonesKey), (std::vector<std::string>{"0", "1", "2", "4", "5", "6"}));
+    EXPECT_EQ(system.text(key("6"), "DisplayName"), "New & \"quoted\"");
+}
+
+TEST_F(frmAddTest, TellsTheUserWhenTheNewZoneIsNotWhole) {
+    refuseEachWrite([&] {
+        removeZone("7");
+        window->RebuildList();
+        frmAdd form(program);
+        form.load();
+        fill(form);
+        form.cmdGeneral.click();
+        EXPECT_FALSE(form.loaded()) << "the zone is there";
+    });
+}
+
+TEST_F(frmAddTest, StaysOpenWhenTheZoneCannotBeMade) {
+    add([&](frmAdd& form) {
+        fill(form);
+        system.registry.watch.failOn("RegCreateKeyExA", 1, platform::AccessDenied);
+        system.desktop.expectMessage(NoZone, ui::Answer::Ok);
+        form.cmdGeneral.click();
+        ASSERT_TRUE(form.loaded());
+        form.cmdGeneral.click();
+        EXPECT_FALSE(form.loaded());
+    });
+    EXPECT_TRUE(system.exists(key("7")));
+}

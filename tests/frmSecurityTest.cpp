@@ -1,0 +1,245 @@
+#include "editing/frmSecurity.h"
+
+#include <chrono>
+
+#include "support/EditingFixture.h"
+
+namespace {
+
+const std::string Settings = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\SO";
+
+class frmSecurityTest : public EditingFixture {
+protected:
+    // A key below the settings description, with its text.
+    std::string describe(const std::string& path, const std::string& text) {
+        system.setText(Settings + "\\" + path, "Text", text);
+        return Settings + "\\" + path;
+    }
+    void option(const std::string& path, const std::string& text, const std::string& name, std::uint32_t value) {
+        const std::string at = describe(path, text);
+        system.setText(at, "ValueName", name);
+        system.setDword(at, "CheckedValue", value);
+    }
+    // One setting of one group, with Enable (0) and Disable (3) for the value 1201.
+    void describeOne() {
+        system.deleteTree(Settings);
+        describe("A", "Group");
+        describe("A\\S", "Setting");
+        option("A\\S\\1", "Enable", "1201", 0);
+        option("A\\S\\2", "Disable", "1201", 3);
+        system.setDword(key("2"), "1201", 0);
+    }
+    // The tree as text: one level in for each parent, options as "( )" or "(o)" with their tags.
+    std::string tree(const std::string& zone) {
+        std::string all;
+        customise(zone, [&](frmSecurity& form) { all = treeOf(form); });
+        return all;
+    }
+    static std::string treeOf(frmSecurity& form) {
+        std::string all;
+        for (int i = 1; i <= form.TVMRTreeView1.count(); ++i) {
+            const ui::TreeNode& node = form.TVMRTreeView1.node(i);
+            for (int up = node.parent; up; up = form.TVMRTreeView1.node(up).parent) all += "-";
+            if (node.option) all += node.selected ? "(o)" : "( )";
+            all += node.text + (node.tag.empty() ? "" : "[" + node.tag + "]") + (node.image ? "*" : "") + "\n";
+        }
+        return all;
+    }
+};
+
+}  // namespace
+
+TEST_F(frmSecurityTest, ShowsTheBrowsersSettingsWithTheZonesOptions) {
+    system.registry.watch.reset();
+    const auto start = std::chrono::steady_clock::now();
+    int groups = 0, settings = 0, options = 0, selected = 0;
+    customise("5", [&](frmSecurity& form) {
+        const auto taken = std::chrono::steady_clock::now() - start;
+        const ui::TreeView& tree = form.TVMRTreeView1;
+        for (int i = 1; i <= tree.count(); ++i) {
+            const ui::TreeNode& node = tree.node(i);
+            ++(node.option ? options : node.parent ? settings : groups);
+            if (!node.selected) continue;
+            ++selected;
+            const auto comma = node.tag.find(',');
+            EXPECT_EQ(std::to_string(*system.dword(key("5"), node.tag.substr(0, comma))), node.tag.substr(comma + 1));
+        }
+        EXPECT_EQ(tree.visibleNode(), 1);
+        std::printf("%d settings with %d options: %d registry calls from the click on the zone, %lld ms\n", settings,
+                    options, system.registry.watch.calls(),
+                    static_cast<long long>(std::chrono::duration_cast<std::chrono::milliseconds>(taken).count()));
+        EXPECT_LE(system.registry.watch.calls(), 1500);
+    });
+    EXPECT_EQ(groups, 7);
+    EXPECT_EQ(settings, 22);
+    EXPECT_EQ(options, 68);
+    EXPECT_EQ(selected, 22);
+}
+
+TEST_F(frmSecurityTest, SelectsNoOptionForAValueThatIsMissingOrUnknown) {
+    describeOne();
+    const std::string none = "Group\n-Setting\n--( )Enable[1201,0]\n--( )Disable[1201,3]\n";
+    system.deleteValue(key("2"), "1201");
+    EXPECT_EQ(tree("2"), none);
+    system.setDword(key("2"), "1201", 7);
+    EXPECT_EQ(tree("2"), none);
+    system.setText(key("2"), "1201", "0");
+    EXPECT_EQ(tree("2"), none);
+}
+
+TEST_F(frmSecurityTest, LeavesOutTheBrowsersOwnJavaAndWhatDoesNotFitThreeLevels) {
+    describeOne();
+    option("Microsoft VM\\S\\1", "No", "1", 1);
+    option("A\\Microsoft VM\\1", "No", "1", 1);
+    option("A\\S\\Microsoft VM", "No", "1", 1);
+    describe("A\\S\\3", "Deeper group");
+    option("A\\S\\3\\1", "Too deep", "1201", 1);
+    describe("A\\T", "No options");
+    describe("B", "");
+    option("B\\U\\1", "", "1A00", 0x80000000);
+    system.makeKey(Settings + "\\C");
+    EXPECT_EQ(tree("2"),
+              "Group\n-Setting\n--(o)Enable[1201,0]\n--( )Disable[1201,3]\n-No options\n"
+              "\n-\n--( )[1A00,2147483648]\n\n");
+    system.deleteTree(Settings);
+    EXPECT_EQ(tree("2"), "");
+}
+
+TEST_F(frmSecurityTest, AnIncompleteOptionCannotBeChosen) {
+    describeOne();
+    system.setText(describe("A\\S\\3", "No value"), "ValueName", "1201");
+    system.setDword(describe("A\\S\\4", "No name"), "CheckedValue", 1);
+    option("A\\S\\5", "Odd name", "12,01", 1);
+    const std::string text = describe("A\\S\\6", "Text for a number");
+    system.setText(text, "ValueName", "1201");
+    system.setText(text, "CheckedValue", "1");
+    const auto before = system.values(key("2"));
+    customise("2", [&](frmSecurity& form) {
+        ASSERT_EQ(form.TVMRTreeView1.count(), 8);
+        for (int i = 5; i <= 8; ++i) {
+            form.TVMRTreeView1.click(i);
+            EXPECT_EQ(form.TVMRTreeView1.node(i).tag, "");
+        }
+    });
+    EXPECT_EQ(system.values(key("2")), before);
+    EXPECT_EQ(system.dword(key("2"), "CurrentLevel"), 65536u);
+}
+
+TEST_F(frmSecurityTest, TakesACaptionThatIsNoTextFromAProgramFile) {
+    simulated::ProgramFile texts;
+    texts.addString(4746, "From the file");
+    system.addProgram("texts.dll", texts);
+    const std::string error = "** ERROR Retrieving string - frmSecurity.ExtractString **";
+    const struct {
+        const char *text, *reference;
+        std::string caption;
+    } cases[] = {
+        {"Plain", "@texts.dll,-4746", "Plain"},
+        {"%4746", "@texts.dll,-4746", "From the file"},
+        {nullptr, "@texts.dll,-4746", "From the file"},
+        {"%4746", nullptr, error},
+        {nullptr, nullptr, ""},
+        {"%", "@texts.dll,-1", error},
+        {"%", "@missing.dll,-4746", error},
+        {"%", "@texts.dll", error},
+        {"%", "@texts.dll,-", error},
+        {"%", "@texts.dll,-x", error},
+        {"%", "@\"a\"b,-1", error},
+        {"%", "@", error},
+    };
+    for (const auto& c : cases) {
+        system.deleteTree(Settings);
+        const std::string setting = Settings + "\\A\\S";
+        system.makeKey(setting);
+        if (c.text) system.setText(setting, "Text", c.text);
+        if (c.reference) system.setText(setting, "PlugUIText", c.reference);
+        EXPECT_EQ(tree("2"), "\n-" + c.caption + "\n") << (c.reference ? c.reference : "no reference");
+    }
+    EXPECT_EQ(system.modules.loaded(), 0);
+}
+
+TEST_F(frmSecurityTest, ShowsAGroupsPictureWhereThereIsOne) {
+    describeOne();
+    system.setText(describe("B", "File"), "Bitmap", "%windir%\\missing.bmp");
+    system.setText(describe("C", "Icon"), "Bitmap", "shell32.dll,18");
+    system.setText(describe("D", "Two quotes"), "Bitmap", "\"a\"b,1");
+    EXPECT_EQ(tree("2"), "Group\n-Setting\n--(o)Enable[1201,0]\n--( )Disable[1201,3]\nFile\nIcon*\nTwo quotes\n");
+    customise("2", [&](frmSecurity& form) {
+        EXPECT_EQ(form.ExpandPath("%windir%\\x"),
+                  program.platform.system.ExpandEnvironmentStringsA("%windir%") + "\\x");
+    });
+}
+
+TEST_F(frmSecurityTest, WritesAClickedOptionAtOnceAndMakesTheZoneCustom) {
+    describeOne();
+    editPage("2", SecurityPage, [&](frmEdit& form) {
+        system.desktop.expectForm<frmSecurity>([&](frmSecurity& settings) {
+            EXPECT_EQ(form.pointer(), ui::Pointer::Hourglass);
+            settings.TVMRTreeView1.choose(4);
+            EXPECT_EQ(system.dword(key("2"), "1201"), 0u) << "the arrow keys only look";
+            settings.TVMRTreeView1.pressSpace();
+            EXPECT_EQ(treeOf(settings), "Group\n-Setting\n--( )Enable[1201,0]\n--(o)Disable[1201,3]\n");
+            EXPECT_EQ(system.dword(key("2"), "1201"), 3u);
+            EXPECT_EQ(system.dword(key("2"), "CurrentLevel"), 0u);
+            EXPECT_EQ(form.levels.stored[CurrentLevel].caption(), "Custom");
+            EXPECT_EQ(window->lblCurrent.caption(), "Custom");
+            settings.pressEscape();
+        });
+        form.levels.cmdSecurity.click();
+        EXPECT_EQ(form.pointer(), ui::Pointer::Default);
+        EXPECT_TRUE(form.levels.cmdApply(CurrentLevel).enabled()) << "back to a level";
+    });
+}
+
+TEST_F(frmSecurityTest, WorksOnTheEditedZoneAlsoAfterTheMainWindowHasMovedOn) {
+    describeOne();
+    edit("4", [&](frmEdit& form) {
+        form.general.cmdGeneral(1).click();
+        EXPECT_EQ(program.selection.zone, "1");
+        form.TabStrip1.choose(SecurityPage);
+        system.desktop.expectForm<frmSecurity>([&](frmSecurity& settings) {
+            settings.TVMRTreeView1.click(3);
+            settings.cmdClose.click();
+        });
+        form.levels.cmdSecurity.click();
+        EXPECT_EQ(program.selection.zone, "1");
+    });
+    EXPECT_EQ(system.dword(key("4"), "1201"), 0u);
+    EXPECT_EQ(system.dword(key("4"), "CurrentLevel"), 0u);
+    EXPECT_EQ(system.dword(key("1"), "CurrentLevel"), 66816u);
+}
+
+TEST_F(frmSecurityTest, ShowsWhatIsInForceWhenAWriteIsRefused) {
+    describeOne();
+    customise("2", [&](frmSecurity& form) {
+        for (const int refused : {1, 2}) {
+            system.setDword(key("2"), "1201", 0);
+            system.setDword(key("2"), "CurrentLevel", 65536);
+            system.registry.watch.failOn("RegSetValueExA", refused, platform::AccessDenied);
+            system.desktop.expectMessage(Refused, ui::Answer::Ok);
+            form.TVMRTreeView1.click(4);
+            EXPECT_EQ(system.dword(key("2"), "CurrentLevel"), refused == 1 ? 65536u : 0u) << "the level comes first";
+            EXPECT_EQ(system.dword(key("2"), "1201"), refused == 1 ? 3u : 0u);
+            EXPECT_EQ(form.TVMRTreeView1.node(4).selected, refused == 1);
+        }
+        removeZone("2");
+        system.desktop.expectMessage(NoZone, ui::Answer::Ok);
+        form.TVMRTreeView1.click(4);
+    });
+    EXPECT_FALSE(system.exists(key("2")));
+}
+
+TEST_F(frmSecurityTest, ShowsAThousandSettings) {
+    system.deleteTree(Settings);
+    describe("A", "Group");
+    for (int i = 0; i < 1000; ++i) {
+        const std::string setting = "A\\S" + std::to_string(i);
+        describe(setting, setting);
+        option(setting + "\\1", "Enable", std::to_string(i), 0);
+    }
+    system.setDword(key("2"), "999", 0);
+    customise("2", [&](frmSecurity& form) {
+        ASSERT_EQ(form.TVMRTreeView1.count(), 2001);
+        EXPECT_TRUE(form.TVMRTreeView1.node(2001).selected);
+    });
+}

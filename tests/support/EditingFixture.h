@@ -1,0 +1,88 @@
+// A machine with the browser's zones, its templates and settings tree, and a user who opens dialogs from the main
+// window.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "app/frmMain.h"
+#include "editing/frmAdd.h"
+#include "editing/frmEdit.h"
+#include "editing/frmSecurity.h"
+#include "icons/frmIconSelector.h"
+#include "support/TestSystem.h"
+
+struct EditingFixture : testing::Test {
+    TestSystem system;
+    Program program{system.platform()};
+    std::unique_ptr<frmMain> window;
+
+    EditingFixture() {
+        system.seedZones();
+        system.seedBrowser();
+        system.seedModules();
+        window = std::make_unique<frmMain>(program);
+        window->load();
+    }
+    ~EditingFixture() override { window->unload(); }
+
+    static std::string key(const std::string& zone) { return std::string(zones::ZonesKey) + "\\" + zone; }
+    void removeZone(const std::string& zone) { system.deleteTree(key(zone)); }
+    void select(const std::string& zone) {
+        for (int i = 1; i <= window->lvwZones.count(); ++i)
+            if (window->lvwZones.item(i).tag == zone) return window->lvwZones.click(i);
+        ADD_FAILURE() << "the list has no zone " << zone;
+    }
+
+    // Each opens a dialog as the user does, runs `script` in it and closes it.
+    using EditScript = std::function<void(frmEdit&)>;
+    void edit(const std::string& zone, const EditScript& script) {
+        select(zone);
+        use<frmEdit>(script, [&] { window->cmdZoneOption(0).click(); });
+    }
+    void editPage(const std::string& zone, int page, const EditScript& script) {
+        edit(zone, [&](frmEdit& form) {
+            form.TabStrip1.choose(page);
+            script(form);
+        });
+    }
+    void add(const std::function<void(frmAdd&)>& script) {
+        use<frmAdd>(script, [&] { window->mnuEditAdd.click(); });
+    }
+    void customise(const std::string& zone, const std::function<void(frmSecurity&)>& script) {
+        editPage(zone, SecurityPage,
+                 [&](frmEdit& form) { use<frmSecurity>(script, [&] { form.levels.cmdSecurity.click(); }); });
+    }
+    static constexpr int FlagsPage = 2, SecurityPage = 3;
+
+    static constexpr const char* Refused =
+        "The registry refused a change. The zone does not have all of the new values.";
+    static constexpr const char* NoZone = "The registry has no such zone. The changes could not be saved.";
+
+    // Does `action` with each of its writes refused in turn: each time the user must be told, once. `check` looks at
+    // what is there afterwards.
+    void refuseEachWrite(
+        const std::function<void()>& action, const std::function<void()>& check = [] {}) {
+        watched::Watch& watch = system.registry.watch;
+        watch.reset();
+        action();
+        const int writes = watch.calls("RegSetValueExA");
+        EXPECT_GT(writes, 0);
+        for (int n = 1; n <= writes; ++n) {
+            SCOPED_TRACE("write " + std::to_string(n) + " refused");
+            watch.failOn("RegSetValueExA", n, platform::AccessDenied);
+            system.desktop.expectMessage(Refused, ui::Answer::Ok);
+            action();
+            check();
+        }
+    }
+
+private:
+    template <class F>
+    void use(const std::function<void(F&)>& script, const std::function<void()>& open) {
+        system.desktop.expectForm<F>([&](F& form) {
+            script(form);
+            if (form.loaded()) form.pressEscape();
+        });
+        open();
+    }
+};
