@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdio>
 
+#include "util/numbers.h"
+
 namespace {
 
 constexpr const char* Source = "TVMRRegistry";
@@ -41,9 +43,8 @@ constexpr std::array<ResultText, 9> ResultTexts{{
 ClassError classError(int number) {
     if (number < 1 || number > static_cast<int>(ClassErrors.size())) {
         // Nine more than the number: such texts stand in old logs, and people search for them.
-        char text[64];
-        std::snprintf(text, sizeof text, "Undefined error number : %lld", static_cast<long long>(number) + 9);
-        return {0x800400FF, Source, text};
+        return {0x800400FF, Source,
+                "Undefined error number : " + util::toSignedDecimal(static_cast<std::uint32_t>(number) + 9)};
     }
     const ClassErrorText& error = ClassErrors[static_cast<std::size_t>(number - 1)];
     return {0x80040000 + static_cast<std::uint32_t>(number), error.source, error.description};
