@@ -111,7 +111,7 @@ HKey clsRegistry::RootHandle(const std::string& name) {
 void clsRegistry::Take(HKey handle, AccessMask access) {
     if (handle_) CheckApiResult(platform_.registry.RegCloseKey(handle_));
     handle_ = handle;
-    access_ = handle ? access : 0;
+    access_ = access;
 }
 
 void clsRegistry::Require(AccessMask access) {

@@ -106,6 +106,6 @@ private:
     clsStrings& strings_;
     std::string currentPath_;
     platform::HKey handle_ = 0;
-    platform::AccessMask access_ = 0;  // what handle_ was opened for
+    platform::AccessMask access_ = 0;  // what handle_ was asked for
     std::uint32_t refusedWrites_ = 0;
 };

@@ -1,0 +1,62 @@
+#include "support/TestSystem.h"
+
+#include <gtest/gtest.h>
+
+#include "util/basSystem.h"
+#include "util/clsFileInfo.h"
+#include "util/numbers.h"
+
+namespace {
+
+using namespace std::string_literals;
+
+TEST(Util, PathsAreTakenApart) {
+    TestSystem system;
+    const struct {
+        const char *path, *folder, *name, *baseName, *extension;
+    } cases[] = {
+        {"C:\\WINDOWS\\inetcpl.CPL", "C:\\WINDOWS\\", "inetcpl.CPL", "inetcpl", "CPL"},
+        {"C:\\Pro.gram\\readme", "C:\\Pro.gram\\", "readme", "readme", ""},
+        {"a.b.ico", "", "a.b.ico", "a.b", "ico"},
+        {"C:x.", "C:", "x.", "x", ""},
+        {"C:\\", "C:\\", "", "", ""},
+        {"", "", "", "", ""},
+    };
+    for (const auto& c : cases) {
+        const clsFileInfo file(system.platform(), c.path);
+        EXPECT_EQ(file.Folder(), c.folder);
+        EXPECT_EQ(file.Name(), c.name);
+        EXPECT_EQ(file.BaseName(), c.baseName);
+        EXPECT_EQ(file.Extension(), c.extension);
+    }
+}
+
+TEST(Util, AFolderIsNoFile) {
+    TestSystem system;
+    system.writeFile("file.txt", "text");
+    const std::string folder = system.programFolder(), file = system.path("file.txt");
+    EXPECT_TRUE(basSystem::FolderExists(system.platform(), basSystem::QualifyPath(folder)));
+    EXPECT_FALSE(basSystem::FileExists(system.platform(), folder));
+    EXPECT_TRUE(clsFileInfo(system.platform(), file).Exists());
+    EXPECT_FALSE(basSystem::FolderExists(system.platform(), file));
+    EXPECT_FALSE(clsFileInfo(system.platform(), system.path("other.txt")).Exists());
+}
+
+TEST(Util, BackslashesAndZerosAtTheEnd) {
+    for (const std::string path : {"C:\\WINDOWS", "C:\\WINDOWS\\"}) {
+        EXPECT_EQ(basSystem::QualifyPath(path), "C:\\WINDOWS\\");
+        EXPECT_EQ(basSystem::UnQualifyPath(path), "C:\\WINDOWS");
+    }
+    EXPECT_EQ(basSystem::UnQualifyPath("C:\\"), "C:\\") << "C: is another place";
+    EXPECT_EQ(basSystem::QualifyPath("") + basSystem::UnQualifyPath(""), "");
+    EXPECT_EQ(basSystem::TrimNull("a\0b\0"s) + basSystem::TrimNull("\0"s) + basSystem::TrimNull("c"), "ac");
+}
+
+TEST(Util, WholeNumbersMayBeGrouped) {
+    for (const char* text : {"219", "0,000,000,219", " 00219 "}) EXPECT_EQ(util::wholeNumber(text), 219u) << text;
+    EXPECT_EQ(util::wholeNumber("4,294,967,295"), 4294967295u);
+    for (const char* text : {"", " ", ",", ",1", "4294967296", "99999999999999999999", "-1", "+1", "1.5", "2 1", "a"})
+        EXPECT_EQ(util::wholeNumber(text), std::nullopt) << text;
+}
+
+}  // namespace
