@@ -32,52 +32,46 @@ HWND windowOf(const FormPeer* peer) {
 
 }  // namespace
 
-// A running message loop. Forms that were shown while it was running are taken down by it: when it has the control,
-// no handler of theirs can be running any more.
-class Desktop::Loop {
+// Waits for a message and handles it. Forms that were shown by this loop or within it are then taken down: no handler
+// of theirs can be running any more.
+void Desktop::step() {
+    MSG message;
+    if (GetMessageA(&message, nullptr, 0, 0) <= 0) throw ui::EndProgram();
+    dispatch(message);
+    takeDown();
+}
+
+void Desktop::takeDown() {
+    const auto peers = peers_;
+    for (FormPeer* peer : peers)
+        if (peer->unloaded() && peer->modalLoops >= modalLoops_) peer->form().detach();
+}
+
+// A modal loop is running for a form: no other form takes input.
+class Desktop::Modal {
 public:
-    explicit Loop(Desktop& desktop) : desktop_(desktop) { ++desktop_.loops_; }
-    Loop(const Loop&) = delete;
-    Loop& operator=(const Loop&) = delete;
-    ~Loop() { --desktop_.loops_; }
-
-    // Waits for a message and handles it.
-    void step() {
-        MSG message;
-        if (GetMessageA(&message, nullptr, 0, 0) <= 0) throw ui::EndProgram();
-        desktop_.dispatch(message);
-        takeDown();
-    }
-    void takeDown() {
-        const auto peers = desktop_.peers_;
-        for (FormPeer* peer : peers)
-            if (peer->unloaded() && peer->loops >= desktop_.loops_) peer->form().detach();
-    }
-
-private:
-    Desktop& desktop_;
-};
-
-// While one lives, no other form takes input.
-class Desktop::OnlyForm {
-public:
-    OnlyForm(Desktop& desktop, const FormPeer& form) {
-        for (const FormPeer* peer : desktop.peers_) {
+    Modal(Desktop& desktop, FormPeer& form) : desktop_(desktop) {
+        form.modalLoops = ++desktop_.modalLoops_;
+        for (const FormPeer* peer : desktop_.peers_) {
             if (peer == &form || !IsWindowEnabled(peer->window())) continue;
             EnableWindow(peer->window(), FALSE);
             disabled_.push_back(peer->window());
         }
     }
-    OnlyForm(const OnlyForm&) = delete;
-    OnlyForm& operator=(const OnlyForm&) = delete;
-    ~OnlyForm() { release(); }
+    Modal(const Modal&) = delete;
+    Modal& operator=(const Modal&) = delete;
+    ~Modal() {
+        enableOthers();
+        --desktop_.modalLoops_;
+    }
 
-    void release() {
+    void enableOthers() {
         for (HWND window : disabled_) EnableWindow(window, TRUE);
         disabled_.clear();
     }
 
 private:
+    Desktop& desktop_;
     std::vector<HWND> disabled_;
 };
 
@@ -94,7 +88,7 @@ FormPeer& Desktop::attach(ui::Form& form, FormPeer* owner) {
         form.attach(*this);
         peer = form.peerAs<FormPeer>();
     }
-    peer->loops = loops_;
+    peer->modalLoops = modalLoops_;
     return *peer;
 }
 
@@ -105,20 +99,19 @@ void Desktop::open(ui::Form& form) {
 
 void Desktop::runModal(ui::Form& form, ui::Form* owner) {
     auto* ownerPeer = owner ? owner->peerAs<FormPeer>() : nullptr;
-    Loop loop(*this);
     FormPeer& peer = attach(form, ownerPeer ? ownerPeer : activePeer());
-    OnlyForm only(*this, peer);
-    peer.whenUnloaded([&] { only.release(); });
+    Modal modal(*this, peer);
+    peer.whenUnloaded([&] { modal.enableOthers(); });
     try {
         peer.show();
         form.setShown(true);
-        while (form.loaded()) loop.step();
+        while (form.loaded()) step();
     } catch (...) {
         peer.whenUnloaded(nullptr);
         peer.silence();
         throw;
     }
-    loop.takeDown();
+    takeDown();
 }
 
 void Desktop::closed(ui::Form& form) {
@@ -126,9 +119,8 @@ void Desktop::closed(ui::Form& form) {
 }
 
 void Desktop::run() {
-    Loop loop(*this);
     try {
-        while (loop.takeDown(), anyOpen()) loop.step();
+        while (takeDown(), anyOpen()) step();
     } catch (...) {
         for (FormPeer* peer : peers_) peer->silence();
         throw;

@@ -37,8 +37,7 @@ public:
     static std::uintptr_t nativeHandle(const ui::Control& control);
 
 private:
-    class Loop;
-    class OnlyForm;
+    class Modal;
 
     std::unique_ptr<ui::Form::Peer> make(ui::Form&) override;
     std::unique_ptr<ui::Control::Peer> make(ui::Label&) override;
@@ -59,12 +58,14 @@ private:
     FormPeer& attach(ui::Form& form, FormPeer* owner);
     FormPeer* activePeer() const;
     bool anyOpen() const;
+    void step();
+    void takeDown();
     void dispatch(tagMSG& message);
 
     std::unique_ptr<Screen> screen_;
     std::vector<FormPeer*> peers_;   // in the order in which they were made
     FormPeer* nextOwner_ = nullptr;  // of the form peer to be made
-    int loops_ = 0;
+    int modalLoops_ = 0;             // running
 };
 
 }  // namespace win32

@@ -226,9 +226,10 @@ bool FormPeer::notify(const NMHDR& header) {
 
 bool FormPeer::resized(SIZE client) {
     if (!live_ || form_.kind() != ui::Form::Kind::Main) return false;
-    // What the program itself asked for comes back in whole pixels: no reason to change the state.
-    if (client.cx != screen_.pixels(form_.client().width) || client.cy != screen_.pixels(form_.client().height))
-        form_.userResized({screen_.twips(client.cx), screen_.twips(client.cy)});
+    // Whole pixels say less than the state does: a length changes only when its pixels do.
+    const ui::Size now = form_.client();
+    form_.userResized({client.cx == screen_.pixels(now.width) ? now.width : screen_.twips(client.cx),
+                       client.cy == screen_.pixels(now.height) ? now.height : screen_.twips(client.cy)});
     return true;
 }
 

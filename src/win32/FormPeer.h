@@ -17,7 +17,7 @@ class ControlWindow;
 
 class FormPeer : public ui::Form::Peer {
 public:
-    // `closed` is called when the peer is destroyed.
+    // `destroyed` is called when the peer is.
     FormPeer(ui::Form& form, const Screen& screen, HWND owner, std::function<void(FormPeer&)> destroyed);
     FormPeer(const FormPeer&) = delete;
     FormPeer& operator=(const FormPeer&) = delete;
@@ -43,8 +43,8 @@ public:
 
     // What else happens when the form is unloaded, before its window is hidden.
     void whenUnloaded(std::function<void()> action) { whenUnloaded_ = std::move(action); }
-    // The number of message loops that were running when the form was shown.
-    int loops = 0;
+    // The number of modal loops that were running when the form was shown, its own counted.
+    int modalLoops = 0;
 
     // Keyboard messages of the form and its controls go through here. Tells whether that was all.
     bool dialogMessage(MSG& message);

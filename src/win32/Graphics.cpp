@@ -16,10 +16,11 @@ constexpr std::uint64_t rowBytes(std::uint64_t width, std::uint64_t bits) {
 
 constexpr LONG LargestSide = 0x7FFF;
 
-// A bitmap's header, and where its pixels begin.
+// A bitmap's header, and where its pixels begin and end.
 struct Layout {
     BITMAPINFOHEADER header;
     std::size_t pixels;
+    std::uint64_t end;  // behind the last row
     std::uint64_t rows() const { return static_cast<std::uint64_t>(std::abs(header.biHeight)); }
 };
 
@@ -44,7 +45,8 @@ std::optional<Layout> layoutOf(std::span<const std::uint8_t> image) {
         h.biCompression == BI_BITFIELDS && h.biSize == sizeof h ? 3 * sizeof(DWORD) : std::uint64_t{0};
     const std::uint64_t pixels = h.biSize + masks + colours * sizeof(RGBQUAD);
     const auto width = static_cast<std::uint64_t>(h.biWidth);
-    if (pixels + rowBytes(width, h.biBitCount) * layout.rows() > image.size()) return std::nullopt;
+    layout.end = pixels + rowBytes(width, h.biBitCount) * layout.rows();
+    if (layout.end > image.size()) return std::nullopt;
     layout.pixels = static_cast<std::size_t>(pixels);
     return layout;
 }
@@ -64,7 +66,10 @@ bool iconIsWhole(std::span<const std::uint8_t> image) {
     header.biHeight /= 2;
     std::basic_string<std::uint8_t> colours(image.begin(), image.end());
     std::memcpy(colours.data(), &header, sizeof header);
-    return layoutOf(colours).has_value();
+    const auto layout = layoutOf(colours);
+    // Pixels of 32 bits say themselves how much is seen of them, and some icons spare the mask.
+    const std::uint64_t mask = header.biBitCount == 32 ? 0 : rowBytes(static_cast<std::uint64_t>(header.biWidth), 1);
+    return layout && layout->end + mask * layout->rows() <= image.size();
 }
 
 const ui::Picture::Kind IconKind = ui::Picture::Kind::Icon;

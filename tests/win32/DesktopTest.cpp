@@ -1,0 +1,300 @@
+// Forms as windows: modal and modeless, their hooks, what handlers throw, and that nothing of them is left over.
+#include <algorithm>
+#include <stdexcept>
+
+#include "EveryControl.h"
+#include "win32/Callbacks.h"
+#include "win32/Handles.h"
+
+namespace {
+
+using Kind = ui::Form::Kind;
+
+class DesktopTest : public WindowsTest {};
+
+// Does something when the form stands there complete and its modal loop is about to wait.
+template <class Action>
+void whenShown(EveryControl& form, Action action) {
+    form.timer.onTimer = [&form, action] {
+        form.timer.setEnabled(false);
+        action();
+    };
+    form.timer.setEnabled(true);
+}
+
+TEST_F(DesktopTest, AModalFormKeepsTheOthersWaiting) {
+    EveryControl owner(desktop);
+    owner.show();
+    const HWND ownerWindow = windowOf(owner);
+    EveryControl dialog(desktop, Kind::Dialog), inner(desktop, Kind::Dialog);
+    whenShown(dialog, [&] {
+        EXPECT_FALSE(IsWindowEnabled(ownerWindow));
+        EXPECT_EQ(GetWindow(windowOf(dialog), GW_OWNER), ownerWindow);
+        EXPECT_EQ(GetActiveWindow(), windowOf(dialog));
+        whenShown(inner, [&] {
+            EXPECT_FALSE(IsWindowEnabled(windowOf(dialog)));
+            EXPECT_EQ(GetWindow(windowOf(inner), GW_OWNER), windowOf(dialog)) << "no owner is the active form";
+            inner.unload();
+        });
+        inner.showModal();
+        EXPECT_EQ(windowOf(inner), nullptr);
+        EXPECT_TRUE(IsWindowEnabled(windowOf(dialog)));
+        EXPECT_FALSE(IsWindowEnabled(ownerWindow));
+        dialog.unload();
+        EXPECT_EQ(GetActiveWindow(), ownerWindow) << "not another program's window";
+    });
+    dialog.showModal(&owner);
+    EXPECT_EQ(windowOf(dialog), nullptr);
+    EXPECT_TRUE(IsWindowEnabled(ownerWindow));
+    EXPECT_EQ(GetActiveWindow(), ownerWindow);
+    owner.unload();
+}
+
+TEST_F(DesktopTest, AFormCanBeShownAgainEvenInTheHandlerThatUnloadedIt) {
+    EveryControl form(desktop, Kind::Dialog);
+    int rounds = 0;
+    form.ok.onClick = [&] {
+        form.unload();
+        if (++rounds == 1) form.show();
+        if (form.loaded()) PostMessageA(windowOf(form.ok), BM_CLICK, 0, 0);
+    };
+    for (int opened = 1; opened <= 2; ++opened) {
+        rounds = 0;
+        whenShown(form, [&] { PostMessageA(windowOf(form.ok), BM_CLICK, 0, 0); });
+        form.showModal();
+        EXPECT_EQ(rounds, 2);
+        EXPECT_EQ(windowOf(form), nullptr);
+    }
+}
+
+TEST_F(DesktopTest, TheProgramRunsUntilNoFormIsOpen) {
+    EveryControl first(desktop), second(desktop, Kind::Dialog);
+    first.show();
+    second.show();
+    std::vector<std::string> closed;
+    whenShown(first, [&] { post(windowOf(first), WM_CLOSE), closed.emplace_back("first"); });
+    second.timer.onTimer = [&] {
+        if (windowOf(first)) return;
+        closed.emplace_back("second");
+        second.unload();
+    };
+    second.timer.setEnabled(true);
+    desktop.run();
+    EXPECT_EQ(closed, (std::vector<std::string>{"first", "second"}));
+    EXPECT_EQ(windowOf(second), nullptr);
+}
+
+TEST_F(DesktopTest, EscClosesADialogButNotAMainWindow) {
+    for (const Kind kind : {Kind::Dialog, Kind::Main}) {
+        struct Plain : ui::Form {
+            Plain(ui::Desktop& on, Kind of) : Form(on, of, "plain", "Plain", {3000, 3000}) {}
+            ui::TextBox text{*this, "text", {100, 100, 1500, 315}};
+        } form(desktop, kind);
+        form.show();
+        press(form.text, VK_ESCAPE);
+        EXPECT_EQ(form.loaded(), kind == Kind::Main);
+        form.unload();
+    }
+}
+
+TEST_F(DesktopTest, AMainWindowIsSizedByUserAndProgram) {
+    EveryControl form(desktop);
+    form.show();
+    RECT at = {}, work = {};
+    GetWindowRect(windowOf(form), &at);
+    SystemParametersInfoA(SPI_GETWORKAREA, 0, &work, 0);
+    EXPECT_NEAR(at.left - work.left, work.right - at.right, 1);
+    EXPECT_NEAR(at.top - work.top, work.bottom - at.bottom, 1);
+    EXPECT_EQ(form.resizes, 0);
+
+    const int width = at.right - at.left, height = at.bottom - at.top;
+    SetWindowPos(windowOf(form), nullptr, 0, 0, width - 100, height + 40, SWP_NOMOVE | SWP_NOZORDER);
+    EXPECT_EQ(form.resizes, 1);
+    EXPECT_EQ(form.client().width, 6400) << "no narrower than designed";
+    const ui::Twips taller = form.height() + 600;
+    form.setHeight(taller);
+    EXPECT_EQ(form.resizes, 2);
+    EXPECT_EQ(form.height(), taller);
+    RECT now = {};
+    GetWindowRect(windowOf(form), &now);
+    EXPECT_EQ(now.bottom - now.top, ui::toPixels(taller, GetDeviceCaps(GetDC(nullptr), LOGPIXELSY)));
+    form.unload();
+}
+
+TEST_F(DesktopTest, AHookStandsBeforeTheWindowProcedure) {
+    EveryControl form(desktop);
+    form.show();
+    const auto procedure = [&] { return GetWindowLongPtrA(windowOf(form), GWLP_WNDPROC); };
+    const LONG_PTR before = procedure();
+    constexpr UINT Question = WM_APP + 7;
+    std::vector<int> notifications;
+    form.setHook([&](const ui::WindowMessage& message) -> std::optional<std::intptr_t> {
+        if (message.message == ui::WmNotify) notifications.push_back(message.notification);
+        if (message.message == Question) return static_cast<std::intptr_t>(message.wParam + message.lParam);
+        if (message.message == ui::WmNotify && message.notification == ui::LvnBeginDrag) return 1;
+        return std::nullopt;
+    });
+    EXPECT_NE(procedure(), before);
+    EXPECT_EQ(SendMessageA(windowOf(form), Question, 40, 2), 42);
+    NMHDR drag = {windowOf(form.shows), 0, static_cast<UINT>(ui::LvnBeginDrag)};
+    EXPECT_EQ(SendMessageA(windowOf(form), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&drag)), 1);
+    ASSERT_FALSE(notifications.empty());
+    EXPECT_EQ(notifications.back(), ui::LvnBeginDrag);
+    SetWindowTextA(windowOf(form), "passed on");
+    EXPECT_EQ(textOf(windowOf(form)), "passed on");
+
+    form.setHook({});
+    EXPECT_EQ(procedure(), before);
+    EXPECT_EQ(SendMessageA(windowOf(form), Question, 40, 2), 0);
+    form.setHook([&](const ui::WindowMessage& message) -> std::optional<std::intptr_t> {
+        if (message.message != Question) return std::nullopt;
+        form.setHook({});  // from inside
+        return std::nullopt;
+    });
+    EXPECT_EQ(SendMessageA(windowOf(form), Question, 1, 1), 0);
+    EXPECT_EQ(procedure(), before);
+    form.unload();
+}
+
+// What a handler throws comes out of our own call that made the system call it, and of nothing in between.
+TEST_F(DesktopTest, ExceptionsPassTheSystemParked) {
+    EveryControl form(desktop);
+    form.show();
+    desktop.doEvents();
+    const auto fail = [](auto&&...) { throw std::runtime_error("from a handler"); };
+    form.ok.onClick = form.combo.onGotFocus = form.text.onChange = fail;
+    form.shows.onItemClick = fail;
+    const struct {
+        const char* where;
+        std::function<void()> act;
+    } table[] = {
+        {"a click",
+         [&] {
+             clickAt(form.ok, {5, 5});
+         }},
+        {"Enter", [&] { press(form.text, VK_RETURN); }},
+        {"typing", [&] { post(windowOf(form.text), WM_CHAR, 'x', 1), desktop.doEvents(); }},
+        {"a notification", [&] { press(form.shows, VK_RIGHT); }},
+        {"the focus", [&] { press(form.check, VK_TAB); }},
+        {"a message sent", [&] { win32::send(windowOf(form.ok), BM_CLICK); }},
+        {"the hook",
+         [&] {
+             form.setHook([](const ui::WindowMessage& message) -> std::optional<std::intptr_t> {
+                 if (message.message == WM_SETTEXT) throw std::runtime_error("from the hook");
+                 return std::nullopt;
+             });
+             form.setCaption("thrown at");
+         }},
+    };
+    for (const auto& row : table) EXPECT_THROW(row.act(), std::runtime_error) << row.where;
+    EXPECT_NO_THROW(desktop.doEvents()) << "each was thrown once";
+    form.unload();
+}
+
+TEST_F(DesktopTest, EndingTheProgramLeavesEveryLoop) {
+    EveryControl main(desktop);
+    EveryControl dialog(desktop, Kind::Dialog);
+    dialog.ok.onClick = [] { throw ui::EndProgram(); };
+    whenShown(dialog, [&] { PostMessageA(windowOf(dialog.ok), BM_CLICK, 0, 0); });
+    bool returned = false;
+    main.ok.onClick = [&] {
+        dialog.showModal(&main);
+        returned = true;
+    };
+    main.show();
+    post(windowOf(main.ok), BM_CLICK);
+    EXPECT_THROW(desktop.run(), ui::EndProgram);
+    EXPECT_FALSE(returned);
+    EXPECT_TRUE(IsWindowEnabled(windowOf(main)));
+    // On the way out nothing of the forms is called any more.
+    main.events.clear();
+    SetFocus(windowOf(main.check));
+    SendMessageA(windowOf(main.check), BM_CLICK, 0, 0);
+    EXPECT_TRUE(main.events.empty());
+    dialog.unload();
+    main.unload();
+}
+
+TEST_F(DesktopTest, QuestionsAreAskedByTheSystem) {
+    EveryControl form(desktop);
+    form.show();
+    const auto answer = [&](WPARAM button) {
+        form.timer.onTimer = [&form, button] {
+            const HWND box = GetLastActivePopup(windowOf(form));
+            if (box == windowOf(form) || !IsWindowVisible(box)) return;
+            form.timer.setEnabled(false);
+            PostMessageA(box, WM_COMMAND, button, 0);
+        };
+        form.timer.setEnabled(true);
+    };
+    answer(IDYES);
+    EXPECT_EQ(desktop.messageBox("Really?", "Title", ui::MessageStyle::ExclamationYesNo), ui::Answer::Yes);
+    answer(IDNO);
+    EXPECT_EQ(desktop.messageBox("Really?", "Title", ui::MessageStyle::ExclamationYesNo), ui::Answer::No);
+    answer(IDOK);
+    EXPECT_EQ(desktop.messageBox("Note.", "Title", ui::MessageStyle::Exclamation), ui::Answer::Ok);
+
+    char file[MAX_PATH] = "";
+    GetModuleFileNameA(nullptr, file, sizeof file);
+    const ui::OpenFileRequest request = {"Title", "Programs (*.exe)|*.exe|All (*.*)|*.*", "exe", file};
+    answer(IDOK);
+    EXPECT_EQ(desktop.openFile(request), file);
+    answer(IDCANCEL);
+    EXPECT_EQ(desktop.openFile(request), std::nullopt);
+    ui::OpenFileRequest folder = request;
+    folder.start = "C:\\";
+    answer(IDCANCEL);
+    EXPECT_EQ(desktop.openFile(folder), std::nullopt);
+    form.unload();
+}
+
+TEST_F(DesktopTest, TextTakesTheSpaceItIsGiven) {
+    const ui::Size one = desktop.textSize("R&D zone", 0, false);
+    EXPECT_GT(one.width, 500);
+    EXPECT_GT(desktop.textSize("R&D zone", 0, true).width, one.width);
+    EXPECT_GT(desktop.textSize("R&D zone", 0, false).width, desktop.textSize("RD zone", 0, false).width);
+    EXPECT_EQ(desktop.textSize("R&D zone", one.width - 100, false).height, 2 * one.height);
+}
+
+// The system numbers the handles of a kind in a table and takes the free place that was left last: what is not given
+// back moves the next new ones up.
+struct Handles {
+    static unsigned place(const void* handle) { return LOWORD(reinterpret_cast<std::uintptr_t>(handle)); }
+    unsigned drawing = 0, windows = 0;
+
+    static Handles next() {
+        Handles highest;
+        std::vector<win32::Bitmap> bitmaps;
+        std::vector<win32::MenuHandle> menus;
+        for (int i = 0; i < 200; ++i) {
+            bitmaps.emplace_back(CreateBitmap(1, 1, 1, 1, nullptr));
+            menus.emplace_back(CreatePopupMenu());
+            highest.drawing = std::max(highest.drawing, place(bitmaps.back().get()));
+            highest.windows = std::max(highest.windows, place(menus.back().get()));
+        }
+        return highest;
+    }
+};
+
+TEST_F(DesktopTest, OpeningAndClosingLeavesNothingBehind) {
+    const auto open = [&](int times) {
+        for (int i = 0; i < times; ++i) {
+            EveryControl form(desktop, i % 2 ? Kind::Main : Kind::Dialog);
+            form.ok.setToolTip("Tip");
+            form.icons.add(plainIcon());
+            form.tree.setImages(&form.icons);
+            form.picture.setPicture(plainIcon());
+            form.setHook([](const ui::WindowMessage&) { return std::nullopt; });
+            whenShown(form, [&] { form.unload(); });
+            form.showModal();
+        }
+    };
+    open(5);
+    const Handles before = Handles::next();
+    open(50);
+    const Handles after = Handles::next();
+    EXPECT_LT(after.drawing, before.drawing + 25);
+    EXPECT_LT(after.windows, before.windows + 25);
+}
+
+}  // namespace

@@ -1,0 +1,87 @@
+#include "EveryControl.h"
+
+namespace {
+
+void put(ui::Picture::Bytes& bytes, std::uint32_t value, int size) {
+    for (int i = 0; i < size; ++i) bytes.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
+}
+
+ui::Picture::Bytes bitmapHeader(std::uint32_t width, std::uint32_t height) {
+    ui::Picture::Bytes bytes;
+    put(bytes, 40, 4);
+    put(bytes, width, 4);
+    put(bytes, height, 4);
+    put(bytes, 1, 2);
+    put(bytes, 24, 2);
+    bytes.resize(40);
+    return bytes;
+}
+
+}  // namespace
+
+ui::Picture plainIcon() {
+    ui::Picture::Bytes bytes = bitmapHeader(32, 64);
+    bytes.resize(40 + 32 * 32 * 3, 0x80);
+    bytes.resize(bytes.size() + 32 * 4, 0);
+    return {ui::Picture::Kind::Icon, {bytes.data(), bytes.size()}, 32, 32};
+}
+
+ui::Picture plainBitmap() {
+    ui::Picture::Bytes bytes = bitmapHeader(4, 4);
+    bytes.resize(40 + 4 * 4 * 3, 0x80);
+    return {ui::Picture::Kind::Bitmap, {bytes.data(), bytes.size()}, 4, 4};
+}
+
+EveryControl::EveryControl(ui::Desktop& on, Kind kind) : Form(on, kind, "form", "Every control", {6400, 5800}) {
+    picture.setTabStop(true);
+    setDefaultButton(ok);
+    setCancelButton(cancel);
+    combo.setItems({"a", "b", "c"});
+    icons.add({});
+    shows.setImages(&icons);
+    for (const char* name : {"zero", "one", "two"}) {
+        shows.add({name, 1, {}, {}});
+        acts.add({name, 0, {}, {}});
+    }
+    acts.setColumn("Column", 2000);
+    tree.add({"group", 0, 0, {}});
+    tree.add({"setting", 1, 0, {}});
+    tree.add({"off", 2, 0, {}, true, true});
+    tree.add({"on", 2, 0, {}, true});
+
+    const auto note = [this](const char* name) { return [this, name] { events.emplace_back(name); }; };
+    const auto noteItem = [this](std::string name) {
+        return [this, name](int item) { events.push_back(name + std::to_string(item)); };
+    };
+    text.onChange = note("text");
+    check.onClick = note("check");
+    combo.onClick = note("combo");
+    picture.onClick = note("picture");
+    shows.onItemClick = noteItem("shows");
+    acts.onItemClick = noteItem("acts");
+    tree.onOptionClick = noteItem("tree");
+    tabs.onClick = note("tabs");
+    onPage.onClick = note("onPage");
+    inFrame.onClick = note("inFrame");
+    ok.onClick = note("ok");
+    cancel.onClick = note("cancel");
+    timer.onTimer = note("timer");
+    exit.onClick = note("exit");
+}
+
+void WindowsTest::press(const ui::Control& control, WPARAM key) {
+    SetFocus(windowOf(control));
+    pressFocused(key);
+}
+
+void WindowsTest::pressFocused(WPARAM key) {
+    post(GetFocus(), WM_KEYDOWN, key, 1);
+    post(GetFocus(), WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
+    desktop.doEvents();
+}
+
+void WindowsTest::clickAt(const ui::Control& control, POINT point) {
+    post(windowOf(control), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(point.x, point.y));
+    post(windowOf(control), WM_LBUTTONUP, 0, MAKELPARAM(point.x, point.y));
+    desktop.doEvents();
+}

@@ -1,0 +1,75 @@
+// A form with one of every control, whose events are written down, and what drives its windows.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "ui/Desktop.h"
+#include "win32/Desktop.h"
+#include "win32/WindowsHeaders.h"
+
+inline HWND windowOf(const ui::Control& control) {
+    return reinterpret_cast<HWND>(win32::Desktop::nativeHandle(control));
+}
+inline HWND windowOf(const ui::Form& form) {
+    return reinterpret_cast<HWND>(win32::Desktop::nativeHandle(form));
+}
+inline LRESULT ask(const ui::Control& control, UINT message, WPARAM w = 0, LPARAM l = 0) {
+    return SendMessageA(windowOf(control), message, w, l);
+}
+inline std::string textOf(HWND window) {
+    char text[256] = "";
+    GetWindowTextA(window, text, sizeof text);
+    return text;
+}
+
+// An icon of one colour, 32 by 32 pixels of 24 bits.
+ui::Picture plainIcon();
+// A bitmap without colour table, 4 by 4 pixels of 24 bits.
+ui::Picture plainBitmap();
+
+struct EveryControl : ui::Form {
+    explicit EveryControl(ui::Desktop& desktop, Kind kind = Kind::Main);
+
+    ui::ImageList icons{*this, "icons", 32};
+    ui::Label label{*this, "label", {100, 100, 1500, 225}, "&Name:"};
+    ui::TextBox text{*this, "text", {1700, 100, 1500, 315}};
+    ui::CheckBox check{*this, "check", {100, 500, 1500, 315}, "&Check"};
+    ui::ComboBox combo{*this, "combo", {1700, 500, 1500, 315}};
+    ui::PictureBox picture{*this, "picture", {3400, 100, 600, 600}, ui::PictureBox::Border::Sunken};
+    ui::ProgressBar progress{*this, "progress", {4200, 100, 1500, 225}};
+    ui::ListView shows{
+        *this, "shows", {100, 900, 3000, 1800}, ui::ListView::View::Icon, ui::ListView::Clicks::OnSelect};
+    ui::ListView acts{
+        *this, "acts", {3200, 900, 3000, 1800}, ui::ListView::View::Report, ui::ListView::Clicks::OnActivate};
+    ui::TreeView tree{*this, "tree", {100, 2800, 3000, 1800}};
+    ui::TabStrip tabs{*this, "tabs", {3200, 2800, 3000, 1800}, {"One", "Two"}};
+    ui::PictureBox page{*this, "page", {3300, 3200, 2800, 1300}};
+    ui::CheckBox onPage{page, "onPage", {100, 100, 1500, 315}, "On the page"};
+    ui::Frame frame{*this, "frame", {100, 4700, 3000, 900}, "Frame"};
+    ui::CommandButton inFrame{frame, "inFrame", {100, 300, 1200, 375}, "&Inside"};
+    ui::CommandButton ok{*this, "ok", {3200, 4800, 1200, 375}, "&OK"};
+    ui::CommandButton cancel{*this, "cancel", {4500, 4800, 1200, 375}, "Cance&l"};
+    ui::Timer timer{*this, "timer", 1};
+    ui::MenuItem& exit = menu().add("file", "&File").add("exit", "E&xit");
+
+    std::vector<std::string> events;  // names, with the item where there is one
+    int resizes = 0;
+
+protected:
+    void Form_Resize() override { ++resizes; }
+};
+
+// Shows an EveryControl. Nothing is open when a test ends.
+class WindowsTest : public testing::Test {
+protected:
+    win32::Desktop desktop;
+
+    // As the user does it: messages in the queue, then handled.
+    void post(HWND window, UINT message, WPARAM w = 0, LPARAM l = 0) { PostMessageA(window, message, w, l); }
+    void press(const ui::Control& control, WPARAM key);
+    void pressFocused(WPARAM key);
+    void clickAt(const ui::Control& control, POINT point);
+};
