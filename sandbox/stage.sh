@@ -97,21 +97,21 @@ wait_for_window() {
     fail "no window \"$1\" after half a minute"
 }
 
-# picture FILE.png: of `window`, as soon as it looks the same twice.
+# picture FILE.png [BEFORE.png]: of `window`, as soon as it has looked the same three times, and not like BEFORE.
 picture() {
-    local tries
+    local tries same=0
     mkdir -p "$(dirname "$1")"
-    timeout 5 xdotool windowfocus "$window" 2>/dev/null || true
-    rm -f "$work/before.png"
-    for tries in $(seq 60); do
-        sleep 0.25
+    rm -f "$work/last.png"
+    for tries in $(seq 120); do
         timeout 10 import -window "$window" +repage -strip -define png:exclude-chunks=date,time "$work/now.png" ||
             fail "no picture of the window for $1"
-        if cmp -s "$work/now.png" "$work/before.png"; then
+        if cmp -s "$work/now.png" "$work/last.png"; then same=$((same + 1)); else same=0; fi
+        if [ $same = 2 ] && ! cmp -s "$work/now.png" "${2:-/dev/null}"; then
             mv "$work/now.png" "$1"
             return 0
         fi
-        mv "$work/now.png" "$work/before.png"
+        mv "$work/now.png" "$work/last.png"
+        sleep 0.2
     done
-    fail "the window for $1 does not come to rest"
+    fail "the window for $1 does not come to what it should show"
 }

@@ -1,0 +1,84 @@
+#!/bin/bash
+# usage: sandbox/screenshots.sh [PROGRAM.exe]
+#
+# Goes through the program (build/win64/Tavimor.exe) with the keyboard and takes pictures of its windows: at 96 dots per
+# inch into docs/screenshots/ and, with the windows not shown there, build/screenshots/96/; at 192 into
+# build/screenshots/192/.
+set -eu
+root=$(cd "$(dirname "$0")/.." && pwd)
+. "$root/sandbox/stage.sh"
+program=${1:-$root/build/win64/Tavimor.exe}
+[ -e "$program" ] || fail "$program is not built: make build"
+settings='HKEY_CURRENT_USER\Software\Pellweather Inc.\Tavimor'
+
+# One key after another: the program needs its time to open a menu.
+press() { xdotool key --delay 150 "$@"; }
+
+# import_lines LINE...: as a registry file.
+import_lines() {
+    printf '%s\n' REGEDIT4 "$@" >"$work/lines.reg"
+    import_file "$work/lines.reg"
+}
+
+started=
+start_tavimor() {
+    cp "$program" "$WINEPREFIX/drive_c/Tavimor/Tavimor.exe"
+    (cd "$WINEPREFIX/drive_c/Tavimor" && exec "$wine" 'C:\Tavimor\Tavimor.exe') >"$work/program.log" 2>&1 </dev/null &
+    started=$!
+}
+
+end_tavimor() {
+    wineserver -k || true
+    wineserver -w
+    [ -z "$started" ] || wait "$started" 2>/dev/null || true
+}
+
+main_window() {
+    import_lines "[-$settings]"
+    start_tavimor
+    wait_for_window '^Tavimor - '
+    picture "$shown/main.png"
+    press alt+v b
+    picture "$shown/main-basic.png" "$shown/main.png"
+    press alt+v a
+    picture "$work/advanced.png" "$shown/main-basic.png"
+}
+
+# From the main window by way of the properties of the zone, where a click on its icon opens the file dialog.
+icon_selector() {
+    press alt+e t
+    wait_for_window '^Edit Zone$'
+    picture "$other/edit-general.png"
+    press Tab Tab Tab space
+    wait_for_window '^Browse for icons$'
+    press ctrl+a
+    xdotool type --delay 30 'C:\windows\system32\shell32.dll'
+    press Return
+    wait_for_window '^Select Icon$'
+    picture "$shown/icon-selector.png"
+}
+
+# A settings key without its lengths is something that the program does not expect.
+error_dialog() {
+    import_lines "[-$settings]" "[$settings]"
+    start_tavimor
+    wait_for_window '^Error$'
+    picture "$shown/error.png"
+}
+
+prepare pictures
+open_screen
+set_value 'Control Panel\Desktop' CursorBlinkRate REG_SZ 1000000 # a caret that blinks lets no two pictures be equal
+for dpi in 96 192; do
+    shown=$root/docs/screenshots other=$root/build/screenshots/$dpi
+    [ $dpi = 96 ] || shown=$other
+    set_value 'Control Panel\Desktop' LogPixels REG_DWORD $dpi
+    end_tavimor # Windows' measures are read when the first program of a session starts
+    main_window
+    icon_selector
+    end_tavimor
+    error_dialog
+    end_tavimor
+    echo "at $dpi dots per inch: ${shown#"$root/"}/ and ${other#"$root/"}/"
+done
+import_lines "[-$settings]"
