@@ -6,7 +6,7 @@
 set -u
 native='make g++ cmake libgtest-dev googletest'
 windows='ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-win32 wine wine64 fonts-wine'
-pictures='xvfb xauth imagemagick'
+pictures='xvfb xauth imagemagick xdotool'
 lint='ninja-build clang clang-tidy clang-format'
 
 verb=${1:-all}
