@@ -65,12 +65,14 @@ TEST_F(cResourcesTest, AFileWithoutResourcesHasNone) {
 }
 
 TEST_F(cResourcesTest, AFailureTellsTheSystemsOwnMessage) {
-    EXPECT_EQ(failure([&] { types(); }), "Can't load library: The system cannot find the file specified.");
+    const auto text = [&](platform::Result code) { return system.modules.FormatMessageA(code); };
+    EXPECT_NE(text(platform::AccessDenied), "");
+    EXPECT_EQ(failure([&] { types(); }), "Can't load library: " + text(platform::FileNotFound));
     changeProgram(Library, [](simulated::ProgramFile&) {});
     system.modules.watch.failOn("EnumResourceTypesA", 1, platform::AccessDenied);
-    EXPECT_EQ(failure([&] { types(); }), "Can't enumerate resources: Access is denied.");
-    system.modules.watch.failOn("EnumResourceNamesA", 1, 4711);
-    EXPECT_EQ(failure([&] { names(platform::RtIcon); }), "Can't enumerate resources: System error 4711.");
+    EXPECT_EQ(failure([&] { types(); }), "Can't enumerate resources: " + text(platform::AccessDenied));
+    system.modules.watch.failOn("EnumResourceNamesA", 1, 0x2FFFFFFF);
+    EXPECT_EQ(failure([&] { names(platform::RtIcon); }), "Can't enumerate resources: System error 805306367.");
 }
 
 }  // namespace

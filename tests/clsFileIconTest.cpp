@@ -206,7 +206,7 @@ TEST_F(clsFileIconTest, WhatIsWrongWithAFileIsSaid) {
 }
 
 TEST_F(clsFileIconTest, EveryCutOffFileIsRefused) {
-    const Bytes whole = icons::file({image(16, 1), image(32, 1)});
+    const Bytes whole = icons::file({image(4, 1), image(8, 1)});
     ASSERT_EQ(loadFile(whole), "");
     for (std::size_t length = 0; length < whole.size(); ++length) {
         EXPECT_NE(loadFile(whole.substr(0, length)), "") << length;

@@ -176,7 +176,7 @@ TEST_F(frmIconSelectorTest, AFileThatCannotBeReadAnyMoreIsOneError) {
     frmIconSelector selector(program, system.path("some.dll"), box);
     selector.load();
     system.modules.watch.failOn("EnumResourceNamesA", 1, platform::AccessDenied);
-    expectOneError("Can't enumerate resources: Access is denied.");
+    expectOneError("Can't enumerate resources: " + system.modules.FormatMessageA(platform::AccessDenied));
     selector.ShowFile(system.path("some.dll"));
     EXPECT_EQ(selector.lvwIcons.count(), 0);
     EXPECT_TRUE(selector.lvwIcons.showing());
