@@ -53,6 +53,7 @@ public:
         apply(LvmSetIconSpacing, 0,
               MAKELPARAM(screen().scaled(spacing->horizontal), screen().scaled(spacing->vertical)));
         apply(LVM_ARRANGE, LVA_DEFAULT);
+        InvalidateRect(window(), nullptr, TRUE);  // an item that keeps its place would keep its old picture
     }
 
     // The selection moves by keyboard or by the right mouse button; a press of the left one is told by `press`.

@@ -289,12 +289,12 @@ TEST_F(DesktopTest, OpeningAndClosingLeavesNothingBehind) {
             form.showModal();
         }
     };
-    open(5);
+    open(3);
     const Handles before = Handles::next();
-    open(50);
+    open(30);
     const Handles after = Handles::next();
-    EXPECT_LT(after.drawing, before.drawing + 25);
-    EXPECT_LT(after.windows, before.windows + 25);
+    EXPECT_LT(after.drawing, before.drawing + 15);
+    EXPECT_LT(after.windows, before.windows + 15);
 }
 
 }  // namespace
