@@ -20,16 +20,14 @@ done
 [ -e "$program" ] || fail "$program is not built: make build"
 
 prepare run "$fresh"
-cp "$program" "$WINEPREFIX/drive_c/Tavimor/Tavimor.exe"
-cd "$WINEPREFIX/drive_c/Tavimor"
-
 if [ -n "${DISPLAY:-}" ]; then
     set_value 'Software\Wine\X11 Driver' Managed REG_SZ Y
+    start_tavimor "$program"
     echo "Tavimor is on your screen. Its registry and its files are in ${WINEPREFIX#"$root/"}."
-    "$wine" 'C:\Tavimor\Tavimor.exe' >"$work/program.log" 2>&1 || fail "it ended with code $?: $(cat "$work/program.log")"
+    wait $started || fail "it ended with code $?: $(cat "$work/program.log")"
 else
     open_screen
-    start 'C:\Tavimor\Tavimor.exe'
+    start_tavimor "$program"
     wait_for_window '^Tavimor - '
     picture "$root/build/screenshots/run.png"
     echo "There is no display here. Tavimor has run on a virtual screen; its main window is in build/screenshots/run.png."

@@ -20,13 +20,6 @@ import_lines() {
     import_file "$work/lines.reg"
 }
 
-started=
-start_tavimor() {
-    cp "$program" "$WINEPREFIX/drive_c/Tavimor/Tavimor.exe"
-    (cd "$WINEPREFIX/drive_c/Tavimor" && exec "$wine" 'C:\Tavimor\Tavimor.exe') >"$work/program.log" 2>&1 </dev/null &
-    started=$!
-}
-
 end_tavimor() {
     wineserver -k || true
     wineserver -w
@@ -35,7 +28,7 @@ end_tavimor() {
 
 main_window() {
     import_lines "[-$settings]"
-    start_tavimor
+    start_tavimor "$program"
     wait_for_window '^Tavimor - '
     picture "$shown/main.png"
     press alt+v b
@@ -61,7 +54,7 @@ icon_selector() {
 # A settings key without its lengths is something that the program does not expect.
 error_dialog() {
     import_lines "[-$settings]" "[$settings]"
-    start_tavimor
+    start_tavimor "$program"
     wait_for_window '^Error$'
     picture "$shown/error.png"
 }
@@ -79,6 +72,6 @@ for dpi in 96 192; do
     end_tavimor
     error_dialog
     end_tavimor
-    echo "at $dpi dots per inch: ${shown#"$root/"}/ and ${other#"$root/"}/"
 done
 import_lines "[-$settings]"
+echo "The pictures are in docs/screenshots/ and build/screenshots/."

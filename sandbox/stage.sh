@@ -4,6 +4,7 @@
 work=$root/build/sandbox
 mkdir -p "$work"
 screen=
+started=
 
 fail() {
     echo "$*" >&2
@@ -79,9 +80,10 @@ close_screen() {
     screen=
 }
 
-# start PROGRAM [ARGUMENT...]: in the background; its number goes to `started`, its output to build/sandbox/program.log.
-start() {
-    "$wine" "$@" >"$work/program.log" 2>&1 </dev/null &
+# start_tavimor PROGRAM.exe: lays it into the machine and starts it there in the background as `started`.
+start_tavimor() {
+    cp "$1" "$WINEPREFIX/drive_c/Tavimor/Tavimor.exe"
+    (cd "$WINEPREFIX/drive_c/Tavimor" && exec "$wine" 'C:\Tavimor\Tavimor.exe') >"$work/program.log" 2>&1 </dev/null &
     started=$!
 }
 
