@@ -51,8 +51,7 @@ TEST_F(clsRegistry_, TheTopListsTheRootsAndAKeyItsSubkeysAsTheyAreSpelled) {
     goTo(TestsKey);
     EXPECT_EQ(registry.DirKey(), std::nullopt);
     EXPECT_FALSE(registry.HasKeys());
-    const std::string longest(255, 'k');
-    for (const std::string& name : {"Beta"s, "alpha"s, longest}) system.makeKey(TestsKey + "\\" + name);
+    for (const std::string& name : {"Beta"s, "alpha"s, std::string(255, 'k')}) registry.MakeKey(name);
     EXPECT_EQ(registry.DirKey(), system.keys(TestsKey));
     EXPECT_EQ(registry.DirKey()->size(), 3u);
 }

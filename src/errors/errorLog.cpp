@@ -128,7 +128,6 @@ void WriteErrorLog(const std::string& module, const std::string& procedure, cons
     std::uint32_t written = 0;
     const platform::Result code = platform.files.append(path, text, written);
     if (code != platform::Success) refuse("Cannot write the file", path, code);
-    if (written != text.size()) refuse("Cannot write the file", path, platform::DiskFull);
 }
 
 }  // namespace basErrors

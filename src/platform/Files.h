@@ -36,7 +36,8 @@ public:
 
     // Reads the file, or its first `limit` bytes.
     virtual Result read(const std::string& path, std::string& bytes, std::size_t limit = Whole) = 0;
-    // Creates the file, or empties it, and writes `bytes`. `written` is what arrived, also on failure.
+    // Creates the file, or empties it, and writes `bytes`. `written` is what arrived: all of it, unless
+    // the call failed.
     virtual Result create(const std::string& path, std::string_view bytes, std::uint32_t& written) = 0;
     // Writes `bytes` at the end of the file, which is created when absent.
     virtual Result append(const std::string& path, std::string_view bytes, std::uint32_t& written) = 0;
