@@ -93,6 +93,7 @@ frmIconSelector::frmIconSelector(Program& program, std::string file, ui::Picture
     Picture1.setVisible(false);
     picParent.setVisible(false);
     lvwIcons.setImages(&ilsIcons32, &ilsIcons16);
+    lvwIcons.setIconSpacing({50, 50});  // seven in a row: there is no text to make room for
 
     lvwIcons.onItemClick = [this](int item) { lvwIcons_ItemClick(item); };
     tmrLoad.onTimer = [this] { tmrLoad_Timer(); };
