@@ -27,23 +27,13 @@ struct cResourcesTest : IconFixture {
     }
 };
 
-TEST(ResourceTypeName, IsTheOneOfTheTableOrTellsTheNumber) {
-    const std::pair<int, const char*> names[] = {
-        {0, "Other (0)"},      {1, "Cursor"},
-        {2, "Bitmap"},         {3, "Icon"},
-        {4, "Menu"},           {5, "Dialog"},
-        {6, "String"},         {7, "Font Directory"},
-        {8, "Font"},           {9, "Accelerators"},
-        {10, "RC Data"},       {11, "Message Table"},
-        {12, "Group Cursor"},  {13, "Other (13)"},
-        {14, "Group Icon"},    {15, "Other (15)"},
-        {16, "Version"},       {17, "Dialog Include"},
-        {18, "Other (18)"},    {19, "VXD"},
-        {20, "VXD"},           {21, "Animated Cursor"},
-        {22, "Animated Icon"}, {23, "HTML"},
-        {24, "Other (24)"},    {65535, "Other (65535)"},
+TEST(ResourceTypeName, IsOtherWhereTheSystemHasNone) {
+    const std::pair<std::uint16_t, const char*> names[] = {
+        {0, "Other (0)"},   {1, "Cursor"},          {12, "Group Cursor"},     {13, "Other (13)"}, {14, "Group Icon"},
+        {15, "Other (15)"}, {17, "Dialog Include"}, {18, "Other (18)"},       {19, "VXD"},        {20, "VXD"},
+        {23, "HTML"},       {24, "Other (24)"},     {65535, "Other (65535)"},
     };
-    for (const auto& [number, name] : names) EXPECT_EQ(cResources::TypeName(static_cast<std::uint16_t>(number)), name);
+    for (const auto& [number, name] : names) EXPECT_EQ(cResources::TypeName(number), name);
     EXPECT_EQ(cResources::TypeName("TYPELIB"), "TYPELIB");
 }
 

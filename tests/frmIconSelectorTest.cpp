@@ -95,15 +95,13 @@ TEST_F(frmIconSelectorTest, AClickChoosesTheIconAndTheTimerClosesTheDialog) {
     EXPECT_EQ(program.selection.iconFile, system.path("some.dll"));
     EXPECT_EQ(program.selection.iconResource, "7");
     EXPECT_EQ(box.picture(), picture(32, 2));
-}
 
-TEST_F(frmIconSelectorTest, EnterChoosesTheIconUnderTheCursor) {
     use("some.dll", [&](frmIconSelector& form) {
         form.lvwIcons.choose(1);
         form.lvwIcons.activate();
         form.tmrUnload.tick();
     });
-    EXPECT_EQ(program.selection.iconResource, "MAIN");
+    EXPECT_EQ(program.selection.iconResource, "MAIN") << "Enter chooses the icon under the cursor";
 }
 
 TEST_F(frmIconSelectorTest, GivingUpChangesNothing) {
