@@ -24,9 +24,9 @@ protected:
     simulated::ProgramFile sample() {
         simulated::ProgramFile program;
         program.add(std::string("LIST"), std::string("FIRST"), {1, 2, 3});
-        program.add(RtIcon, 1, {4});
-        program.add(RtIcon, 7, {});
-        program.add(10, std::string("NAMED"), Bytes(5000, 9));
+        program.add(RtIcon, std::uint16_t{1}, {4});
+        program.add(RtIcon, std::uint16_t{7}, {});
+        program.add(std::uint16_t{10}, std::string("NAMED"), Bytes(5000, 9));
         program.addString(17, "seventeen").addString(4700, "caf\xE9").addString(33, std::string(300, 's'));
         return program;
     }

@@ -225,7 +225,8 @@ TEST_F(RegistryContract, NamesThatAreTooLongAreRefused) {
 TEST_F(RegistryContract, DataOfAnySizeAndTypeComesBackWhole) {
     const HKey key = open(KeyAllAccess);
     for (const std::uint32_t size : {0u, 1u, 255u, 65535u})
-        for (const RegType type : {RegNone, RegSz, RegExpandSz, RegBinary, RegDword, RegMultiSz, RegType{1234}}) {
+        for (const RegType type :
+             std::initializer_list<RegType>{RegNone, RegSz, RegExpandSz, RegBinary, RegDword, RegMultiSz, 1234}) {
             SCOPED_TRACE(testing::Message() << size << " bytes of type " << type);
             const Bytes data(size, 0xE9);  // not ASCII, and text without a terminating zero
             ASSERT_EQ(registry.RegSetValueExA(key, "v", type, data.data(), size), Success);

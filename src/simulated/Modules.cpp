@@ -32,6 +32,12 @@ bool sameId(const ResourceId& a, const ResourceId& b) {
     return textX && textY ? same(*textX, *textY) : x == y;
 }
 
+bool standsBefore(const ResourceId& a, const ResourceId& b) {
+    const ResourceId x = normal(a), y = normal(b);
+    const auto *textX = std::get_if<std::string>(&x), *textY = std::get_if<std::string>(&y);
+    return textX && textY ? before(*textX, *textY) : x.index() != y.index() ? textX != nullptr : x < y;
+}
+
 std::string_view baseName(std::string_view path) {
     return path.substr(path.find_last_of("\\/:") + 1);
 }
@@ -39,16 +45,25 @@ std::string_view baseName(std::string_view path) {
 }  // namespace
 
 ProgramFile& ProgramFile::add(const ResourceId& type, const ResourceId& name, Bytes bytes) {
-    auto place = std::ranges::find_if(types_, [&](const Type& t) { return sameId(t.id, type); });
-    if (place == types_.end()) place = types_.insert(types_.end(), Type{type, {}});
-    std::erase_if(place->resources, [&](const Resource& resource) { return sameId(resource.name, name); });
-    place->resources.push_back({name, std::move(bytes)});
+    auto place = std::ranges::find_if(types_, [&](const Type& t) { return !standsBefore(t.id, type); });
+    if (place == types_.end() || !sameId(place->id, type)) place = types_.insert(place, Type{normal(type), {}});
+    auto& resources = place->resources;
+    auto spot = std::ranges::find_if(resources, [&](const Resource& r) { return !standsBefore(r.name, name); });
+    if (spot == resources.end() || !sameId(spot->name, name)) spot = resources.insert(spot, {normal(name), {}});
+    spot->bytes = std::move(bytes);
     return *this;
 }
 
 ProgramFile& ProgramFile::addString(std::uint32_t number, std::string text) {
     strings_[number] = std::move(text);
-    return *this;
+    Bytes block;
+    for (std::uint32_t n = number / 16 * 16; n < number / 16 * 16 + 16; ++n) {
+        const auto found = strings_.find(n);
+        const std::string_view stored = found == strings_.end() ? std::string_view() : found->second;
+        block += {static_cast<std::uint8_t>(stored.size()), static_cast<std::uint8_t>(stored.size() >> 8)};
+        for (const char c : stored) block += {static_cast<std::uint8_t>(c), 0};
+    }
+    return add(RtString, static_cast<std::uint16_t>(number / 16 + 1), std::move(block));
 }
 
 const ProgramFile::Type* ProgramFile::find(const ResourceId& type) const {

@@ -12,7 +12,7 @@
 
 namespace simulated {
 
-// A program file's resources, in file order.
+// A program file's resources, in the order in which linkers write them: texts first, then numbers, both rising.
 class ProgramFile {
 public:
     struct Resource {
@@ -26,6 +26,7 @@ public:
 
     // Replaces what has the same type and name.
     ProgramFile& add(const platform::ResourceId& type, const platform::ResourceId& name, platform::Bytes bytes);
+    // Strings stand in blocks of sixteen, resources of type RtString.
     ProgramFile& addString(std::uint32_t number, std::string text);
 
     const Type* find(const platform::ResourceId& type) const;

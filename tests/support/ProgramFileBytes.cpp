@@ -1,7 +1,5 @@
 #include "support/ProgramFileBytes.h"
 
-#include <map>
-
 #include "support/IconBytes.h"
 
 using icons::ByteWriter;
@@ -12,66 +10,56 @@ namespace {
 
 constexpr std::uint32_t SectionAddress = 0x1000, SectionOffset = 0x200, HighBit = 0x80000000;
 
-// Texts before numbers, each kind in rising order.
-struct DirectoryOrder {
-    bool operator()(const ResourceId& a, const ResourceId& b) const {
-        return a.index() != b.index() ? a.index() > b.index() : a < b;
-    }
-};
-using Names = std::map<ResourceId, Bytes, DirectoryOrder>;
-using Types = std::map<ResourceId, Names, DirectoryOrder>;
+using Type = simulated::ProgramFile::Type;
 
-void addStrings(Types& types, const std::map<std::uint32_t, std::string>& strings) {
-    std::map<std::uint32_t, std::map<std::uint32_t, std::string>> blocks;
-    for (const auto& [number, text] : strings) blocks[number / 16 + 1][number % 16] = text;
-    for (auto& [block, texts] : blocks) {
-        ByteWriter out;
-        for (std::uint32_t i = 0; i < 16; ++i) {
-            out.u16(static_cast<std::uint32_t>(texts[i].size()));
-            for (const char c : texts[i]) out.u16(static_cast<unsigned char>(c));
-        }
-        types[platform::RtString][static_cast<std::uint16_t>(block)] = out.bytes();
-    }
+const ResourceId& idOf(const Type& type) {
+    return type.id;
+}
+const ResourceId& idOf(const simulated::ProgramFile::Resource& resource) {
+    return resource.name;
 }
 
 class SectionWriter {
 public:
-    explicit SectionWriter(const Types& types) : types_(types) {
+    explicit SectionWriter(const std::vector<Type>& types) : types_(types) {
         std::size_t names = 0;
-        for (const auto& [type, all] : types) names += all.size();
-        // Root, type directories and one directory of languages for each name; then the data entries.
-        entriesAt_ = directorySize(types.size()) + names * directorySize(1);
-        for (const auto& [type, all] : types) entriesAt_ += directorySize(all.size());
+        // The root, the types' directories and one directory of languages for each name; then the data entries.
+        entriesAt_ = directorySize(types.size());
+        for (const Type& type : types) {
+            entriesAt_ += directorySize(type.resources.size());
+            names += type.resources.size();
+        }
+        entriesAt_ += names * directorySize(1);
         tailAt_ = entriesAt_ + 16 * names;
     }
 
     Bytes write() {
         std::size_t next = directorySize(types_.size());
         header(types_);
-        for (const auto& [type, names] : types_) {
-            entry(type, HighBit | next);
-            next += directorySize(names.size());
+        for (const Type& type : types_) {
+            entry(type.id, HighBit | next);
+            next += directorySize(type.resources.size());
         }
-        for (const auto& [type, names] : types_) {
-            header(names);
-            for (const auto& [name, bytes] : names) {
-                entry(name, HighBit | next);
+        for (const Type& type : types_) {
+            header(type.resources);
+            for (const auto& resource : type.resources) {
+                entry(resource.name, HighBit | next);
                 next += directorySize(1);
             }
         }
-        for (const auto& [type, names] : types_)
-            for (const auto& [name, bytes] : names) language(bytes);
+        for (const Type& type : types_)
+            for (const auto& resource : type.resources) language(resource.bytes);
         return directories_.add(entries_.bytes()).add(tail_.bytes()).bytes();
     }
 
 private:
     static std::size_t directorySize(std::size_t count) { return 16 + 8 * count; }
 
-    template <class Map>
-    void header(const Map& map) {
+    template <class List>
+    void header(const List& list) {
         std::uint32_t texts = 0;
-        for (const auto& [id, below] : map) texts += id.index() == 1;
-        directories_.fill(12).u16(texts).u16(static_cast<std::uint32_t>(map.size()) - texts);
+        for (const auto& item : list) texts += idOf(item).index() == 1;
+        directories_.fill(12).u16(texts).u16(static_cast<std::uint32_t>(list.size()) - texts);
     }
 
     void entry(const ResourceId& id, std::size_t child) {
@@ -95,7 +83,7 @@ private:
         tail_.add(bytes).alignTo(4);
     }
 
-    const Types& types_;
+    const std::vector<Type>& types_;
     std::size_t entriesAt_ = 0, tailAt_ = 0;
     ByteWriter directories_, entries_, tail_;  // one after another
 };
@@ -119,14 +107,9 @@ Bytes headers(std::uint32_t size, bool hasResources) {
 }  // namespace
 
 Bytes programFileBytes(const simulated::ProgramFile& program) {
-    Types types;
-    for (const auto& type : program.types())
-        for (const auto& resource : type.resources) types[type.id][resource.name] = resource.bytes;
-    addStrings(types, program.strings());
-
     ByteWriter section;
-    section.add(SectionWriter(types).write()).alignTo(SectionOffset);
+    section.add(SectionWriter(program.types()).write()).alignTo(SectionOffset);
     ByteWriter file;
-    file.add(headers(static_cast<std::uint32_t>(section.size()), !types.empty())).add(section.bytes());
+    file.add(headers(static_cast<std::uint32_t>(section.size()), !program.types().empty())).add(section.bytes());
     return file.bytes();
 }

@@ -4,6 +4,5 @@
 #include "platform/Registry.h"
 #include "simulated/Modules.h"
 
-// As linkers do, types and names are put in order: texts first, then numbers. Text names should be upper case, in which
-// the system looks for them.
+// Text names should be upper case, in which the system looks for them.
 platform::Bytes programFileBytes(const simulated::ProgramFile& program);
