@@ -10,7 +10,7 @@ namespace {
 
 constexpr Result BadPathName = 161;  // ERROR_BAD_PATHNAME
 constexpr Result NoAccess = 998;     // ERROR_NOACCESS
-constexpr std::size_t LongestKey = 255, LongestValue = 16383, LongestText = 32766;
+constexpr std::size_t LongestKey = 255, LongestPath = 260, LongestValue = 16383, LongestText = 32766;
 constexpr AccessMask MaximumAllowed = 0x02000000, GenericAll = 0x10000000, GenericWrite = 0x40000000,
                      GenericRead = 0x80000000;
 
@@ -44,9 +44,12 @@ std::vector<std::string_view> partsOf(std::string_view path) {
     return parts;
 }
 
-Result checkPath(const std::string& path) {
+// The functions for single-byte text turn a path into wide characters in a buffer of fixed size.
+Result checkPath(std::string_view path) {
+    if (path.size() > LongestText) return InvalidParameter;
+    if (path.size() > LongestPath) return MoreData;
     if (path.starts_with('\\')) return BadPathName;
-    for (const std::string_view part : partsOf(untilZero(path)))
+    for (const std::string_view part : partsOf(path))
         if (part.size() > LongestKey) return InvalidParameter;
     return Success;
 }
@@ -134,7 +137,7 @@ Result Registry::resolve(HKey handle, AccessMask needed, std::shared_ptr<Key>& k
 Result Registry::walk(HKey handle, const std::string& subKey, bool create, std::shared_ptr<Key>& key) const {
     // No rights are asked of the handle: the system checks those of the key itself.
     if (const Result code = resolve(handle, 0, key); code != Success) return code;
-    if (const Result code = checkPath(subKey); code != Success) return code;
+    if (const Result code = checkPath(untilZero(subKey)); code != Success) return code;
     for (const std::string_view part : partsOf(untilZero(subKey))) {
         std::shared_ptr<Key> child = key->keys.find(part);
         if (!child) {

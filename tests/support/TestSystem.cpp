@@ -123,11 +123,21 @@ void TestSystem::reset() {
 // --- the registry
 
 HKey TestSystem::openPath(const std::string& path, AccessMask access, bool create) {
-    const auto [root, subKey] = split(path);
-    HKey key = 0;
-    const Result code = create ? below_->registry().RegCreateKeyExA(root, subKey, access, key)
-                               : below_->registry().RegOpenKeyExA(root, subKey, access, key);
-    return code == Success ? key : 0;
+    // No path may be longer for the system; a longer one is opened in steps.
+    constexpr std::size_t longest = 260;
+    auto [root, subKey] = split(path);
+    HKey above = root;
+    for (;;) {
+        const std::size_t step = subKey.size() > longest ? subKey.rfind('\\', longest) : std::string::npos;
+        const std::string part = subKey.substr(0, step);
+        HKey key = 0;
+        const Result code = create ? below_->registry().RegCreateKeyExA(above, part, access, key)
+                                   : below_->registry().RegOpenKeyExA(above, part, access, key);
+        if (above != root) below_->registry().RegCloseKey(above);
+        if (code != Success || step == std::string::npos) return code == Success ? key : 0;
+        above = key;
+        subKey.erase(0, step + 1);
+    }
 }
 
 void TestSystem::makeKey(const std::string& path) {
@@ -169,8 +179,10 @@ void TestSystem::import(const std::vector<sample::Entry>& entries) {
 
 void TestSystem::deleteTree(const std::string& path) {
     for (const std::string& name : keys(path)) deleteTree(path + "\\" + name);
-    const auto [root, subKey] = split(path);
-    if (!subKey.empty()) below_->registry().RegDeleteKeyA(root, subKey);
+    const HKey key = path.find('\\') == std::string::npos ? 0 : openPath(path, KeyQueryValue, false);
+    if (key == 0) return;
+    below_->registry().RegDeleteKeyA(key, "");
+    below_->registry().RegCloseKey(key);
 }
 
 void TestSystem::deleteValue(const std::string& path, const std::string& name) {
