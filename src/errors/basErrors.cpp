@@ -84,10 +84,18 @@ bool errorPending() {
     return showing;
 }
 
-void trap() {
-    fillFromException();
-    ErrLine = "0";
-    ShowError();
+void runProcedure(const char* name, void (*step)(void* context), void* context) {
+    TracePush(name);
+    try {
+        step(context);
+    } catch (...) {
+        // Fills Err and shows it, or passes on what is no error. The name stays on the trace.
+        fillFromException();
+        ErrLine = "0";
+        ShowError();
+        return;
+    }
+    TracePop();
 }
 
 void ShowError() {

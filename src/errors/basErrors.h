@@ -70,8 +70,6 @@ extern Reporting reporting;
 // True while a trapped error is being shown.
 bool errorPending();
 
-// Handles the exception now being handled: fills Err and shows it, or passes on what is not an error.
-void trap();
 // Shows Err in the error dialog, modal, owned by the main window; nothing when its number is 0. Err is the same
 // afterwards. An error that is met while the report is being made is dropped, and one that is met while the dialog is
 // open (by a timer, which would stack dialogs) goes to the log alone.
@@ -95,24 +93,28 @@ IEInfo GetIEInfo();
 void WriteErrorLog(const std::string& module, const std::string& procedure, const std::string& line,
                    const std::string& errorNumber, const std::string& description);
 
+// Runs `step(context)` as the procedure `name`: the one place that traces and traps, for every procedure there is.
+void runProcedure(const char* name, void (*step)(void* context), void* context);
+
 template <class Body>
 auto procedure(const char* name, Body&& body) -> std::invoke_result_t<Body&> {
     using Result = std::invoke_result_t<Body&>;
-    TracePush(name);
-    try {
-        if constexpr (std::is_void_v<Result>) {
-            body();
-            TracePop();
-            return;
-        } else {
-            Result result = body();
-            TracePop();
-            return result;
-        }
-    } catch (...) {
-        trap();
+    using Function = std::remove_reference_t<Body>;
+    if constexpr (std::is_void_v<Result>) {
+        const auto step = [](void* context) { (*static_cast<Function*>(context))(); };
+        runProcedure(name, step, const_cast<std::remove_const_t<Function>*>(&body));
+    } else {
+        struct Call {
+            Function& body;
+            Result result{};
+        } call{body};
+        const auto step = [](void* context) {
+            auto& running = *static_cast<Call*>(context);
+            running.result = running.body();
+        };
+        runProcedure(name, step, &call);
+        return std::move(call.result);
     }
-    return Result();
 }
 
 }  // namespace basErrors
