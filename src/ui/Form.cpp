@@ -61,6 +61,10 @@ void Form::setPointer(Pointer pointer) {
     if (store(pointer_, pointer) && peer()) peer()->applyPointer();
 }
 
+void Form::setDefaultButton(CommandButton& button) {
+    if (store(defaultButton_, &button) && peer()) peer()->applyDefaultButton();
+}
+
 void Form::drawLine(const Line& line) {
     lines_.push_back(line);
     if (peer()) peer()->applyLines();
@@ -132,6 +136,7 @@ void Form::attach(PeerFactory& factory) {
     peer()->applySize();
     peer()->applyLines();
     peer()->applyPointer();
+    peer()->applyDefaultButton();
     peer()->applyHook();
 }
 

@@ -44,6 +44,7 @@ public:
         virtual void applySize() = 0;  // width() and height(), the whole window
         virtual void applyHook() = 0;
         virtual void applyPointer() = 0;
+        virtual void applyDefaultButton() = 0;
         virtual void applyLines() = 0;
         virtual void applyUnloaded() = 0;  // hide now; the peer is destroyed soon, outside every handler
     };
@@ -72,7 +73,7 @@ public:
     const Menu& menu() const { return menu_; }
 
     // Enter presses the default button when no other button has the focus; Esc presses the cancel button.
-    void setDefaultButton(CommandButton& button) { defaultButton_ = &button; }
+    void setDefaultButton(CommandButton& button);
     void setCancelButton(CommandButton& button) { cancelButton_ = &button; }
     CommandButton* defaultButton() const { return defaultButton_; }
     CommandButton* cancelButton() const { return cancelButton_; }

@@ -88,6 +88,13 @@ void FormPeer::applyPointer() {
     if (live_) SetCursor(LoadCursorA(nullptr, form_.pointer() == ui::Pointer::Hourglass ? IDC_WAIT : IDC_ARROW));
 }
 
+void FormPeer::applyDefaultButton() {
+    const auto* button = form_.defaultButton();
+    if (!button) return;
+    if (const auto* control = dynamic_cast<ControlWindow*>(button->peerAs<ui::Peer>()))
+        SendMessageA(window_, DM_SETDEFID, static_cast<WPARAM>(GetDlgCtrlID(control->window())), 0);
+}
+
 void FormPeer::applyLines() {
     InvalidateRect(window_, nullptr, TRUE);
 }
@@ -104,10 +111,6 @@ void FormPeer::applyUnloaded() {
 void FormPeer::show() {
     unloaded_ = false;
     if (!IsWindowVisible(window_)) centre(window_, owner_);
-    if (const auto* button = form_.defaultButton()) {
-        if (const auto* control = dynamic_cast<ControlWindow*>(button->peerAs<ui::Peer>()))
-            SendMessageA(window_, DM_SETDEFID, static_cast<WPARAM>(GetDlgCtrlID(control->window())), 0);
-    }
     live_ = true;
     ShowWindow(window_, SW_SHOW);
     UpdateWindow(window_);

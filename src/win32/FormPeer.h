@@ -27,6 +27,7 @@ public:
     void applySize() override;
     void applyHook() override;
     void applyPointer() override;
+    void applyDefaultButton() override;
     void applyLines() override;
     void applyUnloaded() override;
 
