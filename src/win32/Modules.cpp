@@ -58,6 +58,17 @@ bool canBeWalked(HMODULE module) {
     return resourcesCanBeWalked({base, region.RegionSize});
 }
 
+// Whether a block of sixteen strings, each its length and its characters, stays inside the bytes it has.
+bool isStringBlock(std::span<const std::uint8_t> block) {
+    for (int i = 0; i < 16; ++i) {
+        if (block.size() < 2) return false;
+        const std::size_t size = 2 + 2 * std::size_t{littleEndian(block, 0, 2)};
+        if (block.size() < size) return false;
+        block = block.subspan(size);
+    }
+    return true;
+}
+
 // No message box about a bad image or an empty drive while a file is opened.
 class QuietErrors {
 public:
@@ -157,6 +168,9 @@ Result Modules::EnumResourceNamesA(Module module, const ResourceId& type, std::v
 }
 
 std::string Modules::LoadStringA(Module module, std::uint32_t number) {
+    // The system goes from string to string without looking where the block ends.
+    const ResourceInfo info = FindResourceA(module, static_cast<std::uint16_t>(number / 16 + 1), RtString);
+    if (!info || !isStringBlock(LockResource(module, info, LoadResource(module, info)))) return "";
     char text[255] = "";
     const int length = ::LoadStringA(native(module), number, text, sizeof text);
     return length > 0 ? std::string(text, static_cast<std::size_t>(length)) : failed(std::string());

@@ -26,7 +26,9 @@ public:
         if (address == 0 || outside_) return !outside_;
         sections_ = optional + number(pe + 20, 2);
         sectionCount_ = number(pe + 6, 2);
-        const std::optional<std::size_t> start = offsetOf(address);
+        // What lies among the headers is where its address says, also in a file that has not been laid out.
+        const bool amongHeaders = address < number(optional + 60, 4);
+        const std::optional<std::size_t> start = amongHeaders ? std::size_t{address} : offsetOf(address);
         if (!start) return !outside_;  // the system finds no directory there, and says so
         root_ = *start;
         return directory(0, 0);

@@ -10,6 +10,8 @@ using namespace platform;
 
 namespace {
 
+constexpr const char* SettingsKey =
+    "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings";
 constexpr const char* BrowserKey = "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Internet Explorer";
 constexpr const char* Started =
     "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\App Paths\\IEXPLORE.EXE";
@@ -18,6 +20,7 @@ constexpr const char* Started =
 constexpr const char* OwnedKeys[] = {
     zones::ZonesKey,
     zones::DomainsKey,
+    "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\Ranges",
     "HKEY_CURRENT_USER\\Identities",
     "HKEY_CURRENT_USER\\Software\\Pellweather Inc.",
     "HKEY_CURRENT_USER\\Software\\Tavimor Tests",
@@ -103,6 +106,7 @@ void TestSystem::reset() {
     if (below_->real) {
         for (const char* key : OwnedKeys) deleteTree(key);
         for (const std::string& name : values(BrowserKey)) deleteValue(BrowserKey, name);
+        deleteValue(SettingsKey, "MinorVersion");
     }
     if (Simulation* s = simulation()) {
         s->files.addFolder(system.folder);
