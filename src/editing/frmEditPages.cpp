@@ -42,7 +42,7 @@ LevelsPage::LevelsPage(ui::Control& page)
       zzzlblLevel("zzzlblLevel"),
       cboSetting("cboSetting"),
       cmdApply("cmdApply"),
-      cmdSecurity(addFrames(page), "cmdSecurity", {5715, 300, ButtonWidth, ButtonHeight}, "Settings") {}
+      cmdSecurity(addFrames(page), "cmdSecurity", {5685, 300, ButtonWidth, ButtonHeight}, "Settings") {}
 
 // Current: High    Change To: [Medium  v]  [Apply]
 ui::Frame& LevelsPage::addFrames(ui::Control& page) {
@@ -53,8 +53,8 @@ ui::Frame& LevelsPage::addFrames(ui::Control& page) {
         zzzlblLevel.add(frame, {150, LabelTop, 720, LabelHeight}, "Current:");
         stored.emplace_back(frame, row.labelName, ui::Bounds{900, LabelTop, 1080, LabelHeight}, "").showData();
         zzzlblLevel.add(frame, {2010, LabelTop, 930, LabelHeight}, "Change To:");
-        cboSetting.add(frame, {2970, 330, 1350, ComboHeight});
-        cmdApply.add(frame, {4440, 300, ButtonWidth, ButtonHeight}, "Apply");
+        cboSetting.add(frame, {2970, 330, 1275, ComboHeight});
+        cmdApply.add(frame, {4350, 300, ButtonWidth, ButtonHeight}, "Apply");
     }
     return zzzfraLevel(CurrentLevel);
 }
