@@ -41,7 +41,7 @@ main_window() {
 icon_selector() {
     press alt+e t
     wait_for_window '^Edit Zone$'
-    picture "$other/edit-general.png"
+    picture "$shown/edit-general.png"
     press Tab Tab Tab space
     wait_for_window '^Browse for icons$'
     press ctrl+a
@@ -49,6 +49,29 @@ icon_selector() {
     press Return
     wait_for_window '^Select Icon$'
     picture "$shown/icon-selector.png"
+}
+
+# The other pages, the custom settings, and the dialog for a new zone.
+zone_dialogs() {
+    start_tavimor "$program"
+    wait_for_window '^Tavimor - '
+    press alt+e t
+    wait_for_window '^Edit Zone$'
+    press Right
+    picture "$shown/edit-flags.png"
+    press Right
+    picture "$shown/edit-security.png"
+    press Tab Tab Tab space # nothing to apply: the tab ring has the three boxes and the settings
+    press Tab space
+    wait_for_window '^Custom Security$'
+    picture "$shown/custom-security.png"
+    press Escape Escape
+    press alt+e a
+    wait_for_window '^Add Zone$'
+    xdotool type --delay 30 'Partners'
+    press Tab
+    xdotool type --delay 30 'This zone contains Web sites of the companies we work with.'
+    picture "$shown/add-zone.png"
 }
 
 # A settings key without its lengths is something that the program does not expect.
@@ -69,6 +92,8 @@ for dpi in 96 192; do
     end_tavimor # Windows' measures are read when the first program of a session starts
     main_window
     icon_selector
+    end_tavimor
+    zone_dialogs
     end_tavimor
     error_dialog
     end_tavimor
