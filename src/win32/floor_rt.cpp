@@ -22,5 +22,7 @@ const void* const createSemaphoreSlot = reinterpret_cast<const void*>(&createSem
 // What an exception nobody caught ends in. The library's own prints its type, which takes 50 KB of code.
 namespace __gnu_cxx {
 void __verbose_terminate_handler();
-void __verbose_terminate_handler() { std::abort(); }
+void __verbose_terminate_handler() {
+    std::abort();
+}
 }  // namespace __gnu_cxx

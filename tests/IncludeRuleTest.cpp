@@ -1,0 +1,123 @@
+// The folders of src/ form layers, and includes point down: what the windows work on knows no window, and everything
+// but src/win32 builds on any system.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+enum Layer { Seam, Subjects, Windows, System, Entry };
+
+const std::map<std::string, Layer> Layers = {
+    {"ui", Seam},          {"platform", Seam}, {"zones", Subjects}, {"registry", Subjects},
+    {"errors", Subjects},  {"util", Subjects}, {"app", Windows},    {"editing", Windows},
+    {"backup", Windows},   {"mail", Windows},  {"icons", Windows},  {"win32", System},
+    {"simulated", System}, {"", Entry},
+};
+
+const std::set<std::string> SystemHeaders = {"windows.h", "windowsx.h", "winuser.h", "winreg.h",  "commctrl.h",
+                                             "commdlg.h", "shellapi.h", "shlobj.h",  "winbase.h", "wingdi.h",
+                                             "winver.h",  "objbase.h",  "cderr.h",   "ole2.h",    "windef.h"};
+
+std::string folderOf(const std::string& path) {
+    const auto slash = path.find('/');
+    return slash == std::string::npos ? "" : path.substr(0, slash);
+}
+
+// Whether a file of `from` may include one of `to`.
+bool pointsDown(const std::string& from, const std::string& to) {
+    const Layer a = Layers.at(from), b = Layers.at(to);
+    if (a == Entry) return true;
+    if (a == System) return from == to || b == Seam;
+    return b <= a;
+}
+
+// The broken rules in the text of one file, whose path is relative to src/.
+std::vector<std::string> brokenRules(const std::string& path, const std::string& text) {
+    std::vector<std::string> broken;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        std::istringstream words(line);
+        std::string directive, name;
+        if (!(words >> directive)) continue;
+        if (directive == "#") words >> directive, directive.insert(0, "#");
+        if (directive.rfind("#include", 0) != 0) continue;
+        const auto open = line.find_first_of("<\""), close = line.find_first_of(">\"", open + 1);
+        if (open == std::string::npos || close == std::string::npos) continue;
+        name = line.substr(open + 1, close - open - 1);
+        std::string lower = name;
+        for (char& c : lower) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+
+        const std::string from = folderOf(path), to = folderOf(name);
+        if (SystemHeaders.count(lower)) {
+            if (from != "win32") broken.push_back(path + ": only win32 may include <" + name + ">");
+        } else if (line[open] == '"') {
+            if (to.empty() || !Layers.count(to)) {
+                broken.push_back(path + ": \"" + name + "\" does not begin with a folder of src");
+            } else if (!Layers.count(from)) {
+                broken.push_back(path + ": its folder has no place in the layers");
+            } else if (!pointsDown(from, to)) {
+                broken.push_back(path + ": " + from + " may not include " + to);
+            }
+        }
+    }
+    return broken;
+}
+
+TEST(Includes, PointDownInEveryFile) {
+    namespace fs = std::filesystem;
+    const fs::path source = TAVIMOR_SOURCE;
+    int files = 0;
+    for (const auto& entry : fs::recursive_directory_iterator(source)) {
+        const auto extension = entry.path().extension();
+        if (extension != ".h" && extension != ".cpp" && extension != ".rc") continue;
+        ++files;
+        std::ostringstream text;
+        text << std::ifstream(entry.path()).rdbuf();
+        // Without fs::relative: it asks the system for links, and Wine's drive of the whole machine has some.
+        const std::string path = entry.path().generic_string().substr(source.generic_string().size() + 1);
+        for (const auto& what : brokenRules(path, text.str())) ADD_FAILURE() << what;
+    }
+    EXPECT_GT(files, 50) << "not the source folder: " << source;
+}
+
+TEST(Includes, AreFoundWhereTheyPointUp) {
+    struct {
+        const char* path;
+        const char* line;
+        bool broken;
+    } const cases[] = {
+        {"app/frmMain.h", "#include \"editing/frmEdit.h\"", false},
+        {"app/frmMain.h", "#include \"ui/Form.h\"", false},
+        {"zones/zones.h", "#include \"registry/clsRegistry.h\"", false},
+        {"win32/Files.cpp", "#include <windows.h>", false},
+        {"win32/Files.cpp", "#include \"platform/Files.h\"", false},
+        {"main.cpp", "#include \"win32/Services.h\"", false},
+        {"util/clsStrings.h", "// #include <windows.h>", false},
+        {"zones/zones.h", "#include \"app/Program.h\"", true},
+        {"ui/Form.cpp", "#include \"errors/basErrors.h\"", true},
+        {"platform/Files.h", "#  include \"util/clsStrings.h\"", true},
+        {"app/frmMain.cpp", "#include <windows.h>", true},
+        {"ui/Form.cpp", "  #include <CommCtrl.h>", true},
+        {"main.cpp", "#include \"windows.h\"", true},
+        {"app/frmMain.cpp", "#include \"win32/Services.h\"", true},
+        {"errors/basErrors.cpp", "#include \"simulated/Files.h\"", true},
+        {"win32/Files.cpp", "#include \"util/numbers.h\"", true},
+        {"win32/Files.cpp", "#include \"simulated/Files.h\"", true},
+        {"app/frmMain.cpp", "#include \"frmMain.h\"", true},
+        {"app/frmMain.cpp", "#include \"../win32/Services.h\"", true},
+        {"extras/thing.cpp", "#include \"ui/Form.h\"", true},
+    };
+    for (const auto& c : cases) {
+        const std::string text = "#pragma once\n" + std::string(c.line) + "\nint x;\n";
+        EXPECT_EQ(!brokenRules(c.path, text).empty(), c.broken) << c.path << ": " << c.line;
+    }
+}
+
+}  // namespace
