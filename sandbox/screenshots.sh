@@ -74,6 +74,27 @@ zone_dialogs() {
     picture "$shown/add-zone.png"
 }
 
+# A backup, the dialog that lists it, and the zone of a mail identity.
+backup_and_mail() {
+    rm -rf "$WINEPREFIX/drive_c/Tavimor/Backups"
+    start_tavimor "$program"
+    wait_for_window '^Tavimor - '
+    press alt+f b
+    wait_for_window '^Backup Security Zones$'
+    xdotool type --delay 30 'Before installing the new toolbar'
+    picture "$shown/backup.png"
+    press Return
+    wait_for_window '^Tavimor - '
+    press alt+f r
+    wait_for_window '^Preview/Restore Backup$'
+    press Down Up
+    picture "$shown/restore.png"
+    press Escape
+    press alt+e o Return
+    wait_for_window '^OE Security Zone$'
+    picture "$shown/mail.png"
+}
+
 # A settings key without its lengths is something that the program does not expect.
 error_dialog() {
     import_lines "[-$settings]" "[$settings]"
@@ -94,6 +115,8 @@ for dpi in 96 192; do
     icon_selector
     end_tavimor
     zone_dialogs
+    end_tavimor
+    backup_and_mail
     end_tavimor
     error_dialog
     end_tavimor

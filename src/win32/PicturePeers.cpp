@@ -1,4 +1,6 @@
 // PictureBox and ImageList.
+#include <algorithm>
+
 #include "win32/ControlWindow.h"
 #include "win32/Graphics.h"
 #include "win32/Peers.h"
@@ -71,16 +73,16 @@ private:
     void paint() {
         PAINTSTRUCT area;
         const HDC context = BeginPaint(window(), &area);
+        RECT all = {};
+        GetClientRect(window(), &all);
         if (icon_) {
-            DrawIconEx(context, 0, 0, icon_.get(), IconSize, IconSize, 0, nullptr, DI_NORMAL);
+            // The box grows with the screen's DPI, the icon does not: it stays in the middle.
+            const int left = std::max(0L, (all.right - IconSize) / 2), top = std::max(0L, (all.bottom - IconSize) / 2);
+            DrawIconEx(context, left, top, icon_.get(), IconSize, IconSize, 0, nullptr, DI_NORMAL);
         } else if (const SIZE size = bitmapSize(control_.picture()); size.cx) {
             drawBitmap(context, {0, 0, screen().scaled(size.cx), screen().scaled(size.cy)}, control_.picture());
         }
-        if (GetFocus() == window()) {
-            RECT all = {};
-            GetClientRect(window(), &all);
-            DrawFocusRect(context, &all);
-        }
+        if (GetFocus() == window()) DrawFocusRect(context, &all);
         EndPaint(window(), &area);
     }
 
