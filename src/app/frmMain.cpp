@@ -11,27 +11,11 @@
 
 namespace {
 
-// The settings key of the program, and what stands in it.
-constexpr const char* SettingsKey = "Software\\Pellweather Inc.\\Tavimor";
-constexpr const char* MainHeight = "Main Height";
-constexpr const char* FrameTop = "Frame Top";
-constexpr const char* LogoTop = "Logo Top";
-constexpr const char* View = "View";
-constexpr double BasicView = 1, AdvancedView = 2;
-
-// The layout rule of both views.
-constexpr ui::Twips FrameToLogo = 50, BelowLogo = 20;
-
 // Measures of the design.
 constexpr ui::Twips Width = 6900, Margin = 120, Inner = Width - 2 * Margin;
 constexpr ui::Twips ButtonWidth = 1215, ButtonHeight = 375, ButtonsTop = 3540;
 constexpr ui::Twips FrameHeight = 1050, FrameAt = ButtonsTop + ButtonHeight + Margin;
-constexpr ui::Twips LogoHeight = 810, LogoAt = FrameAt + FrameHeight + FrameToLogo;
-
-// A window this high has room for the logo: its own height and about as much for caption and menu.
-constexpr ui::Twips heightFor(ui::Twips logoTop, ui::Twips logoHeight) {
-    return 2 * logoHeight + logoTop + BelowLogo;
-}
+constexpr ui::Twips LogoHeight = 810, LogoAt = FrameAt + FrameHeight + frmMain::FrameToLogo;
 
 }  // namespace
 
@@ -333,84 +317,4 @@ void frmMain::DeleteSelectedZone() {
 
 void frmMain::mnuFileExit_Click() {
     procedure("frmMain.mnuFileExit_Click", [&] { unload(); });
-}
-
-// Views ---------------------------------------------------------------------------------------------------------
-
-void frmMain::mnuViewAdv_Click() {
-    procedure("frmMain.mnuViewAdv_Click", [&] {
-        zzzfraInfo.setVisible(true);
-        zzzpicLogo.setTop(zzzfraInfo.top() + zzzfraInfo.height() + FrameToLogo);
-        setHeight(heightFor(zzzpicLogo.top(), zzzpicLogo.height()));
-        program_.registry.cD(std::string("\\HKEY_CURRENT_USER\\") + SettingsKey);
-        WriteNumber(MainHeight, height());
-        WriteNumber(FrameTop, zzzfraInfo.top());
-        WriteNumber(LogoTop, zzzpicLogo.top());
-        WriteNumber(View, AdvancedView);
-        ShowView(AdvancedView);
-    });
-}
-
-void frmMain::mnuViewBasic_Click() {
-    procedure("frmMain.mnuViewBasic_Click", [&] {
-        zzzpicLogo.setTop(zzzfraInfo.top());
-        setHeight(heightFor(zzzpicLogo.top(), zzzpicLogo.height()));
-        program_.registry.cD(std::string("\\HKEY_CURRENT_USER\\") + SettingsKey);
-        WriteNumber(MainHeight, height());
-        WriteNumber(LogoTop, zzzpicLogo.top());
-        WriteNumber(View, BasicView);
-        ShowView(BasicView);
-    });
-}
-
-// The view in force is the one whose menu item is disabled. Any other number changes nothing.
-void frmMain::ShowView(double view) {
-    if (view != BasicView && view != AdvancedView) return;
-    if (view == BasicView) zzzfraInfo.setVisible(false);
-    mnuViewBasic.setEnabled(view != BasicView);
-    mnuViewAdv.setEnabled(view != AdvancedView);
-}
-
-// Saved settings ------------------------------------------------------------------------------------------------
-
-void frmMain::SetFormAttributes() {
-    procedure("frmMain.SetFormAttributes", [&] {
-        clsRegistry& registry = program_.registry;
-        const bool firstRun = !registry.IsValidKey(platform::HKeyCurrentUser, SettingsKey);
-        registry.cD("\\HKEY_CURRENT_USER");
-        if (firstRun) registry.MakeKey(SettingsKey);
-        registry.cD(SettingsKey);
-        if (firstRun) WriteFirstAttributes();
-        ReadAttributes();
-        if (firstRun) return;  // the menus keep their designed state
-        ValueType type = ValueType::String;
-        if (const auto view = registry.ValueOf(View, type); view && type == ValueType::Dword) ShowView(view->number);
-    });
-}
-
-void frmMain::WriteFirstAttributes() {
-    WriteNumber(MainHeight, height());
-    WriteNumber(FrameTop, zzzfraInfo.top());
-    WriteNumber(LogoTop, zzzpicLogo.top());
-    WriteNumber(View, AdvancedView);
-}
-
-void frmMain::ReadAttributes() {
-    setHeight(ReadLength(MainHeight));
-    zzzfraInfo.setTop(ReadLength(FrameTop));
-    zzzpicLogo.setTop(ReadLength(LogoTop));
-}
-
-ui::Twips frmMain::ReadLength(const char* name) {
-    constexpr double Tallest = 32767;  // what a window may measure in twips
-    ValueType type = ValueType::String;
-    const auto value = program_.registry.ValueOf(name, type);
-    if (!value || type != ValueType::Dword || value->number > Tallest)
-        throw basErrors::Error(basErrors::NumberNotANumber, "frmMain",
-                               std::string("The saved setting \"") + name + "\" is missing or is not a length.");
-    return static_cast<ui::Twips>(value->number);
-}
-
-void frmMain::WriteNumber(const char* name, double number) {
-    program_.registry.ValueOf(name, ValueType::Dword, number);
 }

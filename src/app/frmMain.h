@@ -14,6 +14,13 @@ public:
     explicit frmMain(Program& program);
     ~frmMain() override;
 
+    // The layout rule of both views: where the logo stands below the frame, and a window high enough for the logo, its
+    // own height and about as much for caption and menu.
+    static constexpr ui::Twips FrameToLogo = 50;
+    static constexpr ui::Twips heightFor(ui::Twips logoTop, ui::Twips logoHeight) {
+        return 2 * logoHeight + logoTop + 20;
+    }
+
     // Rebuilds the list and selects its second zone, or the only one. Without zones selecting fails, and says so.
     void FillListView();
     // Empties the list and fills it again.
