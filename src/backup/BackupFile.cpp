@@ -10,7 +10,7 @@ namespace backup {
 
 namespace {
 
-constexpr std::size_t WorthWriting = 32 * 1024;
+constexpr std::size_t WorthWriting = std::size_t{32} * 1024;
 
 [[noreturn]] void fail(platform::Platform& platform, basErrors::ErrorNumber number, const std::string& what,
                        platform::Result code) {
