@@ -1,6 +1,6 @@
 # What a person does with the project; CMake's presets do the building.
 
-.PHONY: help setup run test test-native build release lint format screenshots
+.PHONY: help setup run test test-native build release lint format screenshots fuzz
 .DEFAULT_GOAL := help
 
 help:
@@ -11,6 +11,7 @@ help:
 	@echo 'make release      dist/Tavimor.exe: 32 bits, small, for Windows 95 and later'
 	@echo 'make screenshots  the pictures in docs/screenshots'
 	@echo 'make lint         clang-tidy and the format of every source'
+	@echo 'make fuzz         a million made-up inputs to the reader of zone backups'
 	@echo 'make format       put every source into its format'
 	@echo 'make setup        install the Debian packages that all of these need'
 
@@ -44,6 +45,10 @@ release:
 	@tools/setup.sh release
 	@tools/release.sh
 	@echo dist/Tavimor.exe
+
+fuzz:
+	@tools/setup.sh fuzz
+	@tools/fuzz.sh
 
 lint:
 	@tools/setup.sh lint

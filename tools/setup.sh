@@ -8,6 +8,7 @@ native='make g++ cmake libgtest-dev googletest'
 windows='ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-win32 wine wine64 fonts-wine'
 pictures='xvfb xauth imagemagick xdotool'
 lint='ninja-build clang clang-tidy clang-format'
+fuzz='make g++ clang libclang-rt-14-dev'
 
 verb=${1:-all}
 case $verb in
@@ -15,7 +16,8 @@ case $verb in
     build | release | test) wanted="$native $windows" ;;
     run | screenshots) wanted="$native $windows $pictures" ;;
     lint | format) wanted="$native $windows $lint" ;;
-    all) wanted="$native $windows $pictures $lint librsvg2-bin file" ;;
+    fuzz) wanted=$fuzz ;;
+    all) wanted="$native $windows $pictures $lint $fuzz librsvg2-bin file" ;;
     *) echo "no such verb: $verb" >&2; exit 2 ;;
 esac
 

@@ -1,17 +1,14 @@
+// Writing.
 #include "backup/ZoneFile.h"
 
-#include <algorithm>
 #include <cstdint>
 
 #include "app/ZoneList.h"
 #include "backup/BackupFile.h"
-#include "util/clsStrings.h"
 
 namespace backup {
 
 namespace {
-
-constexpr std::string_view DescriptionMark = "Desc=";
 
 struct FieldSource {
     const char* value;
@@ -47,12 +44,6 @@ ZoneFields readZone(Program& program, const std::string& zone) {
 
 }  // namespace
 
-std::string joined(const ZoneFields& fields) {
-    std::string line = fields[0];
-    for (std::size_t field = 1; field < FieldCount; ++field) line.append(1, ';').append(fields[field]);
-    return line;
-}
-
 void writeZones(Program& program, const std::string& baseName, const std::string& description) {
     BackupFile file(program.platform, baseName + ".tvf");
     file.line(std::string(DescriptionMark) + description);
@@ -65,28 +56,6 @@ void writeZones(Program& program, const std::string& baseName, const std::string
         }
     }
     file.close();
-}
-
-std::vector<std::string> splitLines(std::string_view bytes) {
-    std::vector<std::string> lines;
-    while (!bytes.empty()) {
-        const std::size_t end = bytes.find_first_of("\r\n");
-        lines.emplace_back(bytes.substr(0, end));
-        if (end == std::string_view::npos) break;
-        bytes.remove_prefix(end + (bytes.substr(end, 2) == "\r\n" ? 2 : 1));
-    }
-    return lines;
-}
-
-std::string descriptionOf(std::string_view firstLine) {
-    return std::string(firstLine.substr(std::min(DescriptionMark.size(), firstLine.size())));
-}
-
-void readZoneLine(clsStrings& strings, const std::string& line, ZoneFields& fields) {
-    const std::int32_t count = strings.Initialise(line, ";");
-    if (count != 3 && count != FieldCount) return;
-    for (std::int32_t field = 0; field < count; ++field)
-        fields[static_cast<std::size_t>(field)] = strings.ElementAsString(field + 1);
 }
 
 }  // namespace backup

@@ -18,6 +18,7 @@ struct Program;
 namespace backup {
 
 enum Field { Icon, Name, Description, CurrentLevel, MinimumLevel, RecommendedLevel, Flags, FieldCount };
+inline constexpr std::string_view DescriptionMark = "Desc=";
 using ZoneFields = std::array<std::string, FieldCount>;
 
 // The fields with ";" between them.

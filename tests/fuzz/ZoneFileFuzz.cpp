@@ -1,0 +1,110 @@
+// Any bytes at all as a zone backup, read as the restore window reads it. What cannot be right ends the program, so
+// that the input is kept.
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+#include "backup/ZoneFile.h"
+#include "errors/basErrors.h"
+#include "util/clsStrings.h"
+
+// Here nobody traps or shows what is thrown.
+void basErrors::runProcedure(const char*, void (*step)(void* context), void* context) {
+    step(context);
+}
+
+namespace {
+
+void expect(bool held, const char* promise) {
+    if (held) return;
+    std::fprintf(stderr, "broken: %s\n", promise);
+    std::abort();
+}
+
+// Without any line ends: neither which ones there were nor whether the last line had one is kept by the lines.
+std::string withoutEnds(std::string_view text) {
+    std::string rest(text);
+    std::erase_if(rest, [](char c) { return c == '\r' || c == '\n'; });
+    return rest;
+}
+
+std::size_t endsIn(std::string_view text) {
+    std::size_t ends = 0;
+    for (std::size_t i = 0; i < text.size(); ++i)
+        if (text[i] == '\n' || (text[i] == '\r' && text.substr(i, 2) != "\r\n")) ++ends;
+    return ends;
+}
+
+void checkLines(std::string_view bytes, const std::vector<std::string>& lines) {
+    std::string all;
+    for (const std::string& line : lines) {
+        expect(line.find_first_of("\r\n") == std::string::npos, "a line holds no line end");
+        all += line;
+    }
+    expect(all == withoutEnds(bytes), "the lines hold everything but the line ends");
+    const bool open = !bytes.empty() && bytes.back() != '\n' && bytes.back() != '\r';
+    expect(lines.size() == endsIn(bytes) + (open ? 1 : 0), "every line end ends one line");
+}
+
+// The elements of a line that the tokenizer has taken, with the delimiters between them.
+std::string rejoined(const clsStrings& strings, std::int32_t count) {
+    std::string line = strings.ElementAsString(1);
+    for (std::int32_t element = 2; element <= count; ++element)
+        line.append(1, ';').append(strings.ElementAsString(element));
+    return line;
+}
+
+// Nothing when the tokenizer refuses the line.
+std::int32_t countOf(clsStrings& strings, const std::string& line) {
+    try {
+        const std::int32_t count = strings.Initialise(line, ";");
+        expect(count >= 1, "a line has an element");
+        expect(rejoined(strings, count) == line, "the elements are the line");
+        expect(strings.ElementAsString(0).empty() && strings.ElementAsString(count + 1).empty(),
+               "there are no elements beside those counted");
+        return count;
+    } catch (const basErrors::Error& error) {
+        expect(error.number() == 0x80040064, "a line is refused for its quotes alone");
+        expect(line.find('"') != std::string::npos, "a line without quotes is taken");
+        expect(strings.ElementAsString(1).empty(), "nothing is left of a refused line");
+        return 0;
+    }
+}
+
+void checkZoneLine(clsStrings& strings, const std::string& line, backup::ZoneFields& fields) {
+    const std::int32_t count = countOf(strings, line);
+    const backup::ZoneFields before = fields;
+    try {
+        backup::readZoneLine(strings, line, fields);
+        expect(count != 0, "a line that the tokenizer refuses is no zone");
+    } catch (const basErrors::Error& error) {
+        expect(count == 0 && error.number() == 0x80040064, "only the tokenizer refuses a line");
+    }
+    if (count == backup::FieldCount) {
+        expect(backup::joined(fields) == line, "the joined fields of a full line are the line");
+    } else if (count == 3) {
+        expect(backup::joined(fields).starts_with(line + ";"), "a line of three fields gives the first three");
+        expect(std::equal(fields.begin() + 3, fields.end(), before.begin() + 3), "and leaves the others");
+    } else {
+        expect(fields == before, "any other line leaves the zone before it");
+    }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    const std::vector<std::string> lines = backup::splitLines(bytes);
+    checkLines(bytes, lines);
+    if (lines.empty()) return 0;
+
+    const std::string& first = lines.front();
+    const std::string description = backup::descriptionOf(first);
+    expect(description == (first.size() > 5 ? first.substr(5) : ""),
+           "the description follows the first five characters");
+
+    clsStrings strings;
+    backup::ZoneFields fields;
+    for (std::size_t line = 1; line < lines.size(); ++line) checkZoneLine(strings, lines[line], fields);
+    return 0;
+}
