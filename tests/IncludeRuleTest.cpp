@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <regex>
 #include <set>
 #include <sstream>
 #include <string>
@@ -41,23 +42,19 @@ bool pointsDown(const std::string& from, const std::string& to) {
 // The broken rules in the text of one file, whose path is relative to src/.
 std::vector<std::string> brokenRules(const std::string& path, const std::string& text) {
     std::vector<std::string> broken;
+    static const std::regex include(R"(\s*#\s*include\s*([<"])([^>"]+)[>"].*)");
     std::istringstream lines(text);
+    std::smatch match;
     for (std::string line; std::getline(lines, line);) {
-        std::istringstream words(line);
-        std::string directive, name;
-        if (!(words >> directive)) continue;
-        if (directive == "#") words >> directive, directive.insert(0, "#");
-        if (directive.rfind("#include", 0) != 0) continue;
-        const auto open = line.find_first_of("<\""), close = line.find_first_of(">\"", open + 1);
-        if (open == std::string::npos || close == std::string::npos) continue;
-        name = line.substr(open + 1, close - open - 1);
+        if (!std::regex_match(line, match, include)) continue;
+        const std::string name = match[2];
         std::string lower = name;
         for (char& c : lower) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
 
         const std::string from = folderOf(path), to = folderOf(name);
         if (SystemHeaders.count(lower)) {
             if (from != "win32") broken.push_back(path + ": only win32 may include <" + name + ">");
-        } else if (line[open] == '"') {
+        } else if (match[1] == "\"") {
             if (to.empty() || !Layers.count(to)) {
                 broken.push_back(path + ": \"" + name + "\" does not begin with a folder of src");
             } else if (!Layers.count(from)) {
