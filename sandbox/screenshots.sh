@@ -84,7 +84,7 @@ backup_and_mail() {
     xdotool type --delay 30 'Before installing the new toolbar'
     picture "$shown/backup.png"
     press Return
-    wait_for_window '^Tavimor - '
+    wait_for_end_of_window '^Backup Security Zones$'
     press alt+f r
     wait_for_window '^Preview/Restore Backup$'
     press Down Up

@@ -99,6 +99,16 @@ wait_for_window() {
     fail "no window \"$1\" after half a minute"
 }
 
+# wait_for_end_of_window TITLE
+wait_for_end_of_window() {
+    local tries
+    for tries in $(seq 120); do
+        timeout 5 xdotool search --onlyvisible --name "$1" >/dev/null 2>&1 || return 0
+        sleep 0.25
+    done
+    fail "the window \"$1\" is still there after half a minute"
+}
+
 # picture FILE.png [BEFORE.png]: of `window`, as soon as it has looked the same three times, and not like BEFORE.
 picture() {
     local tries same=0

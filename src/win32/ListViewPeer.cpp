@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "win32/ControlWindow.h"
 #include "win32/Graphics.h"
 #include "win32/Peers.h"
@@ -22,7 +24,11 @@ public:
         if (control_.view() != ui::ListView::View::Report) return;
         LVCOLUMNA column = {};
         column.mask = LVCF_TEXT | LVCF_WIDTH;
-        column.cx = screen().pixels(control_.columnWidth());
+        // A column as wide as the list would not fit beside its border and the bar that scrolls it.
+        RECT inside = {};
+        GetClientRect(window(), &inside);
+        const int room = static_cast<int>(inside.right) - GetSystemMetrics(SM_CXVSCROLL);
+        column.cx = std::min(screen().pixels(control_.columnWidth()), std::max(1, room));
         column.pszText = const_cast<char*>(control_.columnHeading().c_str());
         apply(LVM_DELETECOLUMN);
         apply(LVM_INSERTCOLUMNA, 0, &column);
