@@ -1,6 +1,6 @@
 # What a person does with the project; CMake's presets do the building.
 
-.PHONY: help setup run test test-native build release lint format screenshots fuzz
+.PHONY: help setup run test test-native build release lint format screenshots fuzz bench
 .DEFAULT_GOAL := help
 
 help:
@@ -12,6 +12,7 @@ help:
 	@echo 'make screenshots  the pictures in docs/screenshots'
 	@echo 'make lint         clang-tidy and the format of every source'
 	@echo 'make fuzz         a million made-up inputs to the reader of zone backups'
+	@echo 'make bench        how long backups take on Wine, beside the registry editor'
 	@echo 'make format       put every source into its format'
 	@echo 'make setup        install the Debian packages that all of these need'
 
@@ -49,6 +50,10 @@ release:
 fuzz:
 	@tools/setup.sh fuzz
 	@tools/fuzz.sh
+
+bench:
+	@tools/setup.sh bench
+	@tools/bench.sh
 
 lint:
 	@tools/setup.sh lint

@@ -16,6 +16,7 @@ case $verb in
     build | release | test) wanted="$native $windows" ;;
     run | screenshots) wanted="$native $windows $pictures" ;;
     lint | format) wanted="$native $windows $lint" ;;
+    bench) wanted="$native $windows" ;;
     fuzz) wanted=$fuzz ;;
     all) wanted="$native $windows $pictures $lint $fuzz librsvg2-bin file" ;;
     *) echo "no such verb: $verb" >&2; exit 2 ;;
