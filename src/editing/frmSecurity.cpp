@@ -113,7 +113,7 @@ void frmSecurity::AddSetting(ZoneValues& values, int group) {
 
 // A caption that begins with "%" only stands for the text in the browser's resources.
 std::string frmSecurity::SettingCaption() {
-    const std::string text = textOf(program_.registry, "Text");
+    std::string text = textOf(program_.registry, "Text");
     if (!text.empty() && text.front() != '%') return text;
     const std::string reference = textOf(program_.registry, "PlugUIText");
     return text.empty() && reference.empty() ? text : ExtractString(reference);

@@ -68,7 +68,7 @@ std::string fileHeader(const platform::LocalTime& now) {
 
 std::string stackDump() {
     std::string dump;
-    for (auto name = ProcStack.rbegin(); name != ProcStack.rend(); ++name) dump += line(*name);
+    for (std::size_t i = ProcStack.size(); i-- > 0;) dump += line(ProcStack[i]);
     return dump;
 }
 
