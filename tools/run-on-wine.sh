@@ -6,14 +6,14 @@
 set -u
 root=$(cd "$(dirname "$0")/.." && pwd)
 . "$root/tools/wine-env.sh"
+if [ "$1" = --end ]; then
+    [ ! -d "$root/build/wine/test" ] || WINEPREFIX=$root/build/wine/test wineserver -k
+    exit 0
+fi
 WINEPREFIX=$("$root/tools/prefix.sh" test) || exit 1
 export WINEPREFIX
 unset DISPLAY
 
-if [ "$1" = --end ]; then
-    wineserver -k
-    exit 0
-fi
 # Into a file: Wine's background processes inherit a pipe and hold it open long after the program's end.
 output=$(mktemp)
 trap 'rm -f "$output"' EXIT
