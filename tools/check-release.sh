@@ -25,8 +25,8 @@ check() {
 reproducible() {
     local copy=build/elsewhere/a-longer-path-to-the-same-sources
     mkdir -p $copy
-    (cd $copy && rm -rf src cmake sandbox tests tools CMake*)
-    cp -a src cmake sandbox tests tools CMakeLists.txt CMakePresets.json $copy/
+    (cd $copy && rm -rf src cmake sandbox tests bench tools CMake*)
+    cp -a src cmake sandbox tests bench tools CMakeLists.txt CMakePresets.json $copy/
     $copy/tools/build.sh win32 Tavimor && cmp "$exe" $copy/build/win32/Tavimor.exe
 }
 
