@@ -17,8 +17,9 @@ quietly() {
 }
 
 # A folder once configured does so again by itself when a CMake file or the list of sources changes, but not when its
-# preset does.
+# preset does. One whose configuring failed has a cache and nothing to build with.
 cache=build/$preset/CMakeCache.txt
+[ -e "build/$preset/build.ninja" ] || [ -e "build/$preset/Makefile" ] || rm -f "$cache"
 if [ ! -e "$cache" ] || [ -n "$(find CMakePresets.json cmake -newer "$cache")" ]; then
     generator=Ninja
     command -v ninja >/dev/null || generator='Unix Makefiles'
