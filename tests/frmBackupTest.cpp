@@ -115,6 +115,24 @@ TEST_F(BackupDialog, ShowsTheHourglassAndTakesNoSecondPressWhileItWrites) {
     EXPECT_EQ(exported().find("REGEDIT4", 1), std::string::npos);
 }
 
+TEST_F(BackupDialog, LetsTheWindowsLiveWhileItWritesButLooksForEventsNoMoreOftenThanTheyCanCome) {
+    for (int value = 0; value < 1000; ++value) system.setDword(zoneKey("0"), std::to_string(value), 3);
+    int looks = 0;
+    desktop.onDoEvents = [&] { ++looks; };
+    const struct {
+        std::uint32_t milliseconds;  // that a value takes
+        int least, most;
+    } cases[] = {{0, 1, 1}, {1, 90, 110}, {4, 300, 400}, {1000, 1000, 1002}};
+    for (const auto& c : cases) {
+        looks = 0;
+        system.system.ticksALook = c.milliseconds;
+        system.system.ticks = 0xFFFFFF00;  // soon after, the clock starts again at 0
+        backUp("x");
+        EXPECT_GE(looks, c.least) << c.milliseconds;
+        EXPECT_LE(looks, c.most) << c.milliseconds;
+    }
+}
+
 TEST_F(BackupDialog, FinishesTheBackupWhenItIsClosedMeanwhile) {
     system.seedZones();
     desktop.onDoEvents = [&] {

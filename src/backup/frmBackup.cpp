@@ -1,11 +1,11 @@
 #include "backup/frmBackup.h"
 
+#include "app/PendingEvents.h"
 #include "app/basMain.h"
 #include "backup/BackupFile.h"
 #include "backup/ExportFile.h"
 #include "backup/ZoneFile.h"
 #include "errors/basErrors.h"
-#include "ui/Desktop.h"
 #include "util/numbers.h"
 
 namespace {
@@ -58,7 +58,10 @@ void frmBackup::cmdBackup_Click() {
 }
 
 void frmBackup::SaveRegFile(const std::string& fileName) {
-    procedure("frmBackup.SaveRegFile", [&] { backup::writeExport(program_, fileName, [&] { desktop().doEvents(); }); });
+    procedure("frmBackup.SaveRegFile", [&] {
+        PendingEvents pending(program_.platform);
+        backup::writeExport(program_, fileName, [&] { pending.handleWhenDue(); });
+    });
 }
 
 void frmBackup::SaveZoneFile(const std::string& fileName, const std::string& description) {

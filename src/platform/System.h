@@ -29,6 +29,8 @@ public:
     virtual std::string programName() = 0;           // base name of the running program, without ".exe"
     virtual std::string ExpandEnvironmentStringsA(const std::string& text) = 0;
     virtual LocalTime GetLocalTime() = 0;
+    // Milliseconds since some moment; starts again at 0 after 49 days.
+    virtual std::uint32_t GetTickCount() = 0;
     virtual bool GetVersionExA(SystemVersion& version) = 0;
 };
 

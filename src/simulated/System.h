@@ -17,6 +17,7 @@ public:
     std::string folder = "C:\\Tavimor";
     std::string name = "Tavimor";
     platform::LocalTime now{2000, 3, 9, 14, 5, 7};
+    std::uint32_t ticks = 0;
     platform::SystemVersion version{4, 10, 2222, 1};
     bool knowsItsVersion = true;
     std::map<std::string, std::string> environment{{"windir", "C:\\WINDOWS"}, {"SystemRoot", "C:\\WINDOWS"}};
@@ -27,6 +28,7 @@ public:
     std::string programName() override { return name; }
     std::string ExpandEnvironmentStringsA(const std::string& text) override;
     platform::LocalTime GetLocalTime() override { return now; }
+    std::uint32_t GetTickCount() override { return ticks; }
     bool GetVersionExA(platform::SystemVersion& version) override;
 };
 

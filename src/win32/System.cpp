@@ -127,6 +127,10 @@ LocalTime System::GetLocalTime() {
     return {now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond};
 }
 
+std::uint32_t System::GetTickCount() {
+    return ::GetTickCount();
+}
+
 bool System::GetVersionExA(SystemVersion& version) {
     OSVERSIONINFOA info = {};
     info.dwOSVersionInfoSize = sizeof info;

@@ -13,6 +13,7 @@ public:
     std::string programName() override;
     std::string ExpandEnvironmentStringsA(const std::string& text) override;
     platform::LocalTime GetLocalTime() override;
+    std::uint32_t GetTickCount() override;
     bool GetVersionExA(platform::SystemVersion& version) override;
 };
 

@@ -42,6 +42,7 @@ public:
     std::string folder;
     std::string name = "Tavimor";
     platform::LocalTime now{2000, 3, 9, 14, 5, 7};
+    std::uint32_t ticks = 0, ticksALook = 10;  // milliseconds, and how many pass from one look at them to the next
 
     std::string GetWindowsDirectoryA() override { return inner_.GetWindowsDirectoryA(); }
     std::string GetSystemDirectoryA() override { return inner_.GetSystemDirectoryA(); }
@@ -51,6 +52,7 @@ public:
         return inner_.ExpandEnvironmentStringsA(text);
     }
     platform::LocalTime GetLocalTime() override { return now; }
+    std::uint32_t GetTickCount() override { return ticks += ticksALook; }
     bool GetVersionExA(platform::SystemVersion& version) override { return inner_.GetVersionExA(version); }
 
 private:
