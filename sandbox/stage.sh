@@ -14,7 +14,7 @@ fail() {
 # prepare KIND [FRESH]: the machine (a Wine prefix, see tools/prefix.sh) with the browser's data and modules. What a
 # user has changed on it since stays, unless FRESH is "fresh".
 prepare() {
-    WINEPREFIX=$root/build/wine/$1
+    WINEPREFIX=$prefixes/$1
     export WINEPREFIX
     if [ "${2:-}" = fresh ] && [ -d "$WINEPREFIX" ]; then
         WINEPREFIX=$WINEPREFIX wineserver -k || true

@@ -1,5 +1,7 @@
 #!/bin/bash
-# usage: tools/prefix.sh KIND    makes the Wine prefix build/wine/KIND unless it is there, and prints its path
+# usage: tools/prefix.sh KIND    makes the Wine prefix KIND unless it is there, and prints its path
+#
+# It is build/wine/KIND, or with WINE_BITS=32 build/wine32/prefixes/KIND. The kinds:
 #
 # test       windows without any display
 # run        the machine of `make run`
@@ -14,11 +16,11 @@ case $1 in
     pictures) key='X11 Driver' value='"Managed"="N"' ;;
     *) echo "no such kind of prefix: $1" >&2; exit 2 ;;
 esac
-prefix=$root/build/wine/$1
+prefix=$prefixes/$1
 # What tests run on follows this script; what a person has changed in the others stays.
 if [ "$1" = test ] && [ "$0" -nt "$prefix/.complete" ]; then rm -f "$prefix/.complete"; fi
 if [ ! -e "$prefix/.complete" ]; then
-    mkdir -p "$root/build/wine"
+    mkdir -p "$prefixes"
     exec 9>"$prefix.lock"
     flock 9
 fi
@@ -32,7 +34,7 @@ if [ ! -e "$prefix/.complete" ]; then
     mkdir -p "$prefix/drive_c/windows/Fonts"
     cp /usr/share/wine/fonts/*.ttf "$prefix/drive_c/windows/Fonts/"
     # Written before Wine's first start: the first process of a session chooses the display driver for all.
-    printf 'WINE REGISTRY Version 2\n\n#arch=win64\n\n[Software\\\\Wine\\\\%s]\n%s\n' "$key" "$value" >"$prefix/user.reg"
+    printf 'WINE REGISTRY Version 2\n\n#arch=%s\n\n[Software\\\\Wine\\\\%s]\n%s\n' "$WINEARCH" "$key" "$value" >"$prefix/user.reg"
     # With a home of its own, or the prefix would link to the folders of whoever builds.
     run() { env -u DISPLAY HOME="$prefix/home" WINEPREFIX="$prefix" timeout 300 "$@" 9>&-; }
     if ! run "$wine" wineboot -i >"$prefix/wineboot.log" 2>&1 </dev/null || ! run wineserver -w; then

@@ -1,13 +1,13 @@
 #!/bin/bash
 # usage: tools/run-on-wine.sh PROGRAM.exe [ARGUMENT...]
 #
-# Runs a Windows program without a display, prints what it printed, and returns its exit code; 124 when it took longer
+# Runs a Windows program (with WINE_BITS=32 a 32-bit one) without a display, prints what it printed, and returns its exit code; 124 when it took longer
 # than WINE_SECONDS (300). The Wine server is kept for the next program; `tools/run-on-wine.sh --end` ends it.
 set -u
 root=$(cd "$(dirname "$0")/.." && pwd)
 . "$root/tools/wine-env.sh"
 if [ "$1" = --end ]; then
-    [ ! -d "$root/build/wine/test" ] || WINEPREFIX=$root/build/wine/test wineserver -k
+    [ ! -d "$prefixes/test" ] || WINEPREFIX=$prefixes/test wineserver -k
     exit 0
 fi
 WINEPREFIX=$("$root/tools/prefix.sh" test) || exit 1

@@ -7,6 +7,8 @@ set -u
 native='make g++ cmake libgtest-dev googletest'
 windows='ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-win32 wine wine64 fonts-wine'
 pictures='xvfb xauth imagemagick xdotool'
+# What starts 32-bit programs; a machine that has Debian's 32-bit architecture has it from there.
+[ -e /lib/ld-linux.so.2 ] || windows="$windows libc6-i386"
 lint='ninja-build clang clang-tidy clang-format'
 fuzz='make g++ clang libclang-rt-14-dev'
 

@@ -1,8 +1,9 @@
 #!/bin/bash
 # usage: tools/test.sh
 #
-# Builds and runs everything there is to test: natively under sanitizers, the same sources as a Windows program on
-# Wine, and the released program's promises. Closes with the sum, "N passed, N failed, N skipped".
+# Builds and runs everything there is to test: natively under sanitizers, the same sources as Windows programs of 64 and
+# of 32 bits on Wine, the latter from the released program's very objects, and the released program's promises. Closes
+# with the sum, "N passed, N failed, N skipped".
 set -u
 cd "$(dirname "$0")/.."
 passed=0 failed=0 skipped=0
@@ -29,15 +30,18 @@ step() {
 }
 native() { tools/build.sh native && tools/run-suite.sh build/native/tests/tavimor-tests; }
 on_wine() {
-    tools/build.sh win64 && tools/run-suite.sh tools/run-on-wine.sh build/win64/tests/tavimor-tests.exe
-    local code=$?
+    local -x WINE_BITS=$1
+    local code
+    tools/build.sh win$1 && tools/run-suite.sh tools/run-on-wine.sh build/win$1/tests/tavimor-tests.exe
+    code=$?
     tools/run-on-wine.sh --end
     return $code
 }
 release() { tools/release.sh && tools/check-release.sh; }
 
 step "native, under sanitizers" native
-step "Windows on Wine" on_wine
+step "Windows on Wine" on_wine 64
+step "Windows of 32 bits on Wine" on_wine 32
 step "the released program" release
 echo "$passed passed, $failed failed, $skipped skipped"
 [ $failed = 0 ]

@@ -212,7 +212,8 @@ const Native Changed[] = {
      5},
     {"menu",
      [](EveryControl& f) {
-         return LRESULT{GetMenuState(GetSubMenu(GetMenu(windowOf(f)), 0), 0, MF_BYPOSITION) & MF_GRAYED};
+         const UINT state = GetMenuState(GetSubMenu(GetMenu(windowOf(f)), 0), 0, MF_BYPOSITION);
+         return static_cast<LRESULT>(state & MF_GRAYED);
      },
      MF_GRAYED},
 };

@@ -232,18 +232,20 @@ TEST_F(RoundTrip, LosesOrChangesWhatTheFormatDoesNotCarry) {
     EXPECT_EQ(found, expected);
 }
 
-// The registry editor reads "\0" as the end of everything there is to read.
-TEST_F(RoundTrip, LosesAllThatFollowsABackslashWithAZeroBehindIt) {
+// To Wine's registry editor of 64 bits "\0" is the end of everything there is to read, to that of 32 bits it spoils the
+// value alone.
+TEST_F(RoundTrip, LosesAtLeastTheValueThatHasABackslashWithAZeroBehindIt) {
     system.deleteTree(zones::ZonesKey);
     for (const char* zone : {"0", "1", "2"}) system.setText(zoneKey(zone), "DisplayName", zone);
     system.setText(zoneKey("1"), "Description", "C:\\0\\new");
     const Export before = exported();
     backUp("zero");
     restore("zero", 3);
-    EXPECT_EQ(
-        differences(before, exported()),
-        (Texts{"Zones\\1|\"Description\": \"C:\\\\0\\\\new\" -> (none)", "Zones\\1|\"DisplayName\": \"1\" -> (none)",
-               "Zones\\2|:  -> (none)", "Zones\\2|\"DisplayName\": \"2\" -> (none)"}));
+    Texts lost{"Zones\\1|\"Description\": \"C:\\\\0\\\\new\" -> (none)"};
+    if (sizeof(void*) == 8)
+        for (const char* behind : {"Zones\\1|\"DisplayName\": \"1\"", "Zones\\2|: ", "Zones\\2|\"DisplayName\": \"2\""})
+            lost.push_back(std::string(behind) + " -> (none)");
+    EXPECT_EQ(differences(before, exported()), lost);
 }
 
 TEST_F(RoundTrip, WritesQuestionMarksForLettersOfAnotherCodePage) {
