@@ -3,5 +3,8 @@ set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 # This flavour brings no thread library with it, and so none of the functions that old Windows lacks for it.
 set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++-win32)
+# These see what is in an object that is still to be optimised with the whole program.
+set(CMAKE_AR /usr/bin/i686-w64-mingw32-gcc-ar-win32 CACHE FILEPATH "")
+set(CMAKE_RANLIB /usr/bin/i686-w64-mingw32-gcc-ranlib-win32 CACHE FILEPATH "")
 set(CMAKE_RC_COMPILER i686-w64-mingw32-windres)
 include(${CMAKE_CURRENT_LIST_DIR}/cross.cmake)

@@ -5,7 +5,8 @@ Needs rsvg-convert (Debian: librsvg2-bin) and, for the logo's lettering, the Dej
 
 Each icon holds 48, 32 and 16 pixels with alpha, and for systems that know no alpha 32 and 16 pixels in 256 and in 16
 colours. name-16.svg, where there is one, is the drawing for 16 pixels. Straight edges of a drawing stand on even
-coordinates of its 32 x 32 field: then they meet whole pixels in all three sizes.
+coordinates of its 32 x 32 field: then they meet whole pixels in all three sizes. The sign of the error dialog is shown
+with 32 pixels alone, and holds no others.
 """
 import colorsys
 import pathlib
@@ -14,6 +15,7 @@ import subprocess
 import zlib
 
 HERE = pathlib.Path(__file__).resolve().parent
+IMAGES = ((48, 32), (32, 32), (32, 8), (32, 4), (16, 32), (16, 8), (16, 4))  # sizes with bits a pixel
 LOGO_SIZE = (444, 54)  # of the main window's picture at 96 DPI
 
 # The colours of a 16-colour screen by hue (red, yellow, green, cyan, blue, purple), dark and bright, and its greys.
@@ -112,11 +114,10 @@ def image(rows, bits):
     return header + palette_bytes(palette, bits) + packed(indexes, bits) + packed(mask, 1)
 
 
-def icon(svg):
+def icon(svg, wanted):
     small = svg.with_name(svg.stem + "-16.svg")
-    drawn = {size: draw(small if size == 16 and small.exists() else svg, size, size) for size in (48, 32, 16)}
-    images = [(size, bits, image(drawn[size], bits))
-              for size, bits in ((48, 32), (32, 32), (32, 8), (32, 4), (16, 32), (16, 8), (16, 4))]
+    drawn = {size: draw(small if size == 16 and small.exists() else svg, size, size) for size, _ in wanted}
+    images = [(size, bits, image(drawn[size], bits)) for size, bits in wanted]
     head, offset = struct.pack("<HHH", 0, 1, len(images)), 6 + 16 * len(images)
     for size, bits, data in images:
         head += struct.pack("<BBBBHHII", size, size, 16 if bits == 4 else 0, 0, 1, bits, len(data), offset)
@@ -139,4 +140,4 @@ for drawing in sorted(HERE.glob("*.svg")):
     if drawing.stem == "Logo":
         drawing.with_suffix(".bmp").write_bytes(bitmap(drawing, *LOGO_SIZE))
     elif not drawing.stem.endswith("-16"):
-        drawing.with_suffix(".ico").write_bytes(icon(drawing))
+        drawing.with_suffix(".ico").write_bytes(icon(drawing, IMAGES[1:4] if drawing.stem == "Exclamation" else IMAGES))

@@ -1,10 +1,10 @@
 #include "backup/BackupFile.h"
 
 #include <algorithm>
-#include <cstdio>
 
 #include "errors/basErrors.h"
 #include "util/basSystem.h"
+#include "util/numbers.h"
 
 namespace backup {
 
@@ -39,10 +39,9 @@ std::string folder(platform::Platform& platform) {
 }
 
 std::string baseName(const platform::LocalTime& time) {
-    char name[64];
-    std::snprintf(name, sizeof name, "%d-%d-%04d %02d%d%d", time.month, time.day, time.year, time.hour, time.minute,
-                  time.second);
-    return name;
+    const auto digits = [](int number) { return std::to_string(number); };
+    return digits(time.month) + '-' + digits(time.day) + '-' + util::toDigits(time.year, 4) + ' ' +
+           util::toDigits(time.hour, 2) + digits(time.minute) + digits(time.second);
 }
 
 std::string partnerOf(const std::string& zoneFile) {

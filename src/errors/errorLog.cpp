@@ -1,5 +1,4 @@
 // The day's error log.
-#include <cstdio>
 #include <initializer_list>
 
 #include "errors/basErrors.h"
@@ -31,10 +30,13 @@ std::string heading(const std::string& text) {
     return stars() + line(text) + stars();
 }
 
-std::string formatted(const char* format, int a, int b, int c) {
-    char text[48];
-    std::snprintf(text, sizeof text, format, a, b, c);
-    return text;
+std::string dateOf(const platform::LocalTime& time, int width) {
+    return util::toDigits(time.month, width) + '-' + util::toDigits(time.day, width) + '-' +
+           util::toDigits(time.year, 4);
+}
+
+std::string timeOf(const platform::LocalTime& time) {
+    return util::toDigits(time.hour, 2) + ':' + util::toDigits(time.minute, 2) + ':' + util::toDigits(time.second, 2);
 }
 
 std::string joined(std::initializer_list<std::string> parts) {
@@ -45,7 +47,7 @@ std::string joined(std::initializer_list<std::string> parts) {
 
 std::string fileHeader(const platform::LocalTime& now) {
     const IEInfo browser = GetIEInfo();
-    const std::string created = formatted("%02d-%02d-%04d", now.month, now.day, now.year);
+    const std::string created = dateOf(now, 2);
     return joined({
         heading("Error log for: " + reporting.platform->system.programName() + " - Created: " + created),
         line(),
@@ -104,7 +106,7 @@ void WriteErrorLog(const std::string& module, const std::string& procedure, cons
     platform::Platform& platform = *reporting.platform;
     const platform::LocalTime now = platform.system.GetLocalTime();
     const std::string folder = basSystem::QualifyPath(platform.system.programFolder()) + "Logs";
-    const std::string path = folder + formatted("\\ErrorLog-%d-%d-%04d.log", now.month, now.day, now.year);
+    const std::string path = folder + "\\ErrorLog-" + dateOf(now, 1) + ".log";
     if (!basSystem::FolderExists(platform, folder)) {
         const platform::Result code = platform.files.createFolder(folder);
         if (code != platform::Success) refuse("Cannot make the folder", folder, code);
@@ -112,7 +114,7 @@ void WriteErrorLog(const std::string& module, const std::string& procedure, cons
     std::string text = basSystem::FileExists(platform, path) ? std::string() : fileHeader(now);
     text += joined({
         heading("Start Error Information"),
-        labelled("Time:", formatted("%02d:%02d:%02d", now.hour, now.minute, now.second)),
+        labelled("Time:", timeOf(now)),
         labelled("Module:", module),
         labelled("Procedure:", procedure),
         labelled("Line Number:", lineNumber),

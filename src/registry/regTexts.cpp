@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 
 #include "util/numbers.h"
 
@@ -80,15 +79,11 @@ std::string binaryText(std::span<const std::uint8_t> data) {
 }
 
 std::string hexadecimalText(std::uint32_t number) {
-    char text[16];
-    std::snprintf(text, sizeof text, "%08lx", static_cast<unsigned long>(number));
-    return text;
+    return util::toDigits(number, 8, 16);
 }
 
 std::string listedDWord(std::uint32_t number) {
-    const auto group = [&](std::uint32_t unit) { return static_cast<unsigned>(number / unit % 1000); };
-    char text[48];
-    std::snprintf(text, sizeof text, "%08lx (%u,%03u,%03u,%03u)", static_cast<unsigned long>(number), group(1000000000),
-                  group(1000000), group(1000), group(1));
-    return text;
+    std::string text = hexadecimalText(number) + " (" + util::toDecimal(number / 1000000000);
+    for (const std::uint32_t unit : {1000000u, 1000u, 1u}) text += ',' + util::toDigits(number / unit % 1000, 3);
+    return text + ')';
 }

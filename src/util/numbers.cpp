@@ -1,6 +1,7 @@
 #include "util/numbers.h"
 
-#include <cstdio>
+#include <algorithm>
+#include <charconv>
 
 namespace util {
 
@@ -19,15 +20,18 @@ std::optional<std::uint32_t> wholeNumber(std::string_view text) {
 }
 
 std::string toDecimal(std::uint32_t number) {
-    char text[16];
-    std::snprintf(text, sizeof text, "%lu", static_cast<unsigned long>(number));
-    return text;
+    return std::to_string(number);
 }
 
 std::string toSignedDecimal(std::uint32_t number) {
-    char text[16];
-    std::snprintf(text, sizeof text, "%ld", static_cast<long>(static_cast<std::int32_t>(number)));
-    return text;
+    return std::to_string(static_cast<std::int32_t>(number));
+}
+
+std::string toDigits(std::uint32_t number, int width, int base) {
+    char digits[32];
+    const auto length = static_cast<std::size_t>(std::to_chars(digits, std::end(digits), number, base).ptr - digits);
+    const auto wanted = static_cast<std::size_t>(width);
+    return std::string(wanted - std::min(wanted, length), '0').append(digits, length);
 }
 
 std::string_view trimmed(std::string_view text) {

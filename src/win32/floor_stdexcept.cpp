@@ -1,0 +1,70 @@
+// The standard library's classes of errors, for the 32-bit program: as its headers declare them, with a plain copy of
+// the text. The library's own keep it in a string that copies share, the old kind, and bring 80 KB of that into the
+// program with their first use.
+#include <cstdlib>
+#include <cstring>
+#include <new>
+#include <stdexcept>
+#include <string>
+
+namespace std {
+
+namespace {
+
+// Where there is no memory for the text the error goes on without one.
+const char* copied(const char* text, size_t length) {
+    auto* const copy = text ? static_cast<char*>(std::malloc(length + 1)) : nullptr;
+    if (!copy) return nullptr;
+    std::memcpy(copy, text, length);
+    copy[length] = '\0';
+    return copy;
+}
+const char* copied(const char* text) {
+    return copied(text, text ? std::strlen(text) : 0);
+}
+
+}  // namespace
+
+__cow_string::__cow_string(const string& text) : _M_p(copied(text.c_str(), text.size())) {}
+__cow_string::__cow_string(const char* text, size_t length) : _M_p(copied(text, length)) {}
+__cow_string::__cow_string(const __cow_string& other) noexcept : _M_p(copied(other._M_p)) {}
+__cow_string::~__cow_string() {
+    std::free(const_cast<char*>(_M_p));
+}
+
+logic_error::logic_error(const char* text) : _M_msg(text, std::strlen(text)) {}
+logic_error::logic_error(const logic_error&) noexcept = default;
+logic_error::~logic_error() noexcept = default;
+const char* logic_error::what() const noexcept {
+    return _M_msg._M_p ? _M_msg._M_p : "";
+}
+out_of_range::out_of_range(const char* text) : logic_error(text) {}
+out_of_range::~out_of_range() noexcept = default;
+length_error::length_error(const char* text) : logic_error(text) {}
+length_error::~length_error() noexcept = default;
+
+runtime_error::runtime_error(const string& text) : _M_msg(text) {}
+runtime_error::runtime_error(const runtime_error&) noexcept = default;
+runtime_error::~runtime_error() noexcept = default;
+const char* runtime_error::what() const noexcept {
+    return _M_msg._M_p ? _M_msg._M_p : "";
+}
+
+// What strings and vectors call when they are asked for what they cannot give.
+void __throw_bad_alloc() {
+    throw bad_alloc();
+}
+void __throw_bad_array_new_length() {
+    throw bad_array_new_length();
+}
+void __throw_logic_error(const char* text) {
+    throw logic_error(text);
+}
+void __throw_length_error(const char* text) {
+    throw length_error(text);
+}
+void __throw_out_of_range_fmt(const char* text, ...) {
+    throw out_of_range(text);  // its numbers are for programmers
+}
+
+}  // namespace std
