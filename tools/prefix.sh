@@ -4,6 +4,7 @@
 # It is build/wine/KIND, or with WINE_BITS=32 build/wine32/prefixes/KIND. The kinds:
 #
 # test       windows without any display
+# release    the same for the released program: as it came, and not as tests have left it
 # run        the machine of `make run`
 # pictures   windows on an X server that has no window manager: Wine draws their frames and title bars
 set -eu
@@ -11,14 +12,14 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 . "$root/tools/wine-env.sh"
 
 case $1 in
-    test) key='Drivers' value='"Graphics"="null"' ;;
+    test | release) key='Drivers' value='"Graphics"="null"' ;;
     run) key='Drivers' value='"Graphics"="x11"' ;;
     pictures) key='X11 Driver' value='"Managed"="N"' ;;
     *) echo "no such kind of prefix: $1" >&2; exit 2 ;;
 esac
 prefix=$prefixes/$1
 # What tests run on follows this script; what a person has changed in the others stays.
-if [ "$1" = test ] && [ "$0" -nt "$prefix/.complete" ]; then rm -f "$prefix/.complete"; fi
+if [[ $1 =~ ^(test|release)$ && "$0" -nt "$prefix/.complete" ]]; then rm -f "$prefix/.complete"; fi
 if [ ! -e "$prefix/.complete" ]; then
     mkdir -p "$prefixes"
     exec 9>"$prefix.lock"

@@ -1,16 +1,18 @@
 #!/bin/bash
 # usage: tools/run-on-wine.sh PROGRAM.exe [ARGUMENT...]
 #
-# Runs a Windows program (with WINE_BITS=32 a 32-bit one) without a display, prints what it printed, and returns its exit code; 124 when it took longer
-# than WINE_SECONDS (300). The Wine server is kept for the next program; `tools/run-on-wine.sh --end` ends it.
+# Runs a Windows program (with WINE_BITS=32 a 32-bit one) without a display, in the prefix WINE_PREFIX (test). Prints
+# what it printed, and returns its exit code; 124 when it took longer than WINE_SECONDS (300). The Wine server is kept
+# for the next program; `tools/run-on-wine.sh --end` ends it.
 set -u
 root=$(cd "$(dirname "$0")/.." && pwd)
 . "$root/tools/wine-env.sh"
+kind=${WINE_PREFIX:-test}
 if [ "$1" = --end ]; then
-    [ ! -d "$prefixes/test" ] || WINEPREFIX=$prefixes/test wineserver -k
+    [ ! -d "$prefixes/$kind" ] || WINEPREFIX=$prefixes/$kind wineserver -k
     exit 0
 fi
-WINEPREFIX=$("$root/tools/prefix.sh" test) || exit 1
+WINEPREFIX=$("$root/tools/prefix.sh" "$kind") || exit 1
 export WINEPREFIX
 unset DISPLAY
 

@@ -1,0 +1,203 @@
+// The released program, from outside: the very bytes that people get, started as they start them, on a Windows of a
+// given age. Arguments: the program, and the version of Windows that Wine is to be.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <map>
+#include <set>
+
+#include "User.h"
+
+namespace {
+
+using namespace smoke;
+
+std::string program, windowsVersion;
+
+constexpr const char* MainTitle = "Tavimor - 5.0.32 (Public BETA)";
+const std::string Zones = "Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\Zones";
+
+std::string registryText(const std::string& key, const char* name) {
+    char text[256] = "";
+    DWORD size = sizeof text - 1;
+    HKEY opened = nullptr;
+    if (RegOpenKeyExA(HKEY_CURRENT_USER, key.c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS) return "(no key)";
+    const LONG code = RegQueryValueExA(opened, name, nullptr, nullptr, reinterpret_cast<BYTE*>(text), &size);
+    RegCloseKey(opened);
+    return code == ERROR_SUCCESS ? text : "(no value)";
+}
+std::string nameOfZone(int zone) {
+    return registryText(Zones + "\\" + std::to_string(zone), "DisplayName");
+}
+
+std::set<std::string> filesLike(const std::string& pattern) {
+    std::set<std::string> names;
+    WIN32_FIND_DATAA found;
+    const HANDLE search = FindFirstFileA(pattern.c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return names;
+    do names.insert(found.cFileName);
+    while (FindNextFileA(search, &found));
+    FindClose(search);
+    return names;
+}
+
+std::string contentOf(const std::string& path) {
+    std::string content(1 << 20, '\0');
+    const HANDLE file = CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    DWORD size = 0;
+    if (file != INVALID_HANDLE_VALUE)
+        ReadFile(file, content.data(), static_cast<DWORD>(content.size()), &size, nullptr);
+    CloseHandle(file);
+    content.resize(size);
+    return content;
+}
+
+class Smoke : public testing::Test {
+protected:
+    static constexpr const char* Folder = "C:\\Tavimor smoke";
+    const std::string backups = std::string(Folder) + "\\Backups\\", logs = std::string(Folder) + "\\Logs\\";
+    User user;
+    HWND window = nullptr, zones = nullptr;
+
+    void SetUp() override {
+        clear(backups), clear(logs);
+        CreateDirectoryA(Folder, nullptr);
+        const std::string copy = std::string(Folder) + "\\Tavimor.exe";
+        ASSERT_TRUE(CopyFileA(program.c_str(), copy.c_str(), FALSE)) << program << ": error " << GetLastError();
+        user.start(copy);
+        window = user.waitForWindow(MainTitle);
+        zones = user.control(window, WC_LISTVIEWA);
+    }
+
+    // It closes when asked to, of itself, and has met no error on the way.
+    void TearDown() override {
+        if (HasFailure()) return;
+        user.press(VK_F4, VK_MENU);
+        EXPECT_EQ(user.exitCode(), 0u);
+        for (const std::string& log : filesLike(logs + "*.*"))
+            if (log != "." && log != "..") ADD_FAILURE() << "an error log, " << log << ":\n" << contentOf(logs + log);
+    }
+
+    static void clear(const std::string& folder) {
+        for (const std::string& name : filesLike(folder + "*.*")) DeleteFileA((folder + name).c_str());
+        RemoveDirectoryA(folder.c_str());
+    }
+
+    void select(int item) {
+        user.clickItem(zones, item);
+        user.waitFor("zone that was clicked", [&] {
+            return SendMessageA(zones, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED) == item;
+        });
+    }
+};
+
+TEST_F(Smoke, RunsOnTheWindowsAskedFor) {
+    const std::map<std::string, std::string> numbers = {{"win98", "4.10 1"}, {"nt40", "4.0 2"}, {"win2k", "5.0 2"}};
+    OSVERSIONINFOA version = {};
+    version.dwOSVersionInfoSize = sizeof version;
+    GetVersionExA(&version);
+    char text[64];
+    std::snprintf(text, sizeof text, "%lu.%lu %lu", version.dwMajorVersion, version.dwMinorVersion,
+                  version.dwPlatformId);
+    EXPECT_EQ(text, numbers.at(windowsVersion));
+}
+
+TEST_F(Smoke, ListsTheZonesAndShowsTheSelectedOne) {
+    std::multiset<std::string> names;
+    for (int zone = 0; zone < 7; ++zone) names.insert(nameOfZone(zone));
+    const std::vector<std::string> items = user.itemsOf(zones);
+    EXPECT_EQ(std::multiset<std::string>(items.begin(), items.end()), names);
+
+    for (int i = 0; i < static_cast<int>(items.size()); ++i) {
+        select(i);
+        user.waitFor("name of zone " + items[i], [&] { return user.shows(window, items[i]); });
+    }
+    select(0);
+    user.press(VK_RIGHT);
+    user.waitFor("name of the zone to the right", [&] { return user.shows(window, items[1]); });
+}
+
+TEST_F(Smoke, OpensAndClosesEveryDialog) {
+    const struct {
+        char menu, item;
+        WORD then;
+        const char* title;
+    } dialogs[] = {
+        {'F', 'B', 0, "Backup Security Zones"},
+        {'F', 'R', 0, "Preview/Restore Backup"},
+        {'E', 'T', 0, "Edit Zone"},
+        {'E', 'A', 0, "Add Zone"},
+        {'E', 'O', VK_RETURN, "OE Security Zone"},
+    };
+    for (const auto& dialog : dialogs) {
+        user.chooseMenu(dialog.menu, dialog.item);
+        if (dialog.then) user.press(dialog.then);
+        user.waitForWindow(dialog.title);
+        user.press(VK_ESCAPE);
+        user.waitForNoWindow(dialog.title);
+        user.waitForWindow(MainTitle);
+    }
+}
+
+TEST_F(Smoke, ShowsTheSettingsOfAZone) {
+    user.click(user.control(window, "BUTTON", "Edit Zone"));
+    const HWND edit = user.waitForWindow("Edit Zone");
+    user.press(VK_RIGHT);
+    user.control(edit, "BUTTON", "Default");
+    user.press(VK_RIGHT);
+    user.click(user.control(edit, "BUTTON", "Settings"));
+    const HWND settings = user.waitForWindow("Custom Security");
+    EXPECT_GT(SendMessageA(user.control(settings, WC_TREEVIEWA), TVM_GETCOUNT, 0, 0), 50);
+    user.press(VK_ESCAPE);
+    user.waitForWindow("Edit Zone");
+    user.press(VK_ESCAPE);
+    user.waitForWindow(MainTitle);
+}
+
+TEST_F(Smoke, RenamesAZoneAndBringsItBackFromABackup) {
+    user.chooseMenu('F', 'B');
+    user.waitForWindow("Backup Security Zones");
+    user.type("Before the smoke");
+    user.press(VK_RETURN);
+    user.waitForNoWindow("Backup Security Zones");
+    user.waitForWindow(MainTitle);
+    const auto exports = filesLike(backups + "*.reg"), lists = filesLike(backups + "*.tvf");
+    ASSERT_EQ(exports.size(), 1u);
+    ASSERT_EQ(lists.size(), 1u);
+    EXPECT_NE(contentOf(backups + *exports.begin()).find(Zones + "\\5]\r\n"), std::string::npos);
+    EXPECT_NE(contentOf(backups + *lists.begin()).find("Before the smoke"), std::string::npos);
+
+    select(5);
+    const std::string name = nameOfZone(5);
+    user.click(user.control(window, "BUTTON", "Edit Zone"));
+    const HWND edit = user.waitForWindow("Edit Zone");
+    user.click(user.control(edit, "EDIT", name));
+    user.press('A', VK_CONTROL);
+    user.type("Smoke 5");
+    user.click(user.control(edit, "BUTTON", "Apply"));
+    user.waitFor("new name in the registry", [] { return nameOfZone(5) == "Smoke 5"; });
+    user.press(VK_ESCAPE);
+    user.waitForWindow(MainTitle);
+    user.waitFor("new name in the list", [&] { return user.itemsOf(zones)[5] == "Smoke 5"; });
+
+    user.chooseMenu('F', 'R');
+    const HWND restore = user.waitForWindow("Preview/Restore Backup");
+    user.clickItem(user.control(restore, WC_LISTVIEWA), 0);
+    user.waitFor("zones of the backup", [&] { return user.shows(restore, nameOfZone(0)); });
+    user.press(VK_RETURN);
+    user.waitForWindow(MainTitle);
+    user.waitFor("old name in the registry", [&] { return nameOfZone(5) == name; });
+    user.waitFor("old name in the list", [&] {
+        const auto items = user.itemsOf(zones);
+        return items.size() == 7 && items[5] == name;
+    });
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    testing::InitGoogleTest(&count, arguments);
+    if (count != 3) return 2;
+    program = arguments[1], windowsVersion = arguments[2];
+    return RUN_ALL_TESTS();
+}
