@@ -5,10 +5,10 @@
 
 help:
 	@echo 'make run          build Tavimor and start it on Wine with sample zones'
-	@echo 'make test         every test: native under sanitizers, on Wine, and of the released program'
+	@echo 'make test         every test: native under sanitizers, on Wine, and of what is released'
 	@echo 'make test-native  the tests that need g++, CMake and GoogleTest alone'
 	@echo 'make build        build/win64/Tavimor.exe'
-	@echo 'make release      dist/Tavimor.exe: 32 bits, small, for Windows 95 and later'
+	@echo 'make release      dist/: Tavimor.exe for Windows 95 and later, its set-up program and its zip'
 	@echo 'make screenshots  the pictures in docs/screenshots'
 	@echo 'make lint         clang-tidy and the format of every source'
 	@echo 'make fuzz         a million made-up inputs to the reader of zone backups'
@@ -45,7 +45,7 @@ build:
 release:
 	@tools/setup.sh release
 	@tools/release.sh
-	@echo dist/Tavimor.exe
+	@cat dist/SHA256SUMS
 
 fuzz:
 	@tools/setup.sh fuzz

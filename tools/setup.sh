@@ -7,6 +7,7 @@ set -u
 native='make g++ cmake libgtest-dev googletest'
 windows='ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-win32 wine wine64 fonts-wine'
 pictures='xvfb xauth imagemagick xdotool'
+packages='nsis zip unzip'
 # What starts 32-bit programs; a machine that has Debian's 32-bit architecture has it from there.
 [ -e /lib/ld-linux.so.2 ] || windows="$windows libc6-i386"
 lint='ninja-build clang clang-tidy clang-format'
@@ -15,12 +16,13 @@ fuzz='make g++ clang libclang-rt-14-dev'
 verb=${1:-all}
 case $verb in
     test-native) wanted=$native ;;
-    build | release | test) wanted="$native $windows" ;;
+    build) wanted="$native $windows" ;;
+    release | test) wanted="$native $windows $packages" ;;
     run | screenshots) wanted="$native $windows $pictures" ;;
     lint | format) wanted="$native $windows $lint" ;;
     bench) wanted="$native $windows" ;;
     fuzz) wanted=$fuzz ;;
-    all) wanted="$native $windows $pictures $lint $fuzz librsvg2-bin file" ;;
+    all) wanted="$native $windows $packages $pictures $lint $fuzz librsvg2-bin file" ;;
     *) echo "no such verb: $verb" >&2; exit 2 ;;
 esac
 

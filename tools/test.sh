@@ -2,8 +2,8 @@
 # usage: tools/test.sh
 #
 # Builds and runs everything there is to test: natively under sanitizers, the same sources as Windows programs of 64 and
-# of 32 bits on Wine, the latter from the released program's very objects; then the released program's promises, and
-# the program itself from outside. Closes with the sum, "N passed, N failed, N skipped".
+# of 32 bits on Wine, the latter from the released program's very objects; then the released program's promises, its
+# packages, and the program itself from outside. Closes with the sum, "N passed, N failed, N skipped".
 set -u
 cd "$(dirname "$0")/.."
 passed=0 failed=0 skipped=0
@@ -43,6 +43,7 @@ step "native, under sanitizers" native
 step "Windows on Wine" on_wine 64
 step "Windows of 32 bits on Wine" on_wine 32
 step "the released program" release
+step "the packages" tools/check-packages.sh
 for version in win98 nt40 win2k; do
     step "the released program on $version" tools/smoke.sh $version
 done
