@@ -6,14 +6,15 @@
 #include "errors/basErrors.h"
 #include "icons/ExtractIcon.h"
 #include "ui/Desktop.h"
+#include "ui/Layout.h"
 #include "util/basSystem.h"
 #include "zones/siteMap.h"
 
 namespace {
 
 // Measures of the design.
-constexpr ui::Twips Width = 6900, Margin = 120, Inner = Width - 2 * Margin;
-constexpr ui::Twips ButtonWidth = 1215, ButtonHeight = 375, ButtonsTop = 3540;
+using namespace ui::layout;
+constexpr ui::Twips Width = 6900, Inner = Width - 2 * Margin, ButtonsTop = 3540;
 constexpr ui::Twips FrameHeight = 1050, FrameAt = ButtonsTop + ButtonHeight + Margin;
 constexpr ui::Twips LogoHeight = 810, LogoAt = FrameAt + FrameHeight + frmMain::FrameToLogo;
 

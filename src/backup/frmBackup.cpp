@@ -6,12 +6,13 @@
 #include "backup/ExportFile.h"
 #include "backup/ZoneFile.h"
 #include "errors/basErrors.h"
+#include "ui/Layout.h"
 #include "util/numbers.h"
 
 namespace {
 
-constexpr ui::Twips Margin = 120, Width = 4680, Inner = Width - 2 * Margin;
-constexpr ui::Twips ButtonWidth = 1215, ButtonHeight = 375, ButtonsTop = 1065;
+using namespace ui::layout;
+constexpr ui::Twips Width = 4680, Inner = Width - 2 * Margin, ButtonsTop = 1065;
 
 }  // namespace
 

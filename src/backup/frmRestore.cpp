@@ -8,16 +8,18 @@
 #include "errors/basErrors.h"
 #include "icons/ExtractIcon.h"
 #include "ui/Desktop.h"
+#include "ui/Layout.h"
 #include "util/basSystem.h"
 
 namespace {
 
 constexpr int WatchInterval = 250;  // milliseconds
 
-constexpr ui::Twips Margin = 120, Width = 7500, Left = 2835;
+using namespace ui::layout;
+constexpr ui::Twips Width = 7500, Left = 2835;
 constexpr ui::Twips Column = Margin + Left + Margin, ColumnWidth = Width - Margin - Column;
 constexpr ui::Twips ListsTop = 345, ListsBottom = 4965;
-constexpr ui::Twips ButtonWidth = 1215, ButtonHeight = 375, ButtonsTop = ListsBottom + Margin;
+constexpr ui::Twips ButtonsTop = ListsBottom + Margin;
 constexpr ui::Twips PreviewTop = 2370, TextLeft = 720, TextWidth = ColumnWidth - TextLeft - Margin;
 constexpr ui::Twips FrameWidth = ColumnWidth - 2 * Margin, ValueLeft = 1905,
                     ValueWidth = FrameWidth - ValueLeft - Margin;

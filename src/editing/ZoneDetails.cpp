@@ -7,6 +7,7 @@
 #include "icons/ExtractIcon.h"
 #include "icons/frmIconSelector.h"
 #include "ui/Desktop.h"
+#include "ui/Layout.h"
 #include "zones/Defaults.h"
 
 namespace {
@@ -14,7 +15,8 @@ namespace {
 // The browser reads longer ones as empty.
 constexpr int LongestName = 259, LongestDescription = 199;
 
-constexpr ui::Twips Margin = 120, LabelHeight = 225, BoxHeight = 285, IconSize = 540;
+using namespace ui::layout;
+constexpr ui::Twips IconSize = 540;
 
 void SelectText(ui::TextBox& box) {
     box.selectAll();

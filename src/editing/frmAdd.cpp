@@ -3,11 +3,13 @@
 #include "app/frmMain.h"
 #include "editing/ZoneChange.h"
 #include "errors/basErrors.h"
+#include "ui/Layout.h"
 #include "zones/Templates.h"
 
 namespace {
 
-constexpr ui::Twips Margin = 120, Width = 6000, ButtonWidth = 1215, ButtonHeight = 375;
+using namespace ui::layout;
+constexpr ui::Twips Width = 6000;
 constexpr ui::Twips ButtonTop = ZoneDetails::Height;
 
 constexpr ZoneDetails::Traces AddTraces{"frmAdd.txtZoneName_GotFocus", "frmAdd.txtZoneDescription_GotFocus",

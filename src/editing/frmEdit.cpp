@@ -9,6 +9,7 @@
 #include "errors/basErrors.h"
 #include "icons/ExtractIcon.h"
 #include "ui/Desktop.h"
+#include "ui/Layout.h"
 #include "util/numbers.h"
 #include "zones/Defaults.h"
 #include "zones/Templates.h"
@@ -18,9 +19,10 @@ namespace {
 constexpr const char* DefaultLevel = "[Default]";
 
 // A page is shown by its place: where the tab strip leaves room for it, or far off the form.
+using namespace ui::layout;
 constexpr ui::Twips PageLeft = 105, PageTop = 525, HiddenLeft = -10000;
 
-constexpr ui::Twips Margin = 120, Edge = 45, ButtonWidth = 1215, ButtonHeight = 375;
+constexpr ui::Twips Edge = 45;
 constexpr ui::Bounds Tabs{PageLeft - Edge, Margin, PageSize.width + 2 * Edge,
                           PageTop - Margin + PageSize.height + Edge};
 constexpr ui::Twips CloseTop = Tabs.bottom() + Margin;

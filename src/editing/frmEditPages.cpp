@@ -1,9 +1,10 @@
 #include "editing/frmEditPages.h"
+#include "ui/Layout.h"
 
 namespace {
 
-constexpr ui::Twips Margin = 120, LabelHeight = 225, BoxHeight = 285, ComboHeight = 315;
-constexpr ui::Twips ButtonWidth = 1215, ButtonHeight = 375;
+using namespace ui::layout;
+constexpr ui::Twips ComboHeight = 315;
 constexpr ui::Twips Inner = PageSize.width - 2 * Margin;
 
 constexpr ZoneDetails::Traces GeneralTraces{"frmEdit.txtZoneName_GotFocus", "frmEdit.txtZoneDescription_GotFocus",

@@ -8,6 +8,7 @@
 #include "editing/ZoneChange.h"
 #include "errors/basErrors.h"
 #include "icons/ExtractIcon.h"
+#include "ui/Layout.h"
 #include "util/numbers.h"
 
 namespace {
@@ -19,7 +20,7 @@ constexpr const char* SettingsKey =
 constexpr const char* SkippedKey = "Microsoft VM";
 constexpr const char* NoString = "** ERROR Retrieving string - frmSecurity.ExtractString **";
 
-constexpr ui::Twips Margin = 120, ButtonWidth = 1215, ButtonHeight = 375;
+using namespace ui::layout;
 constexpr ui::Size Client{6000, 5640};
 constexpr ui::Twips Inner = Client.width - 2 * Margin;
 constexpr ui::Twips ButtonTop = Client.height - Margin - ButtonHeight;

@@ -4,14 +4,15 @@
 
 #include "errors/basErrors.h"
 #include "ui/Desktop.h"
+#include "ui/Layout.h"
 
 namespace {
 
 using ui::Twips;
-constexpr Twips Margin = 120, Row = 270, LineHeight = 195;
+using namespace ui::layout;
+constexpr Twips Row = 270, LineHeight = 195;
 constexpr Twips Captions = 780, Values = 2340, Width = 6300;  // left edges of the columns; the drawing area
 constexpr Twips ValueWidth = Width - Margin - Values, InfoWidth = Width - Margin - Captions;
-constexpr Twips ButtonWidth = 1215, ButtonHeight = 375;
 constexpr Twips LongestDescription = 20 * LineHeight, LongestLogLine = 5 * LineHeight;
 constexpr int PressInfo = 5, LogInfo = 6;  // indexes of the two lines of advice
 

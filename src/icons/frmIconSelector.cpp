@@ -10,13 +10,13 @@
 #include "icons/cResources.h"
 #include "icons/clsFileIcon.h"
 #include "ui/Desktop.h"
+#include "ui/Layout.h"
 
 namespace {
 
-constexpr ui::Twips Margin = 120;
+using namespace ui::layout;
 constexpr ui::Size Client{6000, 5000};
 constexpr ui::Twips Inner = Client.width - 2 * Margin;
-constexpr ui::Twips LabelHeight = 225;
 constexpr ui::Bounds ListBounds{Margin, 435, Inner, Client.height - 435 - Margin};
 
 constexpr ui::Twips BarWidth = 3600, BarHeight = 255;

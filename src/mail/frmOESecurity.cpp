@@ -2,11 +2,13 @@
 
 #include "errors/basErrors.h"
 #include "mail/identities.h"
+#include "ui/Layout.h"
 #include "util/numbers.h"
 
 namespace {
 
-constexpr ui::Twips Margin = 120, Width = 5400, Inner = Width - 2 * Margin;
+using namespace ui::layout;
+constexpr ui::Twips Width = 5400, Inner = Width - 2 * Margin;
 constexpr ui::Twips ListTop = 1050, ListHeight = 2550;
 
 }  // namespace
