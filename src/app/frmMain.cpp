@@ -299,11 +299,20 @@ void frmMain::DeleteSelectedZone() {
         return;
     }
 
+    const std::uint32_t before = registry.Failures();
     const basMain::ZoneSites sites = basMain::CheckForDomains(registry, program_.strings, zone);
+    if (registry.Failures() != before) {
+        // The next zone comes to this one's number: sites that are overlooked would be in that zone.
+        desktop().messageBox("The registry could not be read. The zone is unchanged.", AppTitle,
+                             ui::MessageStyle::Exclamation);
+        return;
+    }
     if (!sites.sites.empty()) {
         const std::string question =
             "There are site in the zone: \"" + lblZoneName.caption() + "\"\r\nWould you like to delete them also?";
-        if (desktop().messageBox(question, AppTitle, ui::MessageStyle::ExclamationYesNo) == ui::Answer::Yes) {
+        const ui::Answer answer = desktop().messageBox(question, AppTitle, ui::MessageStyle::ExclamationYesNo);
+        if (answer != ui::Answer::Yes && answer != ui::Answer::No) return;  // the system could not ask
+        if (answer == ui::Answer::Yes) {
             for (const std::string& key : sites.keys) {
                 registry.cD("\\");
                 registry.cD(zones::DomainsKey);
@@ -313,6 +322,9 @@ void frmMain::DeleteSelectedZone() {
         }
     }
     registry.DeleteAndRename(zones::ZonesKey, zone);
+    if (registry.Failures() != before)
+        desktop().messageBox("The registry refused a change. Not everything has been deleted.", AppTitle,
+                             ui::MessageStyle::Exclamation);
     RebuildList();
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "errors/basErrors.h"
+#include "registry/clsRegistry.h"
 #include "util/basSystem.h"
 #include "util/numbers.h"
 
@@ -87,6 +88,13 @@ void BackupFile::close() {
     if (code != platform::Success || written < size)
         fail(platform_, basErrors::NumberFileAccess, "The backup \"" + path_ + "\" is not complete.",
              code != platform::Success ? code : platform::DiskFull);
+}
+
+void BackupFile::close(const clsRegistry& registry, std::uint32_t failures) {
+    close();
+    if (registry.Failures() == failures) return;
+    throw basErrors::Error(basErrors::NumberFileAccess, "backup",
+                           "The registry could not be read as a whole. The backup \"" + path_ + "\" is not complete.");
 }
 
 platform::Result BackupFile::append(std::uint32_t& written) {

@@ -6,6 +6,8 @@
 
 #include "platform/Platform.h"
 
+class clsRegistry;
+
 namespace backup {
 
 // "Backups" beside the program, with a backslash behind it.
@@ -40,6 +42,8 @@ public:
     // A zone is complete: a good moment to write, when enough has been collected.
     void endOfZone();
     void close();
+    // Closes it, and throws when the registry has failed since it was at `failures`: something is missing in the file.
+    void close(const clsRegistry& registry, std::uint32_t failures);
 
 private:
     platform::Result append(std::uint32_t& written);

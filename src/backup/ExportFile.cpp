@@ -63,6 +63,7 @@ void writeExport(Program& program, const std::string& baseName, const std::funct
     for (const char* text : {"REGEDIT4", "", ";This file created by Tavimor.", ";Please do not modify this file.", ""})
         file.line(text);
 
+    const std::uint32_t failures = program.registry.Failures();
     zones::goToZones(program.registry);
     file.line(keyLine(zones::ZonesKey));
     // The default value of a DWORD or binary type, or one that holds text, is none the file knows.
@@ -73,7 +74,7 @@ void writeExport(Program& program, const std::string& baseName, const std::funct
 
     if (const auto keys = program.registry.DirKey())
         for (const std::string& zone : *keys) writeZone(program, zone, file, afterValue);
-    file.close();
+    file.close(program.registry, failures);
 }
 
 }  // namespace backup

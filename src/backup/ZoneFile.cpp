@@ -48,6 +48,7 @@ void writeZones(Program& program, const std::string& baseName, const std::string
     BackupFile file(program.platform, baseName + ".tvf");
     file.line(std::string(DescriptionMark) + description);
 
+    const std::uint32_t failures = program.registry.Failures();
     zones::goToZones(program.registry);
     if (const auto keys = program.registry.DirKey()) {
         for (const std::string& zone : *keys) {
@@ -55,7 +56,7 @@ void writeZones(Program& program, const std::string& baseName, const std::string
             file.endOfZone();
         }
     }
-    file.close();
+    file.close(program.registry, failures);
 }
 
 }  // namespace backup

@@ -226,12 +226,17 @@ void frmRestore::lvwZones_ItemClick(int item) {
 void frmRestore::cmdRestore_Click() {
     procedure("frmRestore.cmdRestore_Click", [&] {
         if (selected_.empty()) return;
+        const std::string folder = basSystem::GetWinDir(program_.platform);
+        if (folder.empty())
+            throw basErrors::Error(basErrors::NumberFileNotFound, "frmRestore", "The Windows folder cannot be found.");
         const std::string file = backup::partnerOf(selected_);
         if (!basSystem::FileExists(program_.platform, file)) KeepWhatWouldBeLost();
+        const std::uint32_t before = program_.registry.Failures();
         program_.registry.DeleteZone(zones::ZonesKey);
+        const bool deleted = program_.registry.Failures() == before;
 
         // By its full path: a file of that name beside the program is never run.
-        const std::string editor = basSystem::QualifyPath(basSystem::GetWinDir(program_.platform)) + "regedit.exe";
+        const std::string editor = basSystem::QualifyPath(folder) + "regedit.exe";
         platform::Launcher& launcher = program_.platform.launcher;
         platform::Launcher::Process import = 0;
         const platform::Result code = launcher.start(editor, "/s \"" + file + "\"", import);
@@ -240,6 +245,9 @@ void frmRestore::cmdRestore_Click() {
             throw basErrors::Error(basErrors::NumberFileNotFound, "frmRestore",
                                    "The registry editor \"" + editor + "\" cannot be started. " +
                                        program_.platform.modules.FormatMessageA(code));
+        if (!deleted)
+            desktop().messageBox("The registry refused to delete some zones. What they hold beyond the backup stays.",
+                                 AppTitle, ui::MessageStyle::Exclamation);
         selected_.clear();
         unload();
     });

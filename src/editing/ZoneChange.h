@@ -14,7 +14,8 @@ namespace editing {
 bool goToZoneByPlace(clsRegistry& registry, const std::string& zone);
 
 // Runs `change`, which writes into `zone`. The registry session is silent about what the system refuses; here the user
-// is told, with one message, when anything was refused. What could be written stays written. True when everything was.
+// is told, with one message, when anything was refused or could not be read. What could be written stays written. True
+// when everything was.
 bool change(Program& program, const std::string& zone, const std::function<void()>& change);
 
 // Whether the zone's key is there.

@@ -84,7 +84,10 @@ void ZoneDetails::ChooseIcon() {
 }
 
 void ZoneDetails::ShowOn(ui::Form& dialog) {
-    const zones::Selection mainWindows = std::exchange(program_.selection, selection);
+    struct Lent {
+        zones::Selection &own, &programs;
+        zones::Selection mainWindows = std::exchange(programs, own);
+        ~Lent() { own = std::exchange(programs, std::move(mainWindows)); }
+    } lent{selection, program_.selection};
     dialog.showModal(&picIcon.form());
-    selection = std::exchange(program_.selection, mainWindows);
 }

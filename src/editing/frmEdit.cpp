@@ -282,10 +282,13 @@ bool frmEdit::SaveTemplate(int level) {
 
 void frmEdit::cmdSecurity_Click() {
     procedure("frmEdit.cmdSecurity_Click", [&] {
+        struct Hourglass {
+            frmEdit& form;
+            ~Hourglass() { form.setPointer(ui::Pointer::Default); }
+        } hourglass{*this};
         setPointer(ui::Pointer::Hourglass);
         frmSecurity settings(program_);
         settings.onWritten = [this] { GetRecMinSettings(); };
         general.details.ShowOn(settings);
-        setPointer(ui::Pointer::Default);
     });
 }

@@ -2,6 +2,7 @@
 
 #include "errors/basErrors.h"
 #include "mail/identities.h"
+#include "ui/Desktop.h"
 #include "ui/Layout.h"
 #include "util/numbers.h"
 
@@ -58,10 +59,14 @@ void frmOESecurity::lsvOEZones_ItemClick(int item) {
             throw basErrors::Error(basErrors::NumberNotANumber, "frmOESecurity",
                                    "The zone \"" + key + "\" has no number that Outlook Express could keep.");
         clsRegistry& registry = program_.registry;
+        const std::uint32_t before = registry.Failures();
         registry.cD("\\");
         registry.cD(IdentityPath);
         registry.ValueOf(mail::ZoneValue, ValueType::Dword, static_cast<double>(*zone));
         registry.ValueOf(mail::LockValue, ValueType::Dword, 1.0);
+        if (registry.Failures() != before)
+            desktop().messageBox("The registry refused a change. Outlook Express may still be in another zone.",
+                                 AppTitle, ui::MessageStyle::Exclamation);
         unload();
     });
 }

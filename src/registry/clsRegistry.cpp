@@ -172,7 +172,7 @@ void clsRegistry::MakeKey(const std::string& name) {
 void clsRegistry::DeleteKey(const std::string& name) {
     procedure("clsRegistry.DeleteKey", [&] {
         Require(KeySetValue);
-        CheckWrite(platform_.registry.RegDeleteKeyA(handle_, name));
+        CheckApiResult(platform_.registry.RegDeleteKeyA(handle_, name));
     });
 }
 
@@ -200,12 +200,14 @@ void clsRegistry::RaiseClassError(int number) {
 }
 
 void clsRegistry::CheckWrite(Result code) {
-    if (code != Success) ++refusedWrites_;
+    if (code != Success) ++failures_;
     CheckApiResult(code);
 }
 
 void clsRegistry::CheckApiResult(Result code) {
     if (code == Success) return basErrors::Err.clear();
+    // The handle of a key that is not there is 0, an invalid one.
+    if (code != FileNotFound && code != NoMoreItems && code != InvalidHandle) ++failures_;
     basErrors::Err.number = 0x80040400 + code;
     basErrors::Err.source = "TVMRRegistry[API Call]";
     basErrors::Err.description = resultText(code);

@@ -76,9 +76,10 @@ public:
     // Part 1: the hexadecimal form in a DWORD's text as DirValue gives it; part 2: the decimal form; else "".
     std::string ParseDWord(const std::string& text, int part);
 
-    // How many writes (values set or deleted, keys made or deleted) the system has refused since the session began. The
-    // session drops them in silence; whoever has to tell the user compares the number before and after.
-    std::uint32_t RefusedWrites() const { return refusedWrites_; }
+    // Grows with each value that cannot be written and each key that cannot be made, and when listing, reading or
+    // deleting fails for another reason than that there is nothing of that name. The session drops all that in silence;
+    // whoever has to tell the user compares the number before and after.
+    std::uint32_t Failures() const { return failures_; }
 
     // Whether DirKey would list anything, without listing it.
     bool HasKeys();
@@ -107,5 +108,5 @@ private:
     std::string currentPath_;
     platform::HKey handle_ = 0;
     platform::AccessMask access_ = 0;  // what handle_ was asked for
-    std::uint32_t refusedWrites_ = 0;
+    std::uint32_t failures_ = 0;
 };

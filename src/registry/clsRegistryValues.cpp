@@ -140,7 +140,7 @@ void clsRegistry::ValueOf(const std::string& name, int type, const Variant& valu
 void clsRegistry::DeleteValue(const std::string& name) {
     procedure("clsRegistry.DeleteValue", [&] {
         Require(KeySetValue);
-        CheckWrite(platform_.registry.RegDeleteValueA(handle_, name));
+        CheckApiResult(platform_.registry.RegDeleteValueA(handle_, name));
     });
 }
 

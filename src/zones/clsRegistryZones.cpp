@@ -36,12 +36,19 @@ void clsRegistry::DeleteAndRename(const std::string& zonesPath, const std::strin
                                    "The zone \"" + zoneNumber + "\" has no number and cannot be deleted.");
         for (std::uint32_t n = *first; n <= last; ++n) {
             const std::string zone = util::toDecimal(n);
-            DeleteKey(zone);
-            if (n == last) break;
-            MakeKey(zone);
+            if (n == last) return DeleteKey(zone);
+            // Read before anything is deleted: a zone that cannot be read cannot move either, and would be lost.
+            const std::uint32_t before = failures_;
             cD("\\");
             cD(zonesPath + "\\" + util::toDecimal(n + 1));
             const auto values = DirValue();
+            if (failures_ != before)
+                throw basErrors::Error(basErrors::NumberInternal, "clsRegistry",
+                                       "The zone \"" + util::toDecimal(n + 1) + "\" cannot be read, and is not moved.");
+            cD("\\");
+            cD(zonesPath);
+            DeleteKey(zone);
+            MakeKey(zone);
             cD("\\");
             cD(zonesPath + "\\" + zone);
             // Numbers are not carried across: only names, descriptions and icons move down with their zone.
