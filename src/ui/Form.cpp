@@ -129,7 +129,7 @@ std::vector<Control*> Form::controls() const {
 }
 
 // The menu first: it is part of the window's size. Containers are older than what is in them.
-void Form::attach(PeerFactory& factory) {
+void Form::attach(PeerFactory& factory) try {
     peer_ = factory.make(*this);
     for (Component* component : components_) component->attach(factory);
     peer()->applyCaption();
@@ -138,6 +138,9 @@ void Form::attach(PeerFactory& factory) {
     peer()->applyPointer();
     peer()->applyDefaultButton();
     peer()->applyHook();
+} catch (...) {
+    detach();  // a form of which half the controls are there is none
+    throw;
 }
 
 void Form::detach() {

@@ -1,5 +1,7 @@
 #include "win32/ControlWindow.h"
 
+#include <new>
+
 namespace win32 {
 
 namespace {
@@ -12,6 +14,10 @@ ControlWindow::ControlWindow(ui::Control& control, const Class& native)
     const DWORD style = WS_CHILD | WS_CLIPSIBLINGS | WS_GROUP | (control.tabStop() ? WS_TABSTOP : 0) | native.style;
     window_ = CreateWindowExA(native.extended, native.name, "", style, 0, 0, 0, 0, form_.window(),
                               reinterpret_cast<HMENU>(form_.enter(*this)), GetModuleHandleA(nullptr), nullptr);
+    if (!window_) {
+        form_.leave(*this);
+        throw std::bad_alloc();
+    }
     SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     previous_ = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ControlWindow::procedure)));

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <new>
 #include <utility>
 
 #include "win32/Callbacks.h"
@@ -39,6 +40,8 @@ FormPeer::FormPeer(ui::Form& form, const Screen& screen, HWND owner, std::functi
     dialog.head.dwExtendedStyle = styles.extended;
     window_ = CreateDialogIndirectParamA(GetModuleHandleA(nullptr), &dialog.head, owner_, &FormPeer::dialogProcedure,
                                          reinterpret_cast<LPARAM>(this));
+    // A modal form without a window could never be closed.
+    if (!window_) throw std::bad_alloc();
     if (form.kind() == ui::Form::Kind::Main) setIcons();
 }
 
