@@ -179,20 +179,6 @@ TEST_F(BackupDialog, TellsOfAFileInTheFoldersPlace) {
     backUp("x", {"frmBackup.SaveRegFile", "frmBackup.SaveZoneFile"}, "Backups");
 }
 
-TEST_F(BackupDialog, SurvivesEveryRegistryCallThatFails) {
-    for (const char* zone : {"0", "1"}) {
-        system.setText(zoneKey(zone), "Icon", "a.dll#1");
-        system.setDword(zoneKey(zone), "Flags", 1);
-    }
-    backUp("x");
-    const int calls = system.registry.watch.calls();
-    for (int failing = 1; failing <= calls; ++failing) {
-        system.registry.watch.reset();
-        system.registry.watch.failOn(failing, platform::AccessDenied);
-        backUp("x");
-    }
-}
-
 TEST_F(BackupDialog, CostsOneRegistryCallAValueAndFewWrites) {
     constexpr int ZoneCount = 30, ValueCount = 50;
     for (int zone = 0; zone < ZoneCount; ++zone)

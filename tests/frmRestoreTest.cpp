@@ -297,7 +297,7 @@ TEST_F(Restoring, DeletesNothingWhenTheExportIsMissingAndTheZonesCannotBeBackedU
 }
 
 TEST_F(Restoring, TellsWhenTheRegistryEditorDoesNotStart) {
-    system.launcher.refuse = platform::FileNotFound;
+    system.launcher.watch.failOn(1, platform::FileNotFound);
     restore([&](frmRestore& form) {
         form.ListView1.click(1);
         expectError("frmRestore.cmdRestore_Click", "regedit.exe");

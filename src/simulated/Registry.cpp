@@ -121,6 +121,46 @@ Registry::Registry() {
 
 Registry::~Registry() = default;
 
+void Registry::collect(const Key& key, const std::string& path, Contents& contents) {
+    contents[path + "|"] = "";
+    for (const auto& value : key.values.all()) {
+        std::string& data = contents[path + "|" + value->name];
+        data.assign(1, static_cast<char>(value->type));
+        data.append(value->data.begin(), value->data.end());
+    }
+    for (const auto& sub : key.keys.all()) collect(*sub, path + "\\" + sub->name, contents);
+}
+
+Registry::Contents Registry::contents() const {
+    Contents contents;
+    for (const auto& [handle, root] : roots_) collect(*root, root->name, contents);
+    return contents;
+}
+
+void Registry::setContents(const Contents& contents) {
+    for (const auto& [handle, root] : roots_) {
+        for (const auto& key : root->keys.all()) key->markDeleted();
+        root->keys = {};
+        root->values = {};
+    }
+    std::shared_ptr<Key> key;
+    std::string_view last;  // the path of `key`: a key's values stand one after another
+    for (const auto& [name, data] : contents) {
+        const std::string_view path = std::string_view(name).substr(0, name.find('|'));
+        const std::size_t end = std::min(path.find('\\'), path.size());
+        if (path != last) {
+            for (const auto& [handle, root] : roots_)
+                if (root->name == path.substr(0, end))
+                    walk(handle, std::string(path.substr(std::min(end + 1, path.size()))), true, key);
+            last = path;
+        }
+        if (data.empty()) continue;
+        const auto value = std::make_shared<Value>();
+        *value = {name.substr(path.size() + 1), static_cast<RegType>(data[0]), Bytes(data.begin() + 1, data.end())};
+        key->values.add(value);
+    }
+}
+
 Result Registry::resolve(HKey handle, AccessMask needed, std::shared_ptr<Key>& key) const {
     if (const auto root = roots_.find(handle); root != roots_.end()) {
         key = root->second;

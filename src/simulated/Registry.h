@@ -31,6 +31,13 @@ public:
     // Handles that have not been closed; predefined ones do not count.
     std::size_t openHandles() const { return handles_.size(); }
 
+    // What is in it: by "HKEY_CURRENT_USER\\Key|name" a value's type, as one byte, and data; a key itself is there with
+    // its "|" alone.
+    using Contents = std::map<std::string, std::string>;
+    Contents contents() const;
+    // Handles that are open then are those of deleted keys.
+    void setContents(const Contents& contents);
+
     Result RegOpenKeyExA(HKey key, const std::string& subKey, platform::AccessMask access, HKey& opened) override;
     Result RegOpenKeyA(HKey key, const std::string& subKey, HKey& opened) override;
     Result RegCreateKeyExA(HKey key, const std::string& subKey, platform::AccessMask access, HKey& created) override;
@@ -54,6 +61,7 @@ private:
     Result resolve(HKey handle, platform::AccessMask needed, std::shared_ptr<Key>& key) const;
     Result walk(HKey handle, const std::string& subKey, bool create, std::shared_ptr<Key>& key) const;
     HKey give(const std::shared_ptr<Key>& key, platform::AccessMask access);
+    static void collect(const Key& key, const std::string& path, Contents& contents);
 
     std::map<HKey, std::shared_ptr<Key>> roots_;
     std::map<HKey, Handle> handles_;

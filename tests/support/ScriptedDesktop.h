@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "support/Watched.h"
 #include "ui/Desktop.h"
 
 class ScriptedDesktop : public ui::Desktop {
@@ -24,12 +25,14 @@ public:
     // The script uses the form and closes it. One that is left open is unloaded and fails the test.
     template <class F>
     void expectForm(std::function<void(F&)> script) {
-        expectAnyForm([script](ui::Form& form) {
-            auto* expected = dynamic_cast<F*>(&form);
-            if (expected) script(*expected);
-            return expected != nullptr;
-        });
+        expectAnyForm([](const ui::Form& form) { return dynamic_cast<const F*>(&form) != nullptr; },
+                      [script](ui::Form& form) { script(dynamic_cast<F&>(form)); });
     }
+    // From now on no surprise fails the test: the user reads it, which `told` remembers, says Ok or No, and closes it.
+    // What is expected need not happen.
+    bool patient = false;
+    std::vector<std::string> told;
+    watched::Watch watch;
     // Fails the test when something expected has not happened; forgets it then.
     void settle();
 
@@ -40,7 +43,7 @@ public:
 
     ui::Answer messageBox(const std::string& text, const std::string& title, ui::MessageStyle style) override;
     std::optional<std::string> openFile(const ui::OpenFileRequest& request) override;
-    void open(ui::Form& form) override { inner_.open(form); }
+    void open(ui::Form& form) override;
     void runModal(ui::Form& form, ui::Form* owner) override;
     void closed(ui::Form& form) override { inner_.closed(form); }
     void run() override { inner_.run(); }
@@ -53,14 +56,17 @@ public:
 private:
     struct Expectation {
         std::string what;
-        std::function<bool(ui::Form&)> script;
+        std::function<bool(const ui::Form&)> fits;
+        std::function<void(ui::Form&)> script;
         std::string text;
         ui::Answer answer = ui::Answer::Ok;
         std::optional<std::string> path;
     };
-    void expectAnyForm(std::function<bool(ui::Form&)> script);
-    // The next expectation when it is of the kind `what`; otherwise fails the test with `surprise`.
-    std::optional<Expectation> next(const std::string& what, const std::string& surprise);
+    void expectAnyForm(std::function<bool(const ui::Form&)> fits, std::function<void(ui::Form&)> script);
+    // The next expectation when it is of the kind `what`; otherwise fails the test with `surprise`. A patient user's
+    // must fit, too.
+    std::optional<Expectation> next(const std::string& what, const std::string& surprise,
+                                    const std::function<bool(const Expectation&)>& fits);
 
     ui::Desktop& inner_;
     std::deque<Expectation> expected_;

@@ -49,10 +49,16 @@ std::pair<HKey, std::string> split(const std::string& path) {
 
 }  // namespace
 
+Result WatchedBrowser::DllGetVersion(LibraryVersion& version) {
+    version = {};
+    if (const auto code = watch.before("DllGetVersion")) return *code;
+    return inner_.DllGetVersion(version);
+}
+
 Result RecordingLauncher::start(const std::string& program, const std::string& arguments, Process& process) {
     started.push_back({program, arguments});
     process = 0;
-    if (refuse) return *refuse;
+    if (const auto code = watch.before("start")) return *code;
     const Result code = inner_.start(program, arguments, process);
     if (code == Success) ++open;
     return code;
@@ -90,9 +96,13 @@ TestSystem::TestSystem(On on)
       modules(below_->modules()),
       memory(below_->memory()),
       system(below_->system(), below_->folder()),
+      browser(below_->browser()),
       launcher(below_->launcher()),
       desktop(below_->desktop()),
-      platform_{registry, files, modules, memory, system, below_->browser(), launcher, desktop} {
+      platform_{registry, files, modules, memory, system, browser, launcher, desktop} {
+    for (watched::Watch* service : {&registry.watch, &files.watch, &modules.watch, &memory.watch, &system.watch,
+                                    &browser.watch, &launcher.watch, &desktop.watch})
+        service->above = &watch;
     reset();
 }
 

@@ -39,24 +39,42 @@ struct Simulation {
 class PlacedSystem : public platform::System {
 public:
     PlacedSystem(platform::System& inner, std::string place) : folder(std::move(place)), inner_(inner) {}
+    watched::Watch watch;
     std::string folder;
     std::string name = "Tavimor";
     platform::LocalTime now{2000, 3, 9, 14, 5, 7};
     std::uint32_t ticks = 0, ticksALook = 10;  // milliseconds, and how many pass from one look at them to the next
 
-    std::string GetWindowsDirectoryA() override { return inner_.GetWindowsDirectoryA(); }
-    std::string GetSystemDirectoryA() override { return inner_.GetSystemDirectoryA(); }
+    std::string GetWindowsDirectoryA() override {
+        return watch.before("GetWindowsDirectoryA") ? "" : inner_.GetWindowsDirectoryA();
+    }
+    std::string GetSystemDirectoryA() override {
+        return watch.before("GetSystemDirectoryA") ? "" : inner_.GetSystemDirectoryA();
+    }
     std::string programFolder() override { return folder; }
     std::string programName() override { return name; }
     std::string ExpandEnvironmentStringsA(const std::string& text) override {
-        return inner_.ExpandEnvironmentStringsA(text);
+        return watch.before("ExpandEnvironmentStringsA") ? text : inner_.ExpandEnvironmentStringsA(text);
     }
     platform::LocalTime GetLocalTime() override { return now; }
     std::uint32_t GetTickCount() override { return ticks += ticksALook; }
-    bool GetVersionExA(platform::SystemVersion& version) override { return inner_.GetVersionExA(version); }
+    bool GetVersionExA(platform::SystemVersion& version) override {
+        return !watch.before("GetVersionExA") && inner_.GetVersionExA(version);
+    }
 
 private:
     platform::System& inner_;
+};
+
+class WatchedBrowser : public platform::Browser {
+public:
+    explicit WatchedBrowser(platform::Browser& inner) : inner_(inner) {}
+    watched::Watch watch;
+
+    platform::Result DllGetVersion(platform::LibraryVersion& version) override;
+
+private:
+    platform::Browser& inner_;
 };
 
 // Remembers what was started.
@@ -68,7 +86,7 @@ public:
     explicit RecordingLauncher(platform::Launcher& inner) : inner_(inner) {}
     std::vector<Started> started;
     int open = 0;  // processes not closed
-    std::optional<platform::Result> refuse;
+    watched::Watch watch;
 
     platform::Result start(const std::string& program, const std::string& arguments, Process& process) override;
     bool running(Process process) override { return inner_.running(process); }
@@ -98,8 +116,10 @@ public:
     watched::Modules modules;
     watched::Memory memory;
     PlacedSystem system;
+    WatchedBrowser browser;
     RecordingLauncher launcher;
     ScriptedDesktop desktop;
+    watched::Watch watch;  // of them all together
 
     // --- the registry, by paths such as "HKEY_CURRENT_USER\\Software\\..."; keys are made as needed
 

@@ -5,9 +5,12 @@ namespace watched {
 using namespace platform;
 
 std::optional<Result> Watch::before(const char* function) {
-    ++calls_[function];
-    std::optional<Result> answer;
-    for (const char* key : {Any, function}) {
+    if (onCall) onCall(function);
+    const auto calls = calls_.find(std::string_view(function));
+    ++(calls == calls_.end() ? calls_[function] : calls->second);
+    std::optional<Result> answer = above ? above->before(function) : std::nullopt;
+    if (failures_.empty()) return answer;
+    for (const std::string_view key : {std::string_view(Any), std::string_view(function)}) {
         const auto failure = failures_.find(key);
         if (failure == failures_.end() || --failure->second.countdown > 0) continue;
         answer = failure->second.code;
@@ -15,6 +18,12 @@ std::optional<Result> Watch::before(const char* function) {
         failed_ = true;
     }
     return answer;
+}
+
+void Watch::reset() {
+    calls_.clear();
+    failures_.clear();
+    failed_ = false;
 }
 
 int Watch::calls() const {
@@ -223,8 +232,9 @@ void Modules::DestroyIcon(IconHandle icon) {
     inner_.DestroyIcon(icon);
 }
 
+// Asked for what failed before, so that must stay the last error.
 std::string Modules::FormatMessageA(Result code) {
-    return inner_.FormatMessageA(code);
+    return watch.before("FormatMessageA") ? "" : inner_.FormatMessageA(code);
 }
 Result Modules::lastError() const {
     return ordered_ ? *ordered_ : inner_.lastError();

@@ -5,6 +5,7 @@
 //     EXPECT_LE(system.registry.watch.calls(), 60);
 #pragma once
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <set>
@@ -20,6 +21,9 @@ class Watch {
 public:
     // Every watched function asks here first, and answers the code instead of doing its work.
     std::optional<platform::Result> before(const char* function);
+    // Asked too, with each call: the watch of several services together.
+    Watch* above = nullptr;
+    std::function<void(const char* function)> onCall;
 
     int calls() const;
     int calls(const std::string& function) const;
@@ -28,7 +32,7 @@ public:
     void failOn(const std::string& function, int n, platform::Result code);
     // Whether a failure that was ordered has happened.
     bool failed() const { return failed_; }
-    void reset() { *this = {}; }
+    void reset();
 
 private:
     struct Failure {
@@ -36,8 +40,8 @@ private:
         platform::Result code = platform::Success;
     };
     static constexpr const char* Any = "";
-    std::map<std::string, int> calls_;
-    std::map<std::string, Failure> failures_;  // by function
+    std::map<std::string, int, std::less<>> calls_;
+    std::map<std::string, Failure, std::less<>> failures_;  // by function
     bool failed_ = false;
 };
 

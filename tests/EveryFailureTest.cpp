@@ -1,0 +1,457 @@
+// Every action of the user with each call of the system failing in turn, with each kind of code that it can give: the
+// program lives on, loses no handle, writes nothing that it would not have written, tells the user when not all is as
+// it should be, and does the same action right the next time.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstring>
+#include <set>
+
+#include "app/basMain.h"
+#include "app/frmMain.h"
+#include "backup/frmBackup.h"
+#include "backup/frmRestore.h"
+#include "editing/frmAdd.h"
+#include "editing/frmEdit.h"
+#include "editing/frmSecurity.h"
+#include "errors/basErrors.h"
+#include "icons/frmIconSelector.h"
+#include "mail/frmOESecurity.h"
+#include "support/TestSystem.h"
+
+namespace {
+
+using namespace platform;
+using Contents = simulated::Registry::Contents;
+using BackupFiles = std::map<std::string, std::string>;
+using Texts = std::vector<std::string>;
+
+// A machine with the first few zones and, of the browser's data, a setting that stands for all: a value more costs a
+// few hundred runs more and takes no path that is new.
+std::vector<sample::Entry> machine(char zones) {
+    auto entries = sample::builtInZones();
+    for (auto& entry : sample::readRegistryFile(sample::browserFile())) entries.push_back(entry);
+    std::erase_if(entries, [&](const sample::Entry& entry) {
+        const auto behind = [&](const char* text) {
+            const std::size_t at = entry.path.find(text);
+            return at == std::string::npos ? "" : entry.path.substr(at + std::strlen(text));
+        };
+        const std::string zone = behind("\\Zones\\"), group = behind("\\SO\\"), level = behind("\\TemplatePolicies\\");
+        if (!zone.empty() && zone[0] >= '0' + zones) return true;
+        if (!zone.empty() && zone[0] < '5' && zones > 5)
+            return entry.type != sample::Entry::NoValue && entry.name != "Flags";
+        if (!level.empty() && level != "High") return true;
+        if (!group.empty() && group != "ACTIVEX" && !group.starts_with("ACTIVEX\\DL_SIGNED")) return true;
+        if (!behind("\\Domains\\").empty() && entry.path.find("supplier") == std::string::npos) return true;
+        return entry.name.size() == 4 && entry.name[0] == '1' && entry.name != "1001";
+    });
+    return entries;
+}
+
+// The program on a machine, and a user who reads whatever comes up and goes on.
+class World {
+public:
+    TestSystem system{TestSystem::On::Simulation};
+    basMain::Running running;
+    std::function<void()> begin = [] {};  // called by an action where failures may begin
+
+    World() {
+        for (const auto& [file, groups] : std::map<const char*, std::vector<std::uint16_t>>{
+                 {"explorer.exe", {100}}, {"shell32.dll", {1, 18}}, {"inetcpl.cpl", {4480}}, {"Tavimor.exe", {1}}}) {
+            simulated::ProgramFile program;
+            for (const std::uint16_t group : groups) icons::addTo(program, group, {icons::image(32, 4)}, group);
+            system.addProgram(file, program);
+        }
+        system.setBrowserVersion("5.00.2614.3500");
+        system.desktop.patient = true;
+    }
+    ~World() { end(); }
+    void start() { basMain::Main(system.platform(), running); }
+    void end() {
+        if (running.window) running.window->unload();
+        running.window.reset();
+        running.program.reset();
+    }
+    frmMain& window() { return *running.window; }
+    ScriptedDesktop& user() { return system.desktop; }
+
+    Contents contents() { return system.simulation()->registry.contents(); }
+    BackupFiles files() {
+        BackupFiles files;
+        for (const std::string& name : system.filesIn(system.path("Backups")))
+            files[name] = system.readFile("Backups\\" + name).value_or("");
+        return files;
+    }
+    void restore(const Contents& contents, const BackupFiles& files) {
+        simulated::Files& disk = system.simulation()->files;
+        system.simulation()->registry.setContents(contents);
+        for (const auto& [name, bytes] : this->files()) disk.remove(system.path("Backups\\" + name));
+        for (const auto& [name, bytes] : files) disk.addFile(system.path("Backups\\" + name), bytes);
+        disk.remove(system.path("Logs\\ErrorLog-3-9-2000.log"));
+        basErrors::ProcStack.clear();  // trapped errors leave names
+        user().settle();
+        user().told.clear();
+    }
+    // The user sees that there is nothing to click.
+    bool has(bool something) {
+        if (!something) user().told.push_back("nothing there");
+        return something;
+    }
+    void select(const std::string& zone) {
+        for (int i = 1; i <= window().lvwZones.count(); ++i)
+            if (window().lvwZones.item(i).tag == zone) return window().lvwZones.click(i);
+    }
+    template <class F>
+    void use(const std::function<void(F&)>& script, const std::function<void()>& open) {
+        user().expectForm<F>([script](F& form) {
+            script(form);
+            if (form.loaded()) form.pressEscape();
+        });
+        open();
+    }
+    // Opens the dialog of zone 1 at a page.
+    void edit(int page, const std::function<void(frmEdit&)>& script) {
+        select("1");
+        use<frmEdit>(
+            [&](frmEdit& form) {
+                form.TabStrip1.choose(page);
+                script(form);
+            },
+            [&] { window().cmdZoneOption(0).click(); });
+    }
+    void restoreOld(const std::function<void(frmRestore&)>& script) {
+        use<frmRestore>(
+            [&](frmRestore& form) {
+                if (has(form.ListView1.count() > 0)) form.ListView1.click(1);
+                script(form);
+            },
+            [&] { window().mnuFileRestore.click(); });
+        system.endPrograms();
+        window().tmrImport.tick();
+    }
+};
+
+struct Action {
+    const char* name;
+    std::function<void(World&)> run;
+    enum { Usual, Starts, Silent } kind = Usual;  // Silent: its loss is not worth a message
+    char zones = 2;
+};
+
+void typeOver(ui::TextBox& box, const char* text) {
+    box.selectAll();
+    box.type(text);
+}
+
+std::function<void(World&)> saveGeneral(int button, const std::function<void(World&, ZoneDetails&)>& change) {
+    return [=](World& world) {
+        world.edit(1, [&](frmEdit& form) {
+            change(world, form.general.details);
+            world.begin();
+            form.general.cmdGeneral(button).click();
+        });
+    };
+}
+
+std::function<void(World&)> saveLevel(int index) {
+    return [=](World& world) {
+        world.edit(3, [&](frmEdit& form) {
+            world.begin();
+            form.levels.cboSetting(index).choose(0);
+            form.levels.cmdApply(index).click();
+        });
+    };
+}
+
+std::function<void(World&)> saveFlag(int box) {
+    return [=](World& world) {
+        world.edit(2, [&](frmEdit& form) {
+            world.begin();
+            form.flags.chkProperties(box).click();
+            form.flags.cmdFlags(1).click();
+        });
+    };
+}
+
+void chooseIcon(World& world) {
+    world.edit(1, [&](frmEdit& form) {
+        world.begin();
+        world.user().expectFile(world.system.path("shell32.dll"));
+        world.use<frmIconSelector>(
+            [&](frmIconSelector& selector) {
+                selector.tmrLoad.tick();
+                if (world.has(selector.lvwIcons.count() == 2)) selector.lvwIcons.click(2);
+                selector.tmrUnload.tick();
+            },
+            [&] { form.general.details.picIcon.click(); });
+        if (world.has(form.general.details.selection.iconFile == world.system.path("shell32.dll")))
+            form.general.cmdGeneral(1).click();
+    });
+}
+
+void openSettings(World& world, const std::function<void(frmSecurity&)>& script) {
+    world.edit(3, [&](frmEdit& form) {
+        world.use<frmSecurity>(script, [&] { form.levels.cmdSecurity.click(); });
+        EXPECT_EQ(form.pointer(), ui::Pointer::Default);
+    });
+}
+
+void addZone(World& world) {
+    world.begin();
+    world.use<frmAdd>(
+        [](frmAdd& form) {
+            typeOver(form.details.txtZoneName, "New");
+            typeOver(form.details.txtZoneDescription, "A new zone");
+            form.pressEnter();
+        },
+        [&] { world.window().mnuEditAdd.click(); });
+}
+
+void deleteZone(World& world) {
+    world.select("5");
+    world.begin();
+    world.user().expectMessage("There are site in the zone: \"Suppliers\"\r\nWould you like to delete them also?",
+                               ui::Answer::Yes);
+    world.window().cmdZoneOption(2).click();
+}
+
+void backUp(World& world) {
+    world.begin();
+    world.use<frmBackup>(
+        [](frmBackup& form) {
+            form.txtDescription.type("Today");
+            form.pressEnter();
+        },
+        [&] { world.window().mnuFileBackup.click(); });
+}
+
+void chooseMailZone(World& world) {
+    world.begin();
+    world.use<frmOESecurity>(
+        [&](frmOESecurity& form) {
+            if (world.has(form.lsvOEZones.count() == 2)) form.lsvOEZones.click(2);
+        },
+        [&] { world.window().mnuEditOESecurity.items()[0].click(); });
+}
+
+const Action Actions[] = {
+    {"start", [](World& world) { world.begin(), world.start(); }, Action::Starts},
+    {"click on a zone", [](World& world) { world.begin(), world.select("0"); }},
+    {"open a zone and its pages",
+     [](World& world) {
+         world.begin();
+         world.edit(2, [](frmEdit& form) { form.TabStrip1.choose(3); });
+     }},
+    {"name", saveGeneral(1, [](World&, ZoneDetails& details) { typeOver(details.txtZoneName, "Another"); })},
+    {"description", saveGeneral(1, [](World&, ZoneDetails& details) { typeOver(details.txtZoneDescription, "New"); })},
+    {"icon", chooseIcon},
+    {"defaults", saveGeneral(0, [](World&, ZoneDetails& details) { typeOver(details.txtZoneName, "Another"); })},
+    {"flag 1", saveFlag(0)},
+    {"flag 2", saveFlag(1)},
+    {"flag 4", saveFlag(2)},
+    {"flag 8", saveFlag(3)},
+    {"flag 16", saveFlag(4)},
+    {"flag 32", saveFlag(5)},
+    {"flag 64", saveFlag(6)},
+    {"flag 128", saveFlag(7)},
+    {"recommended level", saveLevel(RecommendedLevel)},
+    {"minimum level", saveLevel(MinimumLevel)},
+    {"level template", saveLevel(CurrentLevel)},
+    {"open the settings", [](World& world) { world.begin(), openSettings(world, [](frmSecurity&) {}); }},
+    {"setting",
+     [](World& world) {
+         openSettings(world, [&](frmSecurity& form) {
+             world.begin();
+             form.TVMRTreeView1.click(4);
+         });
+     }},
+    {"add a zone", addZone},
+    {"delete a zone", deleteZone, Action::Usual, 7},
+    {"back up", backUp},
+    {"restore",
+     [](World& world) { world.begin(), world.restoreOld([](frmRestore& form) { form.cmdRestore.click(); }); }},
+    {"restore without an export",
+     [](World& world) {
+         world.restoreOld([&](frmRestore& form) {
+             world.system.simulation()->files.remove(world.system.path("Backups\\old.reg"));
+             world.begin();
+             form.cmdRestore.click();
+         });
+     }},
+    {"delete a backup",
+     [](World& world) { world.restoreOld([&](frmRestore& form) { world.begin(), form.cmdDelete.click(); }); }},
+    {"mail zone", chooseMailZone},
+    {"basic view", [](World& world) { world.begin(), world.window().mnuViewBasic.click(); }, Action::Silent},
+};
+
+// One code for each way that a function's callers can take: the system has more, which nobody tells apart. None for
+// what cannot fail.
+std::vector<Result> codesOf(const std::string& function) {
+    static const std::map<std::string, std::vector<Result>> codes{
+        {"RegOpenKeyExA", {FileNotFound, AccessDenied}},
+        {"RegOpenKeyA", {FileNotFound, AccessDenied}},
+        {"RegEnumKeyExA", {OutOfMemory, MoreData}},
+        {"RegEnumValueA", {OutOfMemory, MoreData}},
+        {"RegQueryValueExA", {FileNotFound, OutOfMemory, MoreData}},
+        {"RegQueryInfoKeyA", {KeyDeleted}},
+        {"RegSetValueExA", {AccessDenied, KeyDeleted}},
+        {"findFirst", {FileNotFound, AccessDenied}},
+        {"attributes", {FileNotFound, AccessDenied}},
+        {"read", {FileNotFound, AccessDenied}},
+        {"append", {PathNotFound, DiskFull}},
+        {"createFolder", {AlreadyExists, DiskFull}},
+        {"LoadLibraryExA", {ModuleNotFound, BadExeFormat}},
+        {"EnumResourceNamesA", {NoSuchResource, OutOfMemory}},
+        {"FreeLibrary", {}},
+        {"DestroyIcon", {}},
+        {"findClose", {}},
+        // Without the folder a file is looked for by its name alone, which leads to the same file.
+        {"GetSystemDirectoryA", {}},
+    };
+    const auto found = codes.find(function);
+    return found == codes.end() ? std::vector<Result>{AccessDenied} : found->second;
+}
+
+// Whether it says that there is nothing, or nobody could be told.
+bool mayBeSilent(const std::string& function, Result code) {
+    return (function.starts_with("Reg") && code == FileNotFound) || function == "attributes" ||
+           function == "messageBox" || function == "openFile";
+}
+
+// What the action does when nothing fails.
+struct Course {
+    std::vector<std::string> calls;
+    std::map<std::string, std::set<std::string>> held;  // what each value held between two calls; "-": it was not there
+    Contents after;
+    BackupFiles files;
+
+    void note(const Contents& contents) {
+        const bool first = held.empty();
+        for (const auto& [name, data] : contents) {
+            const auto [value, isNew] = held.try_emplace(name);
+            if (isNew && !first) value->second.insert("-");
+            value->second.insert(data);
+        }
+        for (auto& [name, data] : held)
+            if (!contents.contains(name)) data.insert("-");
+    }
+};
+
+// What is not the same, by name.
+std::string difference(const std::map<std::string, std::string>& is, const std::map<std::string, std::string>& other) {
+    std::string text;
+    if (is == other) return text;
+    auto all = is;
+    all.insert(other.begin(), other.end());
+    for (const auto& [name, data] : all)
+        if (!is.contains(name) || !other.contains(name) || is.at(name) != other.at(name)) text += name + "\n";
+    return text;
+}
+
+// One action with all of its failures.
+class Trial {
+public:
+    explicit Trial(const Action& action) : action_(action) {
+        world_.system.import(machine(action.zones));
+        world_.start();
+        backUp(world_);
+        before_ = world_.contents();
+        for (const auto& [name, bytes] : world_.files()) files_["old" + name.substr(name.size() - 4)] = bytes;
+
+        world_.begin = [&] {
+            world_.system.watch.onCall = [&](const char* function) {
+                course_.calls.push_back(function);
+                course_.note(world_.contents());
+            };
+        };
+        run();
+        world_.system.watch.onCall = nullptr;
+        course_.after = world_.contents();
+        course_.note(course_.after);
+        course_.files = world_.files();
+    }
+
+    int tryAll() {
+        int tried = 0;
+        for (std::size_t n = 1; n <= course_.calls.size(); ++n)
+            for (const Result code : codesOf(course_.calls[n - 1])) {
+                fail(n, code);
+                ++tried;
+            }
+        world_.end();
+        expectReleased(0);
+        return tried;
+    }
+
+private:
+    // From the same state each time, as the program finds it when the user comes back.
+    void run() {
+        if (action_.kind == Action::Starts) world_.end();
+        if (world_.running.window) world_.window().mnuViewAdv.click();
+        world_.restore(before_, files_);
+        if (world_.running.window) world_.window().RebuildList();
+        EXPECT_EQ(world_.user().told, Texts());
+        action_.run(world_);
+    }
+
+    void fail(std::size_t n, Result code) {
+        const std::string function = course_.calls[n - 1];
+        SCOPED_TRACE(function + ", call " + std::to_string(n) + " of " + std::to_string(course_.calls.size()) +
+                     ", fails with " + std::to_string(code));
+        world_.begin = [&] { world_.system.watch.failOn(static_cast<int>(n), code); };
+        run();
+        EXPECT_TRUE(world_.system.watch.failed());
+        world_.system.watch.reset();
+        world_.begin = [] {};
+        check(action_.kind == Action::Silent || mayBeSilent(function, code));
+        if (code != codesOf(function).back()) return;  // the next failure is the next action
+        run();
+        EXPECT_EQ(difference(world_.contents(), course_.after), "") << "the next time";
+        EXPECT_EQ(difference(world_.files(), course_.files), "") << "the next time";
+        EXPECT_EQ(world_.user().told, Texts()) << "the next time";
+    }
+
+    void check(bool silent) {
+        expectReleased(1);  // the session's current key
+        EXPECT_FALSE(basErrors::errorPending());
+        EXPECT_LE(world_.system.desktop.forms().size(), 1u);
+        EXPECT_LE(world_.user().told.size(), 3u);
+        EXPECT_TRUE(!world_.running.window || world_.window().pointer() == ui::Pointer::Default);
+
+        const Contents now = world_.contents();
+        for (const auto& [name, data] : now)
+            EXPECT_TRUE(course_.held.contains(name) && course_.held[name].contains(data)) << name << " is " << data;
+        for (const auto& [name, held] : course_.held) EXPECT_TRUE(now.contains(name) || held.contains("-")) << name;
+        if (silent || !world_.user().told.empty()) return;
+        EXPECT_EQ(difference(now, course_.after), "") << "nobody was told";
+        EXPECT_EQ(difference(world_.files(), course_.files), "") << "nobody was told";
+    }
+
+    void expectReleased(std::size_t registryHandles) {
+        EXPECT_LE(world_.system.registry.openHandles(), registryHandles);
+        EXPECT_EQ(world_.system.files.openSearches(), 0);
+        EXPECT_EQ(world_.system.modules.loaded(), 0);
+        EXPECT_EQ(world_.system.modules.icons(), 0);
+        EXPECT_EQ(world_.system.memory.blocks(), 0);
+        EXPECT_EQ(world_.system.launcher.open, 0);
+    }
+
+    const Action& action_;
+    World world_;
+    Contents before_;
+    BackupFiles files_;
+    Course course_;
+};
+
+}  // namespace
+
+TEST(EveryFailure, LeavesTheProgramWorkingAndTheZonesAsTheActionLeftThem) {
+    int sum = 0;
+    for (const Action& action : Actions) {
+        SCOPED_TRACE(action.name);
+        const int tried = Trial(action).tryAll();
+        std::printf("%-26s %4d failures\n", action.name, tried);
+        sum += tried;
+    }
+    std::printf("%d failures of %zu actions tried\n", sum, std::size(Actions));
+}
