@@ -14,6 +14,26 @@ std::int32_t clsStrings::InitialiseVar(const std::string& text, const std::strin
 std::int32_t clsStrings::Initialise(const std::string& text, const std::string& delimiters) {
     text_ = text;
     boundaries_.assign(1, 0);
+    if (text_.find('"') == std::string::npos) {
+        SplitPlain(delimiters);
+    } else {
+        SplitQuoted(delimiters);
+    }
+    count_ = static_cast<std::int32_t>(boundaries_.size());
+    boundaries_.push_back(static_cast<std::int32_t>(text_.size() + 1));
+    return count_;
+}
+
+// Nearly every text is without quotes, and most have one delimiter: the library looks for that many bytes at a time.
+void clsStrings::SplitPlain(const std::string& delimiters) {
+    const auto next = [&](std::size_t from) {
+        return delimiters.size() == 1 ? text_.find(delimiters[0], from) : text_.find_first_of(delimiters, from);
+    };
+    for (auto at = next(0); at != std::string::npos; at = next(at + 1))
+        boundaries_.push_back(static_cast<std::int32_t>(at + 1));
+}
+
+void clsStrings::SplitQuoted(const std::string& delimiters) {
     State state = State::Start;
     for (std::size_t i = 0; i < text_.size(); ++i) {
         const char c = text_[i];
@@ -31,9 +51,6 @@ std::int32_t clsStrings::Initialise(const std::string& text, const std::string& 
             state = State::Plain;
         }
     }
-    count_ = static_cast<std::int32_t>(boundaries_.size());
-    boundaries_.push_back(static_cast<std::int32_t>(text_.size() + 1));
-    return count_;
 }
 
 std::string clsStrings::ElementAsString(std::int32_t index) const {

@@ -19,6 +19,9 @@ public:
     std::string Replace(const std::string& text, const std::string& find, const std::string& replaceWith) const;
 
 private:
+    void SplitPlain(const std::string& delimiters);
+    void SplitQuoted(const std::string& delimiters);
+
     std::string text_;
     std::vector<std::int32_t> boundaries_;  // [0] is 0, then the delimiters' 1-based places, then length + 1
     std::int32_t count_ = 0;
