@@ -7,6 +7,7 @@
 #include <cderr.h>
 
 #include "win32/Callbacks.h"
+#include "win32/LaterFunction.h"
 #include "win32/Screen.h"
 
 namespace win32 {
@@ -49,11 +50,14 @@ std::optional<std::string> openFile(const ui::OpenFileRequest& request, HWND own
     dialog.lpfnHook = &hook;
 
     name.copy(path.data(), path.size() - 1);
-    bool chosen = GetOpenFileNameA(&dialog) != FALSE;
-    if (!chosen && CommDlgExtendedError() == FNERR_INVALIDFILENAME) {
+    const auto open = laterFunction<decltype(&GetOpenFileNameA)>("comdlg32.dll", "GetOpenFileNameA");
+    const auto error = laterFunction<decltype(&CommDlgExtendedError)>("comdlg32.dll", "CommDlgExtendedError");
+    if (!open || !error) return std::nullopt;
+    bool chosen = open(&dialog) != FALSE;
+    if (!chosen && error() == FNERR_INVALIDFILENAME) {
         // A name that cannot be one keeps the dialog from opening at all.
         path.fill('\0');
-        chosen = GetOpenFileNameA(&dialog) != FALSE;
+        chosen = open(&dialog) != FALSE;
     }
     rethrowParked();
     return chosen ? std::optional<std::string>(path.data()) : std::nullopt;
