@@ -11,9 +11,13 @@ constexpr UINT ResumePainting = WM_APP + 1;
 // Each control is a group of its own: the arrow keys belong to the control and do not wander over the form.
 ControlWindow::ControlWindow(ui::Control& control, const Class& native)
     : control_(control), form_(*control.form().peerAs<FormPeer>()) {
-    const DWORD style = WS_CHILD | WS_CLIPSIBLINGS | WS_GROUP | (control.tabStop() ? WS_TABSTOP : 0) | native.style;
-    window_ = CreateWindowExA(native.extended, native.name, "", style, 0, 0, 0, 0, form_.window(),
-                              reinterpret_cast<HMENU>(form_.enter(*this)), GetModuleHandleA(nullptr), nullptr);
+    const DWORD style = WS_CHILD | WS_CLIPSIBLINGS | WS_GROUP | (control.tabStop() ? WS_TABSTOP : 0) |
+                        (control.showing() ? WS_VISIBLE : 0) | native.style;
+    // In its place at once: to move and show each control afterwards takes as long as to make it.
+    const RECT b = ControlWindow::bounds();
+    window_ = CreateWindowExA(native.extended, native.name, "", style, b.left, b.top, b.right - b.left,
+                              b.bottom - b.top, form_.window(), reinterpret_cast<HMENU>(form_.enter(*this)),
+                              GetModuleHandleA(nullptr), nullptr);
     if (!window_) {
         form_.leave(*this);
         throw std::bad_alloc();
@@ -58,6 +62,10 @@ RECT ControlWindow::bounds() const {
 void ControlWindow::place() {
     const Applying applying(*this);
     const RECT b = bounds();
+    RECT now = {};
+    GetWindowRect(window_, &now);
+    MapWindowPoints(nullptr, form_.window(), reinterpret_cast<POINT*>(&now), 2);
+    if (EqualRect(&now, &b)) return;
     SetWindowPos(window_, nullptr, b.left, b.top, b.right - b.left, b.bottom - b.top, SWP_NOZORDER | SWP_NOACTIVATE);
     rethrowParked();
 }
@@ -65,6 +73,8 @@ void ControlWindow::place() {
 void ControlWindow::show() {
     const bool showing = control_.showing();
     if (!showing) passFocusOn();
+    // One whose painting is held back says that it is hidden, so only the other way round can be told.
+    if (showing && (GetWindowLongPtrA(window_, GWL_STYLE) & WS_VISIBLE)) return;
     ShowWindow(window_, showing ? SW_SHOWNA : SW_HIDE);
     rethrowParked();
 }

@@ -1,5 +1,6 @@
 // PictureBox and ImageList.
 #include <algorithm>
+#include <utility>
 
 #include "win32/ControlWindow.h"
 #include "win32/Graphics.h"
@@ -32,7 +33,8 @@ public:
                             box.border() == ui::PictureBox::Border::Sunken ? DWORD{WS_EX_CLIENTEDGE} : DWORD{0}}) {}
 
     void applyPicture() override {
-        icon_ = makeIcon(control_.picture(), IconSize, IconSize);
+        icon_ = Icon();
+        drawn_ = false;
         InvalidateRect(window(), nullptr, TRUE);
     }
 
@@ -75,6 +77,8 @@ private:
         const HDC context = BeginPaint(window(), &area);
         RECT all = {};
         GetClientRect(window(), &all);
+        // Made here: most pictures pass through boxes that nobody sees.
+        if (!std::exchange(drawn_, true)) icon_ = makeIcon(control_.picture(), IconSize, IconSize);
         if (icon_) {
             // The box grows with the screen's DPI, the icon does not: it stays in the middle.
             const int left = std::max(0L, (all.right - IconSize) / 2), top = std::max(0L, (all.bottom - IconSize) / 2);
@@ -92,6 +96,7 @@ private:
     }
 
     Icon icon_;
+    bool drawn_ = false;  // icon_ is that of the picture
     bool page_ = false;
 };
 
