@@ -13,6 +13,7 @@ struct frmIconSelectorTest : IconFixture {
 
     frmIconSelectorTest() {
         program.selection = {"2", "old.dll", "0018"};
+        system.system.ticksALook = 1000;  // a slow machine: the progress of each icon is seen
         addIcon("some.dll", "MAIN", {16, 32}, 1);
         addIcon("some.dll", std::uint16_t{7}, {16, 32}, 2);
         addIcon("some.dll", std::uint16_t{4480}, {48}, 3);
@@ -136,6 +137,18 @@ TEST_F(frmIconSelectorTest, ProgressIsShownWhileIconsAreLoaded) {
     selector.ShowFile(system.path("one.exe"));
     EXPECT_EQ(selector.lvwIcons.count(), 1) << "the icons of the file before are gone";
     EXPECT_EQ(selector.ilsIcons32.count(), 1);
+    selector.unload();
+}
+
+TEST_F(frmIconSelectorTest, ProgressThatNobodyCouldFollowIsNotDrawn) {
+    frmIconSelector selector(program, system.path("some.dll"), box);
+    int drawn = 0;
+    system.desktop.onDoEvents = [&] { ++drawn; };
+    system.system.ticksALook = 10;
+    selector.load();
+    selector.ShowFile(system.path("some.dll"));
+    EXPECT_EQ(drawn, 1) << "all three are there within forty milliseconds";
+    EXPECT_EQ(selector.lvwIcons.count(), 3);
     selector.unload();
 }
 

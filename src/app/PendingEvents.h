@@ -1,30 +1,37 @@
 // Handles what has been waiting (input, painting, timers) in the middle of something long, so that the windows stay
 // alive.
 //
-// Asked for after every small step. To look for messages takes the system as long as reading a registry value does, so
-// it looks at most a hundred times a second.
+// Asked for after every small step. To look for messages takes the system as long as reading a registry value does, and
+// to draw how far it has come longer still, so it is done only so often.
 #pragma once
 
-#include <optional>
+#include <cstdint>
 
 #include "platform/Platform.h"
 #include "ui/Desktop.h"
 
 class PendingEvents {
 public:
-    explicit PendingEvents(platform::Platform& platform) : platform_(platform) {}
+    // `interval`: milliseconds.
+    explicit PendingEvents(platform::Platform& platform, std::uint32_t interval = 10)
+        : platform_(platform), interval_(interval) {}
 
-    // The first call always handles.
-    void handleWhenDue() {
+    // Whether some are to be handled again; the first time always.
+    bool due() {
         const std::uint32_t now = platform_.system.GetTickCount();
-        if (last_ && now - *last_ < Interval) return;
+        if (begun_ && now - last_ < interval_) return false;
+        begun_ = true;
         last_ = now;
-        platform_.desktop.doEvents();
+        return true;
+    }
+    void handle() { platform_.desktop.doEvents(); }
+    void handleWhenDue() {
+        if (due()) handle();
     }
 
 private:
-    static constexpr std::uint32_t Interval = 10;  // milliseconds
-
     platform::Platform& platform_;
-    std::optional<std::uint32_t> last_;
+    std::uint32_t interval_;
+    bool begun_ = false;
+    std::uint32_t last_ = 0;
 };

@@ -72,11 +72,25 @@ std::string DefaultIconReference(platform::Platform& platform) {
     return own.file + "#" + own.identifier;
 }
 
+IconCache::IconCache(platform::Platform& platform) : platform_(platform) {}
+IconCache::~IconCache() = default;
+
+ui::Picture IconCache::iconOf(const std::string& reference, const std::string& separator, int size) {
+    const Location location = split(reference, separator);
+    if (!open_ || openFile_ != location.file) {
+        open_ = std::make_unique<icons::ModuleFile>(platform_.modules, location.file);
+        openFile_ = location.file;
+    }
+    clsFileIcon icon(platform_);
+    icon.LoadIconFromEXE(*open_, location.file, icons::toIdentifier(location.identifier));
+    return pictureOf(icon, size);
+}
+
 const ui::Picture& IconCache::Icon(const std::string& reference, const std::string& separator, int size) {
     const auto [place, isNew] = pictures_.try_emplace(std::to_string(size) + separator + reference);
     ui::Picture& picture = place->second;
     if (isNew) {
-        picture = pictureOrNone([&] { return iconAt(platform_, split(reference, separator), size); });
+        picture = pictureOrNone([&] { return iconOf(reference, separator, size); });
         if (picture.empty()) picture = OwnIcon(size);
     }
     return picture;

@@ -1,6 +1,7 @@
 // Zone icon references ("inetcpl.cpl#00004480") and picture references, and the pictures they lead to.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <unordered_map>
 
@@ -8,6 +9,9 @@
 #include "ui/Controls.h"
 
 struct Program;
+namespace icons {
+class ModuleFile;
+}
 
 namespace basMain {
 
@@ -23,7 +27,8 @@ void ExtractIcon(Program& program, const std::string& reference, const std::stri
 // not longer, or a changed file would not be seen.
 class IconCache {
 public:
-    explicit IconCache(platform::Platform& platform) : platform_(platform) {}
+    explicit IconCache(platform::Platform& platform);
+    ~IconCache();
 
     // What ExtractIcon draws; an empty picture when not even the program's own icon is there.
     const ui::Picture& Icon(const std::string& reference, const std::string& separator, int size);
@@ -31,7 +36,11 @@ public:
 private:
     const ui::Picture& OwnIcon(int size);
 
+    ui::Picture iconOf(const std::string& reference, const std::string& separator, int size);
+
     platform::Platform& platform_;
+    std::string openFile_;  // that of the icon before: zones like to share one
+    std::unique_ptr<icons::ModuleFile> open_;
     std::unordered_map<std::string, ui::Picture> pictures_;
     std::unordered_map<int, ui::Picture> ownIcons_;  // by size
 };

@@ -7,7 +7,7 @@
 #include "icons/ModuleFile.h"
 #include "platform/Platform.h"
 
-// A program file open for enumeration: while it is, opening it again costs the system next to nothing.
+// A program file open for enumeration.
 // Errors are those of basResouce.
 class cResources {
 public:
@@ -16,6 +16,8 @@ public:
     // In the order of the file; nothing when there are none.
     std::vector<platform::ResourceId> Types() const;
     std::vector<platform::ResourceId> Names(const platform::ResourceId& type) const;
+
+    const icons::ModuleFile& module() const { return module_; }
 
     // "Group Icon" for 14, "Other (13)" for a number without a name; a type that is text is its own name.
     static std::string TypeName(const platform::ResourceId& type);

@@ -103,14 +103,18 @@ void clsFileIcon::forget(const std::string& fileName, const platform::ResourceId
 // Loading and saving -----------------------------------------------------------------------------------------------
 
 void clsFileIcon::LoadIconFromEXE(const std::string& fileName, const platform::ResourceId& identifier) {
-    forget(fileName, identifier);
-    images_ = readGroup(fileName, identifier);
+    LoadIconFromEXE(icons::ModuleFile(platform_.modules, fileName), fileName, identifier);
 }
 
-std::vector<clsFileIcon::Image> clsFileIcon::readGroup(const std::string& fileName,
+void clsFileIcon::LoadIconFromEXE(const icons::ModuleFile& module, const std::string& fileName,
+                                  const platform::ResourceId& identifier) {
+    forget(fileName, identifier);
+    images_ = readGroup(module, identifier);
+}
+
+std::vector<clsFileIcon::Image> clsFileIcon::readGroup(const icons::ModuleFile& module,
                                                        const platform::ResourceId& identifier) const {
     using Reached = icons::Resource::Reached;
-    const icons::ModuleFile module(platform_.modules, fileName);
     if (!module.opened()) raiseError(NumberNoLibrary);
 
     const icons::Resource group = module.read(identifier, platform::RtGroupIcon);

@@ -15,6 +15,10 @@
 #include "platform/Platform.h"
 #include "ui/Controls.h"
 
+namespace icons {
+class ModuleFile;
+}
+
 // A system icon made from an image; destroyed with the object.
 class SystemIcon {
 public:
@@ -72,6 +76,9 @@ public:
 
     // The icon group of that number or name in a DLL, EXE or OCX.
     void LoadIconFromEXE(const std::string& fileName, const platform::ResourceId& identifier);
+    // The same from a file that is open, for whoever wants many of its icons.
+    void LoadIconFromEXE(const icons::ModuleFile& module, const std::string& fileName,
+                         const platform::ResourceId& identifier);
     // An ".ico" file. The error text begins with "Failed to load icon: ".
     void LoadIcon(const std::string& fileName);
     void SaveIcon(const std::string& fileName) const;
@@ -107,7 +114,7 @@ private:
     };
 
     void forget(const std::string& fileName, const platform::ResourceId& identifier);
-    std::vector<Image> readGroup(const std::string& fileName, const platform::ResourceId& identifier) const;
+    std::vector<Image> readGroup(const icons::ModuleFile& module, const platform::ResourceId& identifier) const;
     std::vector<Image> readFile(const std::string& fileName) const;
     const Image& at(int image) const;
     [[noreturn]] void raiseError(ErrorNumber number) const;

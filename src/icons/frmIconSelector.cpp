@@ -5,11 +5,11 @@
 #include <exception>
 #include <string_view>
 
+#include "app/PendingEvents.h"
 #include "app/Program.h"
 #include "errors/basErrors.h"
 #include "icons/cResources.h"
 #include "icons/clsFileIcon.h"
-#include "ui/Desktop.h"
 #include "ui/Layout.h"
 
 namespace {
@@ -22,6 +22,8 @@ constexpr ui::Bounds ListBounds{Margin, 435, Inner, Client.height - 435 - Margin
 constexpr ui::Twips BarWidth = 3600, BarHeight = 255;
 constexpr ui::Twips BarLeft = (ListBounds.width - BarWidth) / 2;
 constexpr ui::Twips BarTop = (ListBounds.height - BarHeight) / 2;
+
+constexpr std::uint32_t ProgressInterval = 40;  // milliseconds: a bar that moves, not one that flickers
 
 // These two are never opened.
 constexpr std::array<std::string_view, 2> Excluded{"twunk_16.exe", "shdocvw.dll"};
@@ -143,13 +145,16 @@ void frmIconSelector::LoadIcons(const std::string& path) {
         std::exception_ptr failure;
         {
             const ProgressDisplay display(*this);
+            PendingEvents pending(program_.platform, ProgressInterval);
             for (int i = 1; i <= count; ++i) {
-                lblInfo.setCaption("Loading icon: " + std::to_string(i) + " of " + std::to_string(count));
-                Progress.setProgress(i, count);
-                desktop().doEvents();
-                if (!loaded()) return;  // the user has closed the dialog
+                if (pending.due()) {
+                    lblInfo.setCaption("Loading icon: " + std::to_string(i) + " of " + std::to_string(count));
+                    Progress.setProgress(i, count);
+                    pending.handle();
+                    if (!loaded()) return;  // the user has closed the dialog
+                }
                 try {
-                    identifiers.push_back(LoadIcon(path, names[static_cast<std::size_t>(i - 1)]));
+                    identifiers.push_back(LoadIcon(resources.module(), names[static_cast<std::size_t>(i - 1)]));
                 } catch (const basErrors::Error&) {
                     if (!failure) failure = std::current_exception();
                 }
@@ -162,9 +167,9 @@ void frmIconSelector::LoadIcons(const std::string& path) {
 }
 
 // Adds the icon's pictures to both image lists, or to none, and gives its identifier.
-std::string frmIconSelector::LoadIcon(const std::string& path, const platform::ResourceId& name) {
+std::string frmIconSelector::LoadIcon(const icons::ModuleFile& module, const platform::ResourceId& name) {
     clsFileIcon icon(program_.platform);
-    icon.LoadIconFromEXE(path, name);
+    icon.LoadIconFromEXE(module, file_, name);
     const auto draw = [&](int width) {
         icon.DrawIconImage(icon.ImageForWidth(width), picParent);
         return picParent.picture();

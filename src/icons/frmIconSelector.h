@@ -9,6 +9,9 @@
 #include "ui/ListView.h"
 
 struct Program;
+namespace icons {
+class ModuleFile;
+}
 
 class frmIconSelector : public ui::Form {
 public:
@@ -39,7 +42,7 @@ private:
 
     void ClearIcons();
     void LoadIcons(const std::string& path);
-    std::string LoadIcon(const std::string& path, const platform::ResourceId& name);
+    std::string LoadIcon(const icons::ModuleFile& module, const platform::ResourceId& name);
     void FillList(const std::vector<std::string>& identifiers);
     void lvwIcons_ItemClick(int item);
     void tmrLoad_Timer();
