@@ -12,7 +12,7 @@ help:
 	@echo 'make screenshots  the pictures in docs/screenshots'
 	@echo 'make lint         clang-tidy and the format of every source'
 	@echo 'make fuzz         a million made-up inputs to the reader of zone backups'
-	@echo 'make bench        how long backups take on Wine, beside the registry editor'
+	@echo 'make bench        how fast it is, natively and on Wine; the table in README.md'
 	@echo 'make format       put every source into its format'
 	@echo 'make setup        install the Debian packages that all of these need'
 
@@ -61,4 +61,4 @@ lint:
 
 format:
 	@tools/setup.sh format
-	@git ls-files 'src/*.h' 'src/*.cpp' 'tests/*.h' 'tests/*.cpp' | xargs clang-format -i
+	@git ls-files 'src/*.h' 'src/*.cpp' 'tests/*.h' 'tests/*.cpp' 'bench/*.h' 'bench/*.cpp' | xargs clang-format -i

@@ -1,11 +1,44 @@
 #!/bin/bash
 # usage: tools/bench.sh
 #
-# Measures backups on Wine, beside the registry editor.
+# Measures natively what does not depend on a system, and the rest on Wine beside a bare program or the registry editor.
+# Ends with a table of every measure, which it also puts into README.md, and fails when a limit is missed.
 set -eu
 cd "$(dirname "$0")/.."
-tools/build.sh win64 tavimor-bench
-code=0
-tools/run-on-wine.sh build/win64/tavimor-bench.exe || code=$?
+tools/build.sh native-release tavimor-bench
+tools/build.sh win64-release tavimor-bench
+
+output=$(mktemp)
+table=$(mktemp)
+trap 'rm -f "$output" "$table"' EXIT
+measure() {
+    "$@" >"$output" 2>&1 || { cat "$output"; echo "$*: no measures"; exit 1; }
+    grep -v '^|' "$output"
+    grep '^|' "$output" >>"$table"
+}
+
+{
+    echo '| Measure | Value | Limit | Met |'
+    echo '|---|---|---|---|'
+} >"$table"
+measure build/native-release/tavimor-bench
+measure tools/run-on-wine.sh build/win64-release/tavimor-bench.exe
 tools/run-on-wine.sh --end
-exit $code
+
+echo
+cat "$table"
+begin='<!-- measured by make bench -->' end='<!-- end of what make bench measured -->'
+if ! grep -qxF "$begin" README.md || ! grep -qxF "$end" README.md; then
+    echo "README.md has no place for the table"
+    exit 1
+fi
+awk -v begin="$begin" -v end="$end" -v table="$table" '
+    $0 == end { inside = 0 }
+    !inside
+    $0 == begin { inside = 1; while ((getline row < table) > 0) print row }
+' README.md >"$output"
+cat "$output" >README.md
+if grep -q '| NO |$' "$table"; then
+    echo "a limit is missed"
+    exit 1
+fi

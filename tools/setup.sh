@@ -11,6 +11,7 @@ packages='nsis zip unzip'
 # What starts 32-bit programs; a machine that has Debian's 32-bit architecture has it from there.
 [ -e /lib/ld-linux.so.2 ] || windows="$windows libc6-i386"
 lint='ninja-build clang clang-tidy clang-format'
+bench='libbenchmark-dev'
 fuzz='make g++ clang libclang-rt-14-dev'
 
 verb=${1:-all}
@@ -20,9 +21,9 @@ case $verb in
     release | test) wanted="$native $windows $packages" ;;
     run | screenshots) wanted="$native $windows $pictures" ;;
     lint | format) wanted="$native $windows $lint" ;;
-    bench) wanted="$native $windows" ;;
+    bench) wanted="$native $windows $bench" ;;
     fuzz) wanted=$fuzz ;;
-    all) wanted="$native $windows $packages $pictures $lint $fuzz librsvg2-bin file" ;;
+    all) wanted="$native $windows $packages $pictures $lint $fuzz $bench librsvg2-bin file" ;;
     *) echo "no such verb: $verb" >&2; exit 2 ;;
 esac
 

@@ -1,0 +1,64 @@
+// What a benchmark says in the end: rows of a table, "| measure | value | limit | met |", which tools/bench.sh
+// collects.
+#pragma once
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+namespace bench {
+
+enum class Limit { AtMost, Below, AtLeast };
+
+// `unit` with a blank before it, or "" for a ratio or a count.
+inline void row(const std::string& measure, double value, const char* unit, Limit kind, double limit) {
+    const bool met = kind == Limit::AtMost ? value <= limit : kind == Limit::Below ? value < limit : value >= limit;
+    const char* words[] = {"at most", "below", "at least"};
+    std::printf("| %s | %.2f%s | %s %g%s | %s |\n", measure.c_str(), value, unit, words[static_cast<int>(kind)], limit,
+                unit, met ? "yes" : "NO");
+    std::fflush(stdout);
+}
+
+// A measure that did not do what it was to measure counts for nothing.
+[[noreturn]] inline void fail(const std::string& why) {
+    std::printf("%s\n", why.c_str());
+    std::fflush(stdout);
+    std::exit(1);
+}
+
+inline double seconds() {
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+template <class Work>
+double timeOf(Work&& work) {
+    const double start = seconds();
+    work();
+    return seconds() - start;
+}
+
+inline double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+struct Compared {
+    double ours, others;
+    double ratio() const { return ours / others; }
+};
+
+// Medians of an odd number of `runs` in turn, so that what else the machine does slows both. Either gives a time.
+template <class Ours, class Others>
+Compared compare(int runs, Ours&& ours, Others&& others) {
+    std::vector<double> first, second;
+    for (int run = 0; run < runs; ++run) {
+        first.push_back(ours(run));
+        second.push_back(others(run));
+    }
+    return {median(first), median(second)};
+}
+
+}  // namespace bench

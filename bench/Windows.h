@@ -1,0 +1,28 @@
+// The measures on the real system, one file each.
+#pragma once
+
+#include "app/Program.h"
+#include "bench/Rows.h"
+#include "win32/Services.h"
+
+namespace bench {
+
+struct Machine {
+    win32::Services services;
+    platform::Platform platform = services.platform();
+    Program program{platform};
+
+    // Windows as the user has them handle their messages.
+    void settle() { services.desktop.doEvents(); }
+};
+
+// Zones numbered from 0 on, with nothing but a name and numbers that are settings; others go.
+void seedZones(int zones, int settings);
+void forgetZones();
+
+void backups(Machine& machine);   // writing and listing them
+void zoneList(Machine& machine);  // filling the main window's list
+void iconSelector(Machine& machine);
+void start();  // of the program
+
+}  // namespace bench

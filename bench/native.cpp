@@ -1,0 +1,178 @@
+// How fast what does not depend on a system is, over a system in memory; and how often a backup asks that system.
+#include <benchmark/benchmark.h>
+
+#include <cstring>
+#include <map>
+
+#include "app/Program.h"
+#include "app/ZoneList.h"
+#include "backup/ExportFile.h"
+#include "backup/ZoneFile.h"
+#include "bench/Rows.h"
+#include "errors/basErrors.h"
+#include "support/TestSystem.h"
+#include "ui/Form.h"
+
+namespace {
+
+std::string zoneFile(std::int64_t lines) {
+    std::string bytes = "Desc=measured\r\n";
+    for (std::int64_t line = 0; line < lines; ++line)
+        bytes += "inetcpl.cpl#00004480;Zone " + std::to_string(line) +
+                 ";Sites that are used for measuring;65536;65536;69632;67\r\n";
+    return bytes;
+}
+
+void parse(benchmark::State& state) {
+    const std::string bytes = zoneFile(state.range(0));
+    clsStrings strings;
+    backup::ZoneFields fields;
+    for (auto _ : state) {
+        const auto lines = backup::splitLines(bytes);
+        for (std::size_t line = 1; line < lines.size(); ++line) backup::readZoneLine(strings, lines[line], fields);
+        benchmark::DoNotOptimize(fields);
+    }
+}
+
+void trace(benchmark::State& state) {
+    for (auto _ : state) {
+        basErrors::TracePush("bench.trace");
+        basErrors::TracePop();
+    }
+}
+
+void tokenizer(benchmark::State& state) {
+    const auto lines = backup::splitLines(zoneFile(1000));
+    const std::string delimiter = ";";
+    clsStrings strings;
+    for (auto _ : state)
+        for (const std::string& line : lines) benchmark::DoNotOptimize(strings.Initialise(line, delimiter));
+}
+
+// What must be done at the least: find the delimiters and keep where they are.
+void bareSplit(benchmark::State& state) {
+    const auto lines = backup::splitLines(zoneFile(1000));
+    std::vector<std::int32_t> boundaries;
+    for (auto _ : state) {
+        for (const std::string& line : lines) {
+            boundaries.clear();
+            const char *at = line.data(), *const end = at + line.size();
+            while (const void* found = std::memchr(at, ';', static_cast<std::size_t>(end - at))) {
+                at = static_cast<const char*>(found) + 1;
+                boundaries.push_back(static_cast<std::int32_t>(at - line.data()));
+            }
+            benchmark::DoNotOptimize(boundaries.data());
+        }
+    }
+}
+
+void seedZones(TestSystem& system, std::int64_t zones, std::uint32_t settings) {
+    for (int zone = 0; zone < zones; ++zone) {
+        const std::string key = std::string(zones::ZonesKey) + "\\" + std::to_string(zone);
+        system.setText(key, "DisplayName", "Zone " + std::to_string(zone));
+        system.setText(key, "Icon", "inetcpl.cpl#00004480");
+        for (std::uint32_t setting = 2; setting < settings; ++setting)
+            system.setDword(key, std::to_string(1200 + setting), setting);
+    }
+}
+
+void zoneList(benchmark::State& state) {
+    TestSystem system;
+    system.seedModules();
+    seedZones(system, state.range(0), 2);
+    Program program(system.platform());
+    ui::Form form(system.desktop, ui::Form::Kind::Main, "form", "", {6000, 6000});
+    ui::ListView list(form, "list", {0, 0, 6000, 6000}, ui::ListView::View::Icon, ui::ListView::Clicks::OnSelect);
+    ui::ImageList images(form, "images", 32);
+    ui::PictureBox dummy(form, "dummy", {0, 0, 480, 480}), holder(form, "holder", {0, 0, 480, 480});
+    const ZoneListControls controls{list, images, dummy, holder};
+    for (auto _ : state) {
+        clearZoneList(controls);
+        fillZoneList(program, controls);
+    }
+    if (list.count() != state.range(0)) state.SkipWithError("the list is not full");
+}
+
+void exportCalls(benchmark::State& state) {
+    constexpr int Zones = 1000, Settings = 50;
+    TestSystem system;
+    seedZones(system, Zones, Settings);
+    Program program(system.platform());
+    int run = 0;
+    for (auto _ : state) {
+        system.registry.watch.reset();
+        system.files.watch.reset();
+        backup::writeExport(program, std::to_string(++run), [] {});
+    }
+    state.counters["registry calls"] = (system.registry.watch.calls() - 1.0 * Zones * Settings) / Zones;
+    state.counters["writes"] = static_cast<double>(system.files.watch.calls("append")) / Zones;
+}
+
+constexpr int Repetitions = 7;
+
+// Keeps every repetition's processor time, for medians, and shows the usual table.
+class Results : public benchmark::ConsoleReporter {
+public:
+    Results() : ConsoleReporter(OO_Tabular) {}
+    void ReportRuns(const std::vector<Run>& runs) override {
+        std::vector<Run> medians;
+        for (const Run& run : runs) {
+            if (run.error_occurred) failed = true;
+            if (run.aggregate_name == "median") medians.push_back(run);
+            if (run.run_type == Run::RT_Iteration) keep(run);
+        }
+        if (!medians.empty()) ConsoleReporter::ReportRuns(medians);
+    }
+    double seconds(const std::string& name) const { return bench::median(times_.at(name)); }
+
+    std::map<std::string, double> counters;
+    bool failed = false;
+
+private:
+    void keep(const Run& run) {
+        const std::string &name = run.run_name.function_name, &arguments = run.run_name.args;
+        times_[arguments.empty() ? name : name + "/" + arguments].push_back(run.cpu_accumulated_time /
+                                                                            static_cast<double>(run.iterations));
+        for (const auto& [counted, counter] : run.counters) counters[counted] = counter.value;
+    }
+
+    std::map<std::string, std::vector<double>> times_;
+};
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    benchmark::Initialize(&count, arguments);
+    const auto add = [](const char* name, void (*measured)(benchmark::State&)) {
+        return benchmark::RegisterBenchmark(name, measured)
+            ->Repetitions(Repetitions)
+            ->MinTime(0.05)
+            ->Unit(benchmark::kMicrosecond);
+    };
+    add("parse", parse)->Arg(10000)->Arg(20000);
+    add("trace", trace)->Unit(benchmark::kNanosecond);
+    add("tokenizer", tokenizer);
+    add("bareSplit", bareSplit);
+    add("zoneList", zoneList)->Arg(1000)->Arg(2000);
+    add("exportCalls", exportCalls);
+
+    Results results;
+    benchmark::RunSpecifiedBenchmarks(&results);
+    if (results.failed) return 1;
+
+    using bench::Limit;
+    using bench::row;
+    const auto of = [&](const char* name) { return results.seconds(name); };
+    const double small = static_cast<double>(zoneFile(10000).size()) / 1e6 / of("parse/10000");
+    row("reading a zone backup of 10,000 lines", small, " MB/s", Limit::AtLeast, 50);
+    row("reading one of 20,000 lines, of the time for 10,000", of("parse/20000") / of("parse/10000"), "", Limit::AtMost,
+        2.2);
+    row("a procedure's name put on the trace and taken off", of("trace") * 1e9, " ns", Limit::AtMost, 10);
+    row("the tokenizer, of a bare split's time", of("tokenizer") / of("bareSplit"), "", Limit::AtMost, 4);
+    row("filling a list with 2,000 zones, of the time for 1,000", of("zoneList/2000") / of("zoneList/1000"), "",
+        Limit::AtMost, 2.2);
+    row("registry calls of an export for each zone, beside one for each value", results.counters.at("registry calls"),
+        "", Limit::AtMost, 16);
+    row("file writes of an export for each zone", results.counters.at("writes"), "", Limit::AtMost, 1);
+    return 0;
+}
