@@ -120,7 +120,8 @@ void drawBitmap(HDC context, const RECT& target, const ui::Picture& picture) {
 }
 
 Images makeImages(int size) {
-    return Images(ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, 8, 16));
+    // A list that grows copies all it holds: small steps are most of what thousands of pictures take.
+    return Images(ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, 8, 64));
 }
 
 void addPicture(HIMAGELIST images, int size, const ui::Picture& picture) {
