@@ -45,20 +45,21 @@ inline double median(std::vector<double> values) {
     return values[values.size() / 2];
 }
 
+// Medians of runs taken in turn. What else the machine does slows both of a pair, so the ratio is that of the pairs.
 struct Compared {
-    double ours, others;
-    double ratio() const { return ours / others; }
+    double ours, others, ratio;
 };
 
-// Medians of an odd number of `runs` in turn, so that what else the machine does slows both. Either gives a time.
+// Either gives a time; `runs` is odd.
 template <class Ours, class Others>
 Compared compare(int runs, Ours&& ours, Others&& others) {
-    std::vector<double> first, second;
+    std::vector<double> first, second, ratios;
     for (int run = 0; run < runs; ++run) {
         first.push_back(ours(run));
         second.push_back(others(run));
+        ratios.push_back(first.back() / second.back());
     }
-    return {median(first), median(second)};
+    return {median(first), median(second), median(ratios)};
 }
 
 }  // namespace bench

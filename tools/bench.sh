@@ -21,7 +21,7 @@ measure() {
     echo '| Measure | Value | Limit | Met |'
     echo '|---|---|---|---|'
 } >"$table"
-measure build/native-release/tavimor-bench
+measure build/native-release/tavimor-bench --benchmark_enable_random_interleaving=true
 measure tools/run-on-wine.sh build/win64-release/tavimor-bench.exe
 tools/run-on-wine.sh --end
 
