@@ -38,16 +38,15 @@ TEST_F(ExtractIconTest, AReferenceIsDrawn) {
 
 TEST_F(ExtractIconTest, WhatCannotBeDrawnShowsTheProgramsOwnIcon) {
     addDamagedIcon(Library, std::uint16_t{13});
-    EXPECT_EQ(basMain::DefaultIconReference(system.platform()), system.path("Tavimor.exe#1"));
     for (const char* reference : {"none.dll#1", "zones.cpl#1", "zones.cpl#13", "zones.cpl#", "zones.cpl", "#4480", "",
                                   "\"zones.cpl\"x#4480", "\"zones.cpl#4480"}) {
         box.clear();
         EXPECT_EQ(extract(reference), picture(32, OwnSeed)) << reference;
     }
     EXPECT_EQ(basErrors::ProcStack.size(), running) << "an error was shown";
-}
+    system.system.name = "Renamed";
+    EXPECT_TRUE(extract("none.dll#1").empty()) << "not even that";
 
-TEST_F(ExtractIconTest, TheOwnIconIsFoundInAFolderWithTheSeparatorInItsName) {
     TestSystem other(TestSystem::On::Simulation);
     other.system.folder = "C:\\C#";
     simulated::ProgramFile own;
@@ -55,14 +54,6 @@ TEST_F(ExtractIconTest, TheOwnIconIsFoundInAFolderWithTheSeparatorInItsName) {
     other.addProgram("Tavimor.exe", own);
     basMain::IconCache cache(other.platform());
     EXPECT_EQ(cache.Icon(basMain::DefaultIconReference(other.platform()), "#", 32), picture(32, 3));
-    other.system.folder = "C:\\";
-    EXPECT_EQ(basMain::DefaultIconReference(other.platform()), "C:\\Tavimor.exe#1");
-}
-
-TEST_F(ExtractIconTest, WithoutAnyIconTheBoxIsEmpty) {
-    system.system.name = "Renamed";
-    box.setPicture(picture(32, 1));
-    EXPECT_TRUE(extract("none.dll#1").empty());
 }
 
 TEST_F(ExtractIconTest, AFillOpensTheFileOfAThousandEqualIconsOnce) {
@@ -115,13 +106,15 @@ TEST_F(ExtractIconTest, ABitmapResourceIsDrawnOrLeavesTheBoxEmpty) {
 
 TEST_F(ExtractIconTest, APictureComesFromAnIconABitmapOrAProgramFile) {
     writeFile("a.ico", icons::file(icons::usualImages(4)));
-    writeFile("a, b.ico", icons::file(icons::usualImages(4)));
+    writeFile("a,4480.ico", icons::file(icons::usualImages(4)));
+    addIcon("b,1.cpl", std::uint16_t{3}, {16}, 7);
     writeFile("a.bmp", bitmapFile(smallBitmap(), 0));
     writeFile("gap.bmp", bitmapFile(smallBitmap(), 10));
     writeFile("text.ico", Bytes{'t', 'e', 'x', 't'});
     const std::pair<std::string, ui::Picture> cases[] = {
         {system.path("a.ico"), picture(16, 4)},
-        {system.path("a, b.ico"), picture(16, 4)},
+        {system.path("a,4480.ico"), picture(16, 4)},
+        {system.path("b,1.cpl,3"), picture(16, 7)},
         {system.path("a.bmp"), bitmapPicture()},
         {system.path("gap.bmp"), bitmapPicture()},
         {system.path("zones.cpl,4480"), picture(16, LibrarySeed)},
@@ -144,29 +137,22 @@ TEST_F(ExtractIconTest, ACutOffOrLyingBitmapFileGivesNoPicture) {
     };
     for (std::size_t length = 0; length < whole.size(); ++length)
         EXPECT_TRUE(load(whole.substr(0, length)).empty()) << length;
-    const struct {
-        const char* claim;
-        std::size_t at;
-        std::uint32_t number;
-    } lies[] = {
-        {"pixels far behind", 10, 0xFFFFFFFF},
-        {"a header without end", 14, 0xFFFFFFFF},
-        {"an old header", 14, 12},
-        {"no width", 18, 0},
-        {"a negative width", 18, 0xFFFFFFFE},
-        {"much width", 18, 0x7FFFFFFF},
-        {"no height", 22, 0},
-        {"no height again", 22, 0x80000000},
-        {"much height", 22, 20000},
-        {"17 bits a colour", 26, 17 << 16},
-        {"run lengths", 30, 1},
-        {"a colour table behind the end", 46, 256},
+    // Where the pixels are, size of the header, width, height, bits a colour, packing, size of the colour table.
+    const std::pair<std::size_t, std::vector<std::uint32_t>> lies[] = {
+        {10, {0xFFFFFFFF}},
+        {14, {0xFFFFFFFF, 12}},
+        {18, {0, 0xFFFFFFFE, 0x7FFFFFFF}},
+        {22, {0, 0x80000000, 20000}},
+        {26, {17 << 16}},
+        {30, {1}},
+        {46, {256}},
     };
-    for (const auto& lie : lies) {
-        icons::ByteWriter number;
-        number.u32(lie.number);
-        EXPECT_TRUE(load(Bytes(whole).replace(lie.at, 4, number.bytes())).empty()) << lie.claim;
-    }
+    for (const auto& [at, claims] : lies)
+        for (const std::uint32_t claim : claims) {
+            icons::ByteWriter number;
+            number.u32(claim);
+            EXPECT_TRUE(load(Bytes(whole).replace(at, 4, number.bytes())).empty()) << at << ": " << claim;
+        }
     EXPECT_FALSE(load(whole).empty());
 }
 

@@ -55,6 +55,8 @@ TEST_F(FilesContract, AppendingMakesTheFileAndGoesOnAtItsEnd) {
     EXPECT_EQ(files.append(path, "two", written), Success);
     EXPECT_EQ(written, 3u);
     EXPECT_EQ(system.readFile("LOG"), "one\r\ntwo") << "under any case of its name";
+    EXPECT_EQ(files.remove(system.path("LOG")), Success);
+    EXPECT_EQ(search("*"), std::vector<std::string>{});
 }
 
 TEST_F(FilesContract, MissingFilesAndFoldersAreToldApart) {
@@ -98,17 +100,14 @@ TEST_F(FilesContract, AFolderIsNoFile) {
 TEST_F(FilesContract, ASearchFindsWhatItsWildcardSays) {
     for (const char* name : {"b.tvf", "A.TVF", "c.reg", "no extension"}) system.writeFile(name, "");
     ASSERT_EQ(files.createFolder(system.path("d.tvf")), Success);
-    const struct {
-        const char* wildcard;
-        std::vector<std::string> names;
-    } rows[] = {
+    const std::pair<const char*, std::vector<std::string>> rows[] = {
         {"*.tvf", {"A.TVF", "b.tvf", "d.tvf"}},
         {"?.reg", {"c.reg"}},
         {"*.*", {"A.TVF", "b.tvf", "c.reg", "d.tvf", "no extension"}},
         {"B.TVF", {"b.tvf"}},
         {"no*", {"no extension"}},
     };
-    for (const auto& row : rows) EXPECT_EQ(search(row.wildcard), row.names) << row.wildcard;
+    for (const auto& [wildcard, names] : rows) EXPECT_EQ(search(wildcard), names) << wildcard;
 
     FoundFile found;
     Files::Search search = 0;
@@ -129,12 +128,6 @@ TEST_F(FilesContract, AFolderListsItselfAndItsParentToo) {
     EXPECT_EQ(found.name, "..");
     EXPECT_TRUE(found.attributes & FileAttributeDirectory);
     files.findClose(search);
-}
-
-TEST_F(FilesContract, ARemovedFileIsGone) {
-    system.writeFile("file", "x");
-    EXPECT_EQ(files.remove(system.path("FILE")), Success);
-    EXPECT_EQ(search("*"), std::vector<std::string>{});
 }
 
 // What a disk does that a test cannot ask of a real one.

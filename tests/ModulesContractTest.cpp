@@ -81,18 +81,18 @@ TEST_F(ModulesContract, StringsAreReadUpToTheirLimit) {
     modules.FreeLibrary(module);
 }
 
-TEST_F(ModulesContract, WhatIsNoProgramFileIsNotLoaded) {
+TEST_F(ModulesContract, WhatIsNoProgramFileIsNotLoadedButOneMayHoldNothing) {
     EXPECT_EQ(modules.LoadLibraryExA(system.path("absent.dll")), 0u);
     EXPECT_EQ(modules.lastError(), FileNotFound);
+    EXPECT_NE(modules.FormatMessageA(FileNotFound), "");
+    EXPECT_FALSE(modules.FormatMessageA(FileNotFound).ends_with('\n'));
+    EXPECT_EQ(modules.FormatMessageA(0x2BADF00D), "");
     for (const char* bytes : {"", "MZ", "plain text that is longer than a header of a program file has to be"}) {
         system.writeFile("text.dll", bytes);
         EXPECT_EQ(modules.LoadLibraryExA(system.path("text.dll")), 0u) << bytes;
         EXPECT_NE(modules.lastError(), Success);
         EXPECT_EQ(modules.countIcons(system.path("text.dll")), 0u) << bytes;
     }
-}
-
-TEST_F(ModulesContract, AProgramFileMayHoldNothing) {
     const std::string path = system.addProgram("empty.dll", {});
     const Module module = modules.LoadLibraryExA(path);
     ASSERT_NE(module, 0u);
@@ -127,22 +127,8 @@ TEST_F(ModulesContract, ADamagedImageBecomesNone) {
     const Bytes valid = icons::image(32, 4).bytes;
     for (std::size_t length = 0; length < valid.size(); ++length)
         ASSERT_EQ(modules.CreateIconFromResource({valid.data(), length}, 32, 32), 0u) << length << " bytes";
-    const struct {
-        std::size_t at;
-        std::uint8_t byte;
-    } damages[] = {{0, 12}, {0, 0}, {7, 0x7F}, {7, 0xFF}, {11, 0x7F}, {11, 0x80}, {14, 3}, {14, 64}, {35, 0xFF}};
-    for (const auto& damage : damages) {
-        Bytes image = valid;
-        image[damage.at] = damage.byte;
-        EXPECT_EQ(modules.CreateIconFromResource(image, 32, 32), 0u) << damage.at << ": " << int{damage.byte};
-    }
-}
-
-TEST_F(ModulesContract, ResultCodesHaveTexts) {
-    for (const Result code : {FileNotFound, AccessDenied, BadExeFormat, NoSuchResource}) {
-        const std::string text = modules.FormatMessageA(code);
-        EXPECT_NE(text, "") << code;
-        EXPECT_FALSE(text.ends_with('\n')) << code;
-    }
-    EXPECT_EQ(modules.FormatMessageA(0x2BADF00D), "");
+    const std::pair<std::size_t, std::uint8_t> damages[] = {{0, 12},    {0, 0},  {7, 0x7F}, {7, 0xFF}, {11, 0x7F},
+                                                            {11, 0x80}, {14, 3}, {14, 64},  {35, 0xFF}};
+    for (const auto& [at, byte] : damages)
+        EXPECT_EQ(modules.CreateIconFromResource(Bytes(valid).replace(at, 1, 1, byte), 32, 32), 0u) << at;
 }

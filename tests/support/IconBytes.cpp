@@ -43,12 +43,6 @@ Image image(int size, int bits, std::uint8_t seed) {
     return described(size, bits, out.bytes());
 }
 
-Image pngImage(int size) {
-    ByteWriter out;
-    out.u32(0x474E5089).u32(0x0A1A0A0D).u32(0x0D000000).u32(0x52444849).fill(17);
-    return described(size, 32, out.bytes());
-}
-
 Bytes group(const std::vector<Image>& images, std::uint16_t firstId) {
     ByteWriter out;
     header(out, images.size());

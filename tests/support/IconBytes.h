@@ -40,7 +40,6 @@ struct Image {
 
 // A valid image of `size` pixels (1 to 256); `seed` makes images of one size differ.
 Image image(int size, int bits, std::uint8_t seed = 0);
-Image pngImage(int size);  // signature and some bytes: enough for what looks no further
 
 // The directory of a program file (type 14); image k is the resource `firstId` + k.
 Bytes group(const std::vector<Image>& images, std::uint16_t firstId);
