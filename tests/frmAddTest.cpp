@@ -72,18 +72,6 @@ TEST_F(frmAddTest, WithAGapTheZoneOfThatNumberIsWrittenOver) {
     EXPECT_EQ(system.text(key("6"), "DisplayName"), "New & \"quoted\"");
 }
 
-TEST_F(frmAddTest, TellsTheUserWhenTheNewZoneIsNotWhole) {
-    refuseEachWrite([&] {
-        removeZone("7");
-        window->RebuildList();
-        frmAdd form(program);
-        form.load();
-        fill(form);
-        form.cmdGeneral.click();
-        EXPECT_FALSE(form.loaded()) << "the zone is there";
-    });
-}
-
 TEST_F(frmAddTest, StaysOpenWhenTheZoneCannotBeMade) {
     add([&](frmAdd& form) {
         fill(form);

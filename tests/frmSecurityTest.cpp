@@ -1,7 +1,5 @@
 #include "editing/frmSecurity.h"
 
-#include <chrono>
-
 #include "support/EditingFixture.h"
 
 namespace {
@@ -51,10 +49,8 @@ protected:
 
 TEST_F(frmSecurityTest, ShowsTheBrowsersSettingsWithTheZonesOptions) {
     system.registry.watch.reset();
-    const auto start = std::chrono::steady_clock::now();
     int groups = 0, settings = 0, options = 0, selected = 0;
     customise("5", [&](frmSecurity& form) {
-        const auto taken = std::chrono::steady_clock::now() - start;
         const ui::TreeView& tree = form.TVMRTreeView1;
         for (int i = 1; i <= tree.count(); ++i) {
             const ui::TreeNode& node = tree.node(i);
@@ -65,15 +61,9 @@ TEST_F(frmSecurityTest, ShowsTheBrowsersSettingsWithTheZonesOptions) {
             EXPECT_EQ(std::to_string(*system.dword(key("5"), node.tag.substr(0, comma))), node.tag.substr(comma + 1));
         }
         EXPECT_EQ(tree.visibleNode(), 1);
-        std::printf("%d settings with %d options: %d registry calls from the click on the zone, %lld ms\n", settings,
-                    options, system.registry.watch.calls(),
-                    static_cast<long long>(std::chrono::duration_cast<std::chrono::milliseconds>(taken).count()));
-        EXPECT_LE(system.registry.watch.calls(), 1500);
+        EXPECT_LE(system.registry.watch.calls(), 1500) << "from the click on the zone";
     });
-    EXPECT_EQ(groups, 7);
-    EXPECT_EQ(settings, 22);
-    EXPECT_EQ(options, 68);
-    EXPECT_EQ(selected, 22);
+    EXPECT_EQ((std::vector{groups, settings, options, selected}), (std::vector{7, 22, 68, 22}));
 }
 
 TEST_F(frmSecurityTest, SelectsNoOptionForAValueThatIsMissingOrUnknown) {
@@ -227,19 +217,4 @@ TEST_F(frmSecurityTest, ShowsWhatIsInForceWhenAWriteIsRefused) {
         form.TVMRTreeView1.click(4);
     });
     EXPECT_FALSE(system.exists(key("2")));
-}
-
-TEST_F(frmSecurityTest, ShowsAThousandSettings) {
-    system.deleteTree(Settings);
-    describe("A", "Group");
-    for (int i = 0; i < 1000; ++i) {
-        const std::string setting = "A\\S" + std::to_string(i);
-        describe(setting, setting);
-        option(setting + "\\1", "Enable", std::to_string(i), 0);
-    }
-    system.setDword(key("2"), "999", 0);
-    customise("2", [&](frmSecurity& form) {
-        ASSERT_EQ(form.TVMRTreeView1.count(), 2001);
-        EXPECT_TRUE(form.TVMRTreeView1.node(2001).selected);
-    });
 }

@@ -58,24 +58,6 @@ struct EditingFixture : testing::Test {
         "The registry refused a change. The zone does not have all of the new values.";
     static constexpr const char* NoZone = "The registry has no such zone. The changes could not be saved.";
 
-    // Does `action` with each of its writes refused in turn: each time the user must be told, once. `check` looks at
-    // what is there afterwards.
-    void refuseEachWrite(
-        const std::function<void()>& action, const std::function<void()>& check = [] {}) {
-        watched::Watch& watch = system.registry.watch;
-        watch.reset();
-        action();
-        const int writes = watch.calls("RegSetValueExA");
-        EXPECT_GT(writes, 0);
-        for (int n = 1; n <= writes; ++n) {
-            SCOPED_TRACE("write " + std::to_string(n) + " refused");
-            watch.failOn("RegSetValueExA", n, platform::AccessDenied);
-            system.desktop.expectMessage(Refused, ui::Answer::Ok);
-            action();
-            check();
-        }
-    }
-
 private:
     template <class F>
     void use(const std::function<void(F&)>& script, const std::function<void()>& open) {
