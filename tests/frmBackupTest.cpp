@@ -49,51 +49,31 @@ TEST_F(BackupDialog, WritesBothFilesWhenEnterIsPressed) {
 }
 
 TEST_F(BackupDialog, KeepsOfTheZonesKeyItselfOnlyAnEmptyDefaultValue) {
-    const struct {
-        const char* data;
-        const char* line;
-    } cases[] = {{"", "@=\"\"\r\n"}, {"text", ""}};
-    for (const auto& c : cases) {
-        system.setText(Zones, "", c.data);
+    for (const std::string text : {"", "text"}) {
+        system.setText(Zones, "", text);
         system.setDword(Zones, "SelfHealCount", 1);
-        backUp("");
-        EXPECT_TRUE(exported().ends_with(Head + c.line + "\r\n")) << exported();
+        backUp(text.empty() ? "" : "   ");
+        EXPECT_TRUE(exported().ends_with(Head + (text.empty() ? "@=\"\"\r\n\r\n" : "\r\n"))) << exported();
+        EXPECT_TRUE(zoneFile().ends_with("Desc=" + name + "\r\n")) << "named by its time";
     }
+    // Two backups within one second share their files.
+    EXPECT_EQ(exported(), Head + "@=\"\"\r\n\r\n" + Head + "\r\n");
 }
 
-TEST_F(BackupDialog, NamesABackupWithoutDescriptionByItsTime) {
-    for (const char* blank : {"", "   "}) {
-        backUp(blank);
-        EXPECT_TRUE(zoneFile().ends_with("Desc=" + name + "\r\n"));
-    }
-    EXPECT_EQ(exported(), Head + "\r\n" + Head + "\r\n");  // two backups within one second share their files
-}
-
-TEST_F(BackupDialog, GivesZonesWithoutAUsableIconTheProgramsOwn) {
-    const char* icons[] = {"shdocvw.dll", "", "\"a\"b#1"};
-    for (const char* icon : icons) {
-        system.setText(zoneKey("0"), "Icon", icon);
-        backUp("x");
-        EXPECT_TRUE(zoneFile().ends_with("\r\n" + system.programFolder() + "\\Tavimor.exe#1;;;;;;\r\n")) << icon;
-    }
-}
-
-TEST_F(BackupDialog, ListsZonesInTheRegistrysOrderAndNumbersOfAnySize) {
+TEST_F(BackupDialog, ListsZonesInTheRegistrysOrderWithIconsAndNumbersThatCanBeUsed) {
     for (const char* zone : {"0", "1", "2", "10"}) system.setText(zoneKey(zone), "DisplayName", zone);
-    system.setDword(zoneKey("10"), "Flags", 0xFFFFFFFF);
+    system.setText(zoneKey("0"), "Icon", "shdocvw.dll");
+    system.setText(zoneKey("1"), "Icon", "\"a\"b#1");
     system.setText(zoneKey("2"), "MinLevel", "no number");
+    system.setDword(zoneKey("10"), "MinLevel", 65536);
+    system.setDword(zoneKey("10"), "RecommendedLevel", 69632);
+    system.setDword(zoneKey("10"), "Flags", 0xFFFFFFFF);
     backUp("x");
     std::string expected = "Desc=x\r\n";
     for (const std::string& zone : system.keys(Zones))
-        expected +=
-            system.programFolder() + "\\Tavimor.exe#1;" + zone + ";;;;;" + (zone == "10" ? "4294967295" : "") + "\r\n";
+        expected += system.programFolder() + "\\Tavimor.exe#1;" + zone +
+                    (zone == "10" ? ";;;65536;69632;4294967295\r\n" : ";;;;;\r\n");
     EXPECT_EQ(zoneFile(), expected);
-}
-
-TEST_F(BackupDialog, WritesNothingWhenItIsCancelled) {
-    use<frmBackup>([](frmBackup& form) { form.pressEscape(); });
-    use<frmBackup>([](frmBackup& form) { form.cmdCancel.click(); });
-    EXPECT_TRUE(system.filesIn(system.programFolder()).empty());
 }
 
 TEST_F(BackupDialog, ShowsTheHourglassAndTakesNoSecondPressWhileItWrites) {
@@ -150,33 +130,24 @@ TEST_F(BackupDialog, FinishesTheBackupWhenItIsClosedMeanwhile) {
 
 TEST_F(BackupDialog, TellsOfEachFileThatCannotBeWrittenAndKeepsWhatWas) {
     // Zones that take several writes.
-    for (int zone = 0; zone < 4; ++zone)
-        system.setText(zoneKey(std::to_string(zone)), "Description", std::string(40000, 'x'));
+    for (const char* zone : {"0", "1", "2", "3"}) system.setText(zoneKey(zone), "Description", std::string(40000, 'x'));
     backUp("whole");
-    const std::string wholeExport = exported(), wholeZones = zoneFile();
+    const std::string whole[] = {exported(), zoneFile()};
     const int writes = system.files.watch.calls("append");
     ASSERT_GE(writes, 8);
-
     for (int failing = 1; failing <= writes; ++failing) {
+        SCOPED_TRACE(failing);
         system.system.now.hour = failing;
         const std::string stamp = backup::baseName(system.system.now);
         system.files.watch.reset();
         system.files.watch.failOn("append", failing, platform::DiskFull);
-        const bool inExport = failing <= writes / 2;
+        const bool inZones = failing > writes / 2;
         // The dialog is closed all the same, after the other file has been tried.
-        backUp("whole", {inExport ? "frmBackup.SaveRegFile" : "frmBackup.SaveZoneFile"}, stamp);
-        const std::string damaged = file(stamp + (inExport ? ".reg" : ".tvf"));
-        const std::string other = file(stamp + (inExport ? ".tvf" : ".reg"));
-        EXPECT_TRUE(other == (inExport ? wholeZones : wholeExport)) << failing;
-        const bool nothing = failing == 1 || failing == writes / 2 + 1;
-        EXPECT_EQ(damaged == "(no file)", nothing) << failing;
-        EXPECT_TRUE(nothing || (inExport ? wholeExport : wholeZones).starts_with(damaged)) << failing;
+        backUp("whole", {inZones ? "frmBackup.SaveZoneFile" : "frmBackup.SaveRegFile"}, stamp);
+        const std::string files[] = {file(stamp + ".reg"), file(stamp + ".tvf")};
+        EXPECT_TRUE(files[!inZones] == whole[!inZones]);
+        EXPECT_TRUE(files[inZones] == "(no file)" || whole[inZones].starts_with(files[inZones]));
     }
-}
-
-TEST_F(BackupDialog, TellsOfAFileInTheFoldersPlace) {
-    system.writeFile("Backups", "");
-    backUp("x", {"frmBackup.SaveRegFile", "frmBackup.SaveZoneFile"}, "Backups");
 }
 
 TEST_F(BackupDialog, CostsOneRegistryCallAValueAndFewWrites) {
@@ -185,10 +156,7 @@ TEST_F(BackupDialog, CostsOneRegistryCallAValueAndFewWrites) {
         for (int value = 0; value < ValueCount; ++value)
             system.setDword(zoneKey(std::to_string(zone)), std::to_string(1000 + value), 3);
     system.registry.watch.reset();
-    backup::writeExport(program, "x", [] {});
-    EXPECT_LE(system.registry.watch.calls(), ZoneCount * (ValueCount + 16));
-    EXPECT_LE(system.files.watch.calls("append"), ZoneCount);
-    system.registry.watch.reset();
     backUp("both files");
     EXPECT_LE(system.registry.watch.calls(), ZoneCount * (ValueCount + 16));
+    EXPECT_LE(system.files.watch.calls("append"), ZoneCount);
 }
