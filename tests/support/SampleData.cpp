@@ -4,6 +4,7 @@
 #include <charconv>
 #include <optional>
 
+#include "zones/Defaults.h"
 #include "zones/zones.h"
 
 namespace sample {
@@ -90,54 +91,6 @@ constexpr const char* Browser =
 #include "browser.reg.inc"
     ;
 
-struct ZoneData {
-    const char *name, *description, *icon;
-    std::uint32_t flags, level, minimum, recommended;
-};
-constexpr ZoneData Zones[] = {
-    {"My Computer", "Your computer", "explorer.exe#0100", 0x21, 0, 0, 0},
-    {"Local intranet", "This zone contains all Web sites that are on your organization's intranet.", "shell32.dll#0018",
-     0xDB, 0x10500, 0x10000, 0x10500},
-    {"Trusted sites", "This zone contains Web sites that you trust not to damage your computer or data.",
-     "inetcpl.cpl#00004480", 0x47, 0x10000, 0x10000, 0x10000},
-    {"Internet", "This zone contains all Web sites you haven't placed in other zones", "inetcpl.cpl#001313", 0x01,
-     0x11000, 0x11000, 0x11000},
-    {"Restricted sites", "This zone contains Web sites that could potentially damage your computer or data.",
-     "inetcpl.cpl#00004481", 0x03, 0x12000, 0x12000, 0x12000},
-};
-
-struct ActionData {
-    const char* name;
-    std::uint32_t settings[5];  // by zone
-};
-constexpr ActionData Actions[] = {
-    {"1001", {0, 1, 0, 1, 3}},
-    {"1004", {0, 3, 1, 3, 3}},
-    {"1200", {0, 0, 0, 0, 3}},
-    {"1201", {1, 3, 1, 3, 3}},
-    {"1400", {0, 0, 0, 0, 3}},
-    {"1402", {0, 0, 0, 0, 3}},
-    {"1405", {0, 0, 0, 0, 3}},
-    {"1406", {0, 1, 0, 3, 3}},
-    {"1407", {0, 0, 0, 0, 3}},
-    {"1601", {0, 0, 0, 1, 1}},
-    {"1604", {0, 0, 0, 0, 1}},
-    {"1605", {0, 0, 0, 0, 0}},
-    {"1606", {0, 0, 0, 0, 3}},
-    {"1607", {0, 0, 0, 0, 3}},
-    {"1800", {0, 1, 0, 1, 3}},
-    {"1802", {0, 0, 0, 0, 1}},
-    {"1803", {0, 0, 0, 0, 3}},
-    {"1804", {0, 1, 0, 1, 3}},
-    {"1805", {0, 0, 0, 1, 1}},
-    {"1A00", {0, 0x20000, 0, 0x20000, 0x10000}},
-    {"1A02", {0, 0, 0, 0, 3}},
-    {"1A03", {0, 0, 0, 0, 3}},
-    {"1A04", {0, 0, 0, 3, 3}},
-    {"1C00", {0x20000, 0x20000, 0x30000, 0x10000, 0}},
-    {"1E05", {0x30000, 0x20000, 0x30000, 0x20000, 0x10000}},
-};
-
 }  // namespace
 
 Entry text(std::string path, std::string name, std::string_view text) {
@@ -174,23 +127,29 @@ std::string_view browserFile() {
     return Browser;
 }
 
+// Each with the settings of the browser's level that it is at; My Computer with those of the lowest.
 std::vector<Entry> builtInZones() {
     std::vector<Entry> entries;
-    for (std::size_t zone = 0; zone < std::size(Zones); ++zone) {
-        const ZoneData& data = Zones[zone];
-        std::string path = zones::ZonesKey;
-        path += "\\" + std::to_string(zone);
+    const std::vector<Entry> browser = readRegistryFile(Browser);
+    for (const zones::BuiltInZone& zone : zones::BuiltInZones) {
+        const bool computer = &zone == &zones::BuiltInZones[0];
+        const zones::Defaults& defaults = zones::defaultsOf(zone.zone);
+        const std::string path = std::string(zones::ZonesKey) + "\\" + zone.zone;
         entries.push_back(text(path, "", ""));
-        entries.push_back(text(path, "DisplayName", data.name));
-        entries.push_back(text(path, "Description", data.description));
-        entries.push_back(text(path, "Icon", data.icon));
-        entries.push_back(dword(path, "CurrentLevel", data.level));
-        if (data.minimum != 0) {  // My Computer has no levels to fall below or to return to
-            entries.push_back(dword(path, "MinLevel", data.minimum));
-            entries.push_back(dword(path, "RecommendedLevel", data.recommended));
+        entries.push_back(text(path, "DisplayName", zone.name));
+        entries.push_back(text(path, "Description", zone.description));
+        entries.push_back(text(path, "Icon", std::string(zone.iconFile) + "#" + zone.iconResource));
+        entries.push_back(dword(path, "CurrentLevel", computer ? 0 : defaults.recommendedLevel));
+        if (!computer) {  // which has no levels to fall below or to return to
+            entries.push_back(dword(path, "MinLevel", defaults.minimumLevel));
+            entries.push_back(dword(path, "RecommendedLevel", defaults.recommendedLevel));
         }
-        entries.push_back(dword(path, "Flags", data.flags));
-        for (const ActionData& action : Actions) entries.push_back(dword(path, action.name, action.settings[zone]));
+        entries.push_back(dword(path, "Flags", defaults.flags));
+        const std::string level =
+            std::string("\\TemplatePolicies\\") + zones::Levels[*zones::levelIndex(defaults.recommendedLevel)].name;
+        for (const Entry& setting : browser)
+            if (setting.path.ends_with(level) && setting.name[0] == '1')
+                entries.push_back({path, setting.name, setting.type, setting.data});
     }
     return entries;
 }
