@@ -100,13 +100,11 @@ void expectUniqueKeys(const std::vector<std::string>& captions) {
     }
 }
 
-void expectUniqueKeysInMenu(const std::deque<ui::MenuItem>& items) {
+template <class Items>
+std::vector<std::string> captionsOf(const Items& items) {
     std::vector<std::string> captions;
-    for (const ui::MenuItem& item : items) {
-        captions.push_back(item.caption());
-        expectUniqueKeysInMenu(item.items());
-    }
-    expectUniqueKeys(captions);
+    for (const ui::MenuItem& item : items) captions.push_back(item.caption());
+    return captions;
 }
 
 // What a user operates, and so must be able to reach with Tab.
@@ -135,10 +133,9 @@ std::string called(const ui::Control& control) {
 }  // namespace
 
 TEST_P(EveryForm, HasAccessKeysThatDoNotClash) {
-    expectUniqueKeysInMenu(form_->menu().items());
+    for (const ui::MenuItem& menu : form_->menu().items()) expectUniqueKeys(captionsOf(menu.items()));
     onEachPage([&] {
-        std::vector<std::string> captions;
-        for (const ui::MenuItem& item : form_->menu().items()) captions.push_back(item.caption());
+        std::vector<std::string> captions = captionsOf(form_->menu().items());
         for (const ui::Control* control : showing()) captions.push_back(control->accessText());
         expectUniqueKeys(captions);
     });
@@ -193,7 +190,7 @@ TEST_P(EveryForm, ShowsItsCaptionsWhole) {
     });
 }
 
-TEST_P(EveryForm, BindsEscapeAndEnter) {
+TEST_P(EveryForm, BindsEscapeAndEnterAndFitsOnASmallScreen) {
     bool hasButtons = false;
     for (ui::Control* control : form_->controls()) hasButtons |= dynamic_cast<ui::CommandButton*>(control) != nullptr;
     const bool dialog = form_->kind() == ui::Form::Kind::Dialog;
@@ -202,9 +199,6 @@ TEST_P(EveryForm, BindsEscapeAndEnter) {
     form_->load();
     form_->pressEscape();
     EXPECT_EQ(form_->loaded(), !dialog);  // the main window is closed by its menu and its box
-}
-
-TEST_P(EveryForm, FitsOnASmallScreen) {
     EXPECT_LE(form_->width(), 640 * 15);
     EXPECT_LE(form_->height(), 480 * 15);
 }

@@ -79,10 +79,7 @@ TEST_F(Deletion, AllZonesAreDeletedByTheirCount) {
 
 TEST_F(Deletion, WithoutZonesThereIsAnError) {
     for (const bool present : {true, false}) {
-        if (present)
-            system.makeKey(Zones);
-        else
-            system.deleteTree(Zones);
+        present ? system.makeKey(Zones) : system.deleteTree(Zones);
         expectError("There are no zones to delete.");
         registry.DeleteZone(zones::ZonesKey);
         expectError("There are no zones to delete.");
@@ -90,23 +87,16 @@ TEST_F(Deletion, WithoutZonesThereIsAnError) {
     }
 }
 
-TEST_F(Deletion, SitesOfAZoneAreFoundTwoLevelsDeep) {
+TEST_F(Deletion, SitesOfAZoneAreFoundTwoLevelsDeepAndTheirKeysAreWhatGoes) {
     makeSites();
-    const auto found = basMain::CheckForDomains(registry, strings, "5");
-    const std::vector<std::string> sites{"ftp://......", "http://www.example.com", "https://www.example.com",
-                                         "http://a.b.last.net"};
-    EXPECT_EQ(found.sites, sites);
-    const std::vector<std::string> keys{"..\\...", "example.com\\www", "example.com\\www", "last.net\\a.b"};
-    EXPECT_EQ(found.keys, keys);
-    for (const char* zone : {"6", "abc", "", "4294967296"})
-        EXPECT_TRUE(basMain::CheckForDomains(registry, strings, zone).sites.empty()) << zone;
-    system.deleteTree(Domains);
-    EXPECT_TRUE(basMain::CheckForDomains(registry, strings, "5").sites.empty());
-}
-
-TEST_F(Deletion, WhatTheKeysNameIsWhatGoes) {
-    makeSites();
-    for (const std::string& key : basMain::CheckForDomains(registry, strings, "5").keys) {
+    const auto find = [&](const char* zone) { return basMain::CheckForDomains(registry, strings, zone); };
+    const auto found = find("5");
+    EXPECT_EQ(found.sites, (std::vector<std::string>{"ftp://......", "http://www.example.com",
+                                                     "https://www.example.com", "http://a.b.last.net"}));
+    EXPECT_EQ(found.keys,
+              (std::vector<std::string>{"..\\...", "example.com\\www", "example.com\\www", "last.net\\a.b"}));
+    for (const char* zone : {"6", "abc", "", "4294967296"}) EXPECT_TRUE(find(zone).sites.empty()) << zone;
+    for (const std::string& key : found.keys) {
         registry.cD("\\");
         registry.cD(Domains);
         registry.DeleteKey(key);
@@ -114,7 +104,8 @@ TEST_F(Deletion, WhatTheKeysNameIsWhatGoes) {
     basMain::DeleteEmptyDomains(registry);
     EXPECT_EQ(system.keys(Domains), std::vector<std::string>{"example.com"});
     EXPECT_EQ(system.keys(Domains + "\\example.com").size(), 2u);
-    EXPECT_TRUE(basMain::CheckForDomains(registry, strings, "5").sites.empty());
+    system.deleteTree(Domains);
+    EXPECT_TRUE(find("5").sites.empty());
 }
 
 TEST_F(Deletion, ADomainThatCannotBeReadIsNotTakenForEmpty) {
@@ -127,11 +118,6 @@ TEST_F(Deletion, ADomainThatCannotBeReadIsNotTakenForEmpty) {
         system.registry.watch.reset();
         EXPECT_TRUE(system.exists(Domains + "\\example.com\\www")) << call;
     }
-}
-
-TEST_F(Deletion, TheDefaultIconIsOneOfTheBrowsersControlPanel) {
-    const std::string folder = system.platform().system.GetSystemDirectoryA();
-    EXPECT_EQ(registry.GetIconForOS(), folder + "\\Inetcpl.cpl#4487");
 }
 
 }  // namespace

@@ -13,21 +13,18 @@ using namespace std::string_literals;
 TEST(Util, PathsAreTakenApart) {
     TestSystem system;
     const struct {
-        const char *path, *folder, *name, *baseName, *extension;
+        const char *path, *parts;  // folder|base name|extension
     } cases[] = {
-        {"C:\\WINDOWS\\inetcpl.CPL", "C:\\WINDOWS\\", "inetcpl.CPL", "inetcpl", "CPL"},
-        {"C:\\Pro.gram\\readme", "C:\\Pro.gram\\", "readme", "readme", ""},
-        {"a.b.ico", "", "a.b.ico", "a.b", "ico"},
-        {"C:x.", "C:", "x.", "x", ""},
-        {"C:\\", "C:\\", "", "", ""},
-        {"", "", "", "", ""},
+        {"C:\\WINDOWS\\inetcpl.CPL", "C:\\WINDOWS\\|inetcpl|CPL"},
+        {"C:\\Pro.gram\\readme", "C:\\Pro.gram\\|readme|"},
+        {"a.b.ico", "|a.b|ico"},
+        {"C:x.", "C:|x|"},
+        {"", "||"},
     };
     for (const auto& c : cases) {
         const clsFileInfo file(system.platform(), c.path);
-        EXPECT_EQ(file.Folder(), c.folder);
-        EXPECT_EQ(file.Name(), c.name);
-        EXPECT_EQ(file.BaseName(), c.baseName);
-        EXPECT_EQ(file.Extension(), c.extension);
+        EXPECT_EQ(file.Folder() + "|" + file.BaseName() + "|" + file.Extension(), c.parts);
+        EXPECT_EQ(file.Folder() + file.Name(), c.path);
     }
 }
 
