@@ -16,18 +16,12 @@ std::unique_ptr<RealSystem> RealSystem::make() {
 
 #include "simulated/Names.h"
 #include "support/ProgramFileBytes.h"
+#include "win32/Desktop.h"
 #include "win32/Files.h"
 #include "win32/Memory.h"
 #include "win32/Modules.h"
 #include "win32/Registry.h"
 #include "win32/System.h"
-#if __has_include("win32/Desktop.h")
-#include "win32/Desktop.h"
-using RealDesktop = win32::Desktop;
-#else
-#include "simulated/Desktop.h"
-using RealDesktop = simulated::Desktop;
-#endif
 
 namespace {
 
@@ -115,7 +109,7 @@ private:
     win32::System system_;
     win32::Browser browser_;
     WaitingLauncher launcher_;
-    RealDesktop desktop_;
+    win32::Desktop desktop_;
 };
 
 }  // namespace

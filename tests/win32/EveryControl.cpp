@@ -1,35 +1,16 @@
 #include "EveryControl.h"
 
-namespace {
-
-void put(ui::Picture::Bytes& bytes, std::uint32_t value, int size) {
-    for (int i = 0; i < size; ++i) bytes.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
-}
-
-ui::Picture::Bytes bitmapHeader(std::uint32_t width, std::uint32_t height) {
-    ui::Picture::Bytes bytes;
-    put(bytes, 40, 4);
-    put(bytes, width, 4);
-    put(bytes, height, 4);
-    put(bytes, 1, 2);
-    put(bytes, 24, 2);
-    bytes.resize(40);
-    return bytes;
-}
-
-}  // namespace
+#include "support/IconBytes.h"
 
 ui::Picture plainIcon() {
-    ui::Picture::Bytes bytes = bitmapHeader(32, 64);
-    bytes.resize(40 + 32 * 32 * 3, 0x80);
-    bytes.resize(bytes.size() + 32 * 4, 0);
+    const platform::Bytes bytes = icons::image(32, 24).bytes;
     return {ui::Picture::Kind::Icon, {bytes.data(), bytes.size()}, 32, 32};
 }
 
 ui::Picture plainBitmap() {
-    ui::Picture::Bytes bytes = bitmapHeader(4, 4);
-    bytes.resize(40 + 4 * 4 * 3, 0x80);
-    return {ui::Picture::Kind::Bitmap, {bytes.data(), bytes.size()}, 4, 4};
+    icons::ByteWriter out;
+    out.u32(40).u32(4).u32(4).u16(1).u16(24).fill(24).fill(4 * 4 * 3, 0x80);
+    return {ui::Picture::Kind::Bitmap, {out.bytes().data(), out.size()}, 4, 4};
 }
 
 EveryControl::EveryControl(ui::Desktop& on, Kind kind) : Form(on, kind, "form", "Every control", {6400, 5800}) {

@@ -1,8 +1,7 @@
 // What the browser makes of an edited zone: after each edit, made with mouse and keyboard in the dialogs' windows, the
 // system's own zone manager is asked.
 #include "support/EditingFixture.h"
-#include "win32/Desktop.h"
-#include "win32/WindowsHeaders.h"
+#include "win32/EveryControl.h"
 // After the system's first header.
 #include <urlmon.h>
 
@@ -57,12 +56,6 @@ class ZoneManagerTest : public EditingFixture {
 protected:
     ZoneManager manager;
 
-    static HWND windowOf(const ui::Control& control) {
-        return reinterpret_cast<HWND>(win32::Desktop::nativeHandle(control));
-    }
-    static LRESULT ask(const ui::Control& control, UINT message, WPARAM w = 0, const void* l = nullptr) {
-        return SendMessageA(windowOf(control), message, w, reinterpret_cast<LPARAM>(l));
-    }
     void post(HWND at, UINT message, WPARAM w = 0, LPARAM l = 0) {
         PostMessageA(at, message, w, l);
         program.platform.desktop.doEvents();
@@ -84,7 +77,7 @@ protected:
     }
     void chooseTab(const ui::TabStrip& strip, int tab) {
         RECT place = {};
-        ask(strip, TCM_GETITEMRECT, static_cast<WPARAM>(tab - 1), &place);
+        ask(strip, TCM_GETITEMRECT, static_cast<WPARAM>(tab - 1), reinterpret_cast<LPARAM>(&place));
         clickAt(strip, (place.left + place.right) / 2, (place.top + place.bottom) / 2);
         EXPECT_EQ(strip.selected(), tab);
     }
@@ -102,10 +95,10 @@ protected:
         tree.ensureVisible(number);
         program.platform.desktop.doEvents();
         LRESULT item = ask(tree, TVM_GETNEXTITEM, TVGN_ROOT);
-        for (int i = 1; i < number; ++i) item = SendMessageA(windowOf(tree), TVM_GETNEXTITEM, TVGN_NEXTVISIBLE, item);
+        for (int i = 1; i < number; ++i) item = ask(tree, TVM_GETNEXTITEM, TVGN_NEXTVISIBLE, item);
         RECT label = {};
         *reinterpret_cast<LRESULT*>(&label) = item;
-        ask(tree, TVM_GETITEMRECT, TRUE, &label);
+        ask(tree, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&label));
         clickAt(tree, label.left + 3, (label.top + label.bottom) / 2);
     }
 };
