@@ -1,10 +1,8 @@
-// Forms as windows: modal and modeless, their hooks, what handlers throw, and that nothing of them is left over.
-#include <algorithm>
+// Forms as windows: modal and modeless, their hooks, and what handlers throw.
 #include <stdexcept>
 
 #include "EveryControl.h"
 #include "win32/Callbacks.h"
-#include "win32/Handles.h"
 
 namespace {
 
@@ -227,47 +225,6 @@ TEST_F(DesktopTest, TextTakesTheSpaceItIsGiven) {
     EXPECT_GT(desktop.textSize("R&D zone", 0, true).width, one.width);
     EXPECT_GT(desktop.textSize("R&D zone", 0, false).width, desktop.textSize("RD zone", 0, false).width);
     EXPECT_EQ(desktop.textSize("R&D zone", one.width - 100, false).height, 2 * one.height);
-}
-
-// The system numbers the handles of a kind in a table and takes the free place that was left last: what is not given
-// back moves the next new ones up.
-struct Handles {
-    static unsigned place(const void* handle) { return LOWORD(reinterpret_cast<std::uintptr_t>(handle)); }
-    unsigned drawing = 0, windows = 0;
-
-    static Handles next() {
-        Handles highest;
-        std::vector<win32::Bitmap> bitmaps;
-        std::vector<win32::MenuHandle> menus;
-        for (int i = 0; i < 200; ++i) {
-            bitmaps.emplace_back(CreateBitmap(1, 1, 1, 1, nullptr));
-            menus.emplace_back(CreatePopupMenu());
-            highest.drawing = std::max(highest.drawing, place(bitmaps.back().get()));
-            highest.windows = std::max(highest.windows, place(menus.back().get()));
-        }
-        return highest;
-    }
-};
-
-TEST_F(DesktopTest, OpeningAndClosingLeavesNothingBehind) {
-    const auto open = [&](int times) {
-        for (int i = 0; i < times; ++i) {
-            EveryControl form(desktop, i % 2 ? Kind::Main : Kind::Dialog);
-            form.ok.setToolTip("Tip");
-            form.icons.add(plainIcon());
-            form.tree.setImages(&form.icons);
-            form.picture.setPicture(plainIcon());
-            form.setHook([](const ui::WindowMessage&) { return std::nullopt; });
-            whenShown(form, [&] { form.unload(); });
-            form.showModal();
-        }
-    };
-    open(3);
-    const Handles before = Handles::next();
-    open(30);
-    const Handles after = Handles::next();
-    EXPECT_LT(after.drawing, before.drawing + 15);
-    EXPECT_LT(after.windows, before.windows + 15);
 }
 
 }  // namespace
