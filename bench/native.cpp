@@ -108,7 +108,7 @@ void exportCalls(benchmark::State& state) {
     state.counters["writes"] = static_cast<double>(system.files.watch.calls("append")) / Zones;
 }
 
-constexpr int Repetitions = 7;
+constexpr int Repetitions = 15;
 
 // Keeps every repetition's processor time, for medians, and shows the usual table.
 class Results : public benchmark::ConsoleReporter {
@@ -146,7 +146,7 @@ int main(int count, char** arguments) {
     const auto add = [](const char* name, void (*measured)(benchmark::State&)) {
         return benchmark::RegisterBenchmark(name, measured)
             ->Repetitions(Repetitions)
-            ->MinTime(0.05)
+            ->MinTime(0.1)
             ->Unit(benchmark::kMicrosecond);
     };
     add("parse", parse)->Arg(10000)->Arg(20000);
