@@ -17,26 +17,6 @@ constexpr ui::Bounds At{120, 120, 1200, 300};
 
 }  // namespace
 
-TEST_F(Controls, RaiseTheirEventForTheUserOnly) {
-    ui::TextBox text(form_, "text", At);
-    ui::CheckBox check(form_, "check", At, "Check");
-    ui::ComboBox combo(form_, "combo", At);
-    ui::TabStrip tabs(form_, "tabs", At, {"A", "B"});
-    combo.setItems({"x", "y"});
-    text.onChange = check.onClick = combo.onClick = tabs.onClick = count_;
-    text.setText("set");
-    check.setChecked(true);
-    combo.setListIndex(1);
-    tabs.setSelected(2);
-    EXPECT_EQ(raised_, 0);
-    text.type("typed");
-    check.click();
-    combo.choose(0);
-    tabs.choose(1);
-    EXPECT_EQ(raised_, 4);
-    EXPECT_EQ(text.text() + (check.checked() ? "1" : "0") + combo.text(), "typedset0x");
-}
-
 TEST_F(Controls, AreDeafWhenDisabledOrHiddenWithTheirContainer) {
     ui::PictureBox page(form_, "page", {0, 0, 3000, 3000});
     ui::CommandButton button(page, "button", At, "Press");
@@ -125,23 +105,6 @@ TEST_F(Controls, ATreeMarksOneOptionUnderEachParent) {
     tree.pressSpace();
     EXPECT_EQ(marks(), "1100");
     EXPECT_EQ(clicked, (std::vector<int>{options[0], options[1], options[1]}));
-}
-
-TEST_F(Controls, EnterAndEscapePressTheFormsButtons) {
-    ui::CommandButton ok(form_, "ok", At, "OK"), cancel(form_, "cancel", At, "Cancel");
-    ok.onClick = count_;
-    form_.load();
-    form_.setDefaultButton(ok);
-    form_.pressEnter();
-    EXPECT_EQ(raised_, 1);
-    form_.pressEscape();  // no cancel button: the dialog closes
-    EXPECT_FALSE(form_.loaded());
-    form_.load();
-    cancel.onClick = count_;
-    form_.setCancelButton(cancel);
-    form_.pressEscape();
-    EXPECT_EQ(raised_, 2);
-    EXPECT_TRUE(form_.loaded());
 }
 
 TEST_F(Controls, FocusIsAnnouncedOnceAndRefusedByWhatCannotTakeIt) {

@@ -89,21 +89,6 @@ ui::Picture bitmapPicture() {
     return {ui::Picture::Kind::Bitmap, {bytes.data(), bytes.size()}, 2, 2};
 }
 
-TEST_F(ExtractIconTest, ABitmapResourceIsDrawnOrLeavesTheBoxEmpty) {
-    changeProgram(Library, [](simulated::ProgramFile& file) {
-        file.add(platform::RtBitmap, std::uint16_t{7}, smallBitmap());
-        file.add(platform::RtBitmap, "CUT", smallBitmap().substr(0, 50));
-    });
-    const auto extractBitmap = [&](const std::string& reference) {
-        box.setPicture(picture(32, 1));
-        basMain::ExtractBitmap(program, reference, "#", box);
-        return box.picture();
-    };
-    EXPECT_EQ(extractBitmap("zones.cpl#07"), bitmapPicture());
-    for (const char* reference : {"zones.cpl#8", "zones.cpl#CUT", "none.dll#7", ""})
-        EXPECT_TRUE(extractBitmap(reference).empty()) << reference;
-}
-
 TEST_F(ExtractIconTest, APictureComesFromAnIconABitmapOrAProgramFile) {
     writeFile("a.ico", icons::file(icons::usualImages(4)));
     writeFile("a,4480.ico", icons::file(icons::usualImages(4)));

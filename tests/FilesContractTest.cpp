@@ -117,32 +117,3 @@ TEST_F(FilesContract, ASearchFindsWhatItsWildcardSays) {
     files.findClose(search);
     EXPECT_EQ(files.findNext(search, found), InvalidHandle);
 }
-
-// Nobody who lists a folder may trip over these.
-TEST_F(FilesContract, AFolderListsItselfAndItsParentToo) {
-    FoundFile found;
-    Files::Search search = 0;
-    ASSERT_EQ(files.findFirst(system.path("*"), search, found), Success);
-    EXPECT_EQ(found.name, ".");
-    EXPECT_EQ(files.findNext(search, found), Success);
-    EXPECT_EQ(found.name, "..");
-    EXPECT_TRUE(found.attributes & FileAttributeDirectory);
-    files.findClose(search);
-}
-
-// What a disk does that a test cannot ask of a real one.
-TEST(SimulatedFiles, FailAsFullAndProtectedDisksDo) {
-    TestSystem system(TestSystem::On::Simulation);
-    simulated::Files& disk = system.simulation()->files;
-    std::uint32_t written = 0;
-    disk.capacity = 5;
-    EXPECT_EQ(system.files.create(system.path("full"), "12345678", written), DiskFull);
-    EXPECT_EQ(written, 5u);
-    EXPECT_EQ(system.readFile("full"), "12345");
-    disk.capacity.reset();
-
-    disk.setReadOnly(system.programFolder(), true);
-    EXPECT_EQ(system.files.create(system.path("new"), "x", written), AccessDenied);
-    EXPECT_EQ(system.files.createFolder(system.path("Logs")), AccessDenied);
-    EXPECT_EQ(system.files.remove(system.path("full")), AccessDenied);
-}

@@ -113,16 +113,6 @@ TEST_F(ModulesContract, IconsAreCountedInProgramAndIconFiles) {
     EXPECT_EQ(modules.countIcons(system.path("absent.exe")), 0u);
 }
 
-TEST_F(ModulesContract, EverySizeAndDepthBecomesAnIcon) {
-    for (const int size : {1, 16, 32, 48, 256})
-        for (const int bits : {1, 4, 8, 24, 32}) {
-            const icons::Image image = icons::image(size, bits);
-            const IconHandle icon = modules.CreateIconFromResource(image.bytes, size, size);
-            EXPECT_NE(icon, 0u) << size << " pixels, " << bits << " bits";
-            modules.DestroyIcon(icon);
-        }
-}
-
 TEST_F(ModulesContract, ADamagedImageBecomesNone) {
     const Bytes valid = icons::image(32, 4).bytes;
     for (std::size_t length = 0; length < valid.size(); ++length)

@@ -3,7 +3,6 @@
 #include "app/basMain.h"
 #include "app/clsIEInfo.h"
 #include "app/frmMain.h"
-#include "errors/frmError.h"
 #include "support/TestSystem.h"
 
 namespace {
@@ -61,12 +60,4 @@ TEST_F(StartUp, NeedsABrowserThatIsRegistered) {
         basMain::Main(system_.platform(), running);
         EXPECT_FALSE(running.window);
     }
-}
-
-TEST_F(StartUp, EndsAtOnceWhenTheUserEndsItFromTheErrorDialog) {
-    system_.setBrowserVersion("5.00.2614.3500");
-    system_.deleteTree(zones::ZonesKey);
-    system_.desktop.expectForm<frmError>([](frmError& dialog) { dialog.cmdEnd.click(); });
-    basMain::Running running;
-    EXPECT_THROW(basMain::Main(system_.platform(), running), ui::EndProgram);
 }

@@ -27,14 +27,6 @@ struct cResourcesTest : IconFixture {
     }
 };
 
-TEST(ResourceTypeName, IsOtherWhereTheSystemHasNone) {
-    const std::pair<platform::ResourceId, const char*> names[] = {
-        {std::uint16_t{0}, "Other (0)"}, {std::uint16_t{12}, "Group Cursor"}, {std::uint16_t{13}, "Other (13)"},
-        {std::uint16_t{23}, "HTML"},     {std::uint16_t{24}, "Other (24)"},   {"TYPELIB", "TYPELIB"},
-    };
-    for (const auto& [type, name] : names) EXPECT_EQ(cResources::TypeName(type), name);
-}
-
 TEST_F(cResourcesTest, TypesAndNamesComeInTheOrderOfTheFile) {
     changeProgram(Library, [](simulated::ProgramFile&) {});
     EXPECT_EQ(types(), std::vector<std::string>());

@@ -261,16 +261,4 @@ TEST_F(clsFileIconTest, TheImageThatServesASizeBestIsFound) {
     EXPECT_EQ(failure([&] { icon.ImageForWidth(32); }), "Icon contains no images.");
 }
 
-TEST_F(clsFileIconTest, OnlyAnImageTheSystemTakesIsDrawn) {
-    std::vector<Image> images{image(32, 4), image(16, 4)};
-    images[1].bytes.assign(images[1].bytes.size(), 0xFF);
-    ASSERT_EQ(loadFile(icons::file(images)), "");
-    icon.DrawIconImage(0, box);
-    EXPECT_EQ(box.picture().width(), 32);
-    EXPECT_EQ(box.picture(), icon.IconPicture(0));
-    EXPECT_NE(icon.IconHandle(0).handle(), 0U);
-    EXPECT_EQ(failure([&] { icon.DrawIconImage(1, box); }), "Icon image is damaged.");
-    EXPECT_EQ(box.picture(), icon.IconPicture(0)) << "the box keeps what it shows";
-}
-
 }  // namespace

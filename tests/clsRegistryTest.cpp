@@ -1,7 +1,6 @@
 #include "registry/clsRegistry.h"
 
 #include <limits>
-#include <random>
 
 #include "support/Core.h"
 
@@ -133,32 +132,6 @@ TEST_F(clsRegistry_, ReadingAndWritingInTurnOpensTheKeyOnce) {
         EXPECT_EQ(registry.ValueOf("Value")->number, i);
     }
     EXPECT_EQ(system.registry.watch.calls(), 22);
-}
-
-// Refused calls among them: what was opened is closed on every way out.
-TEST_F(clsRegistry_, TenThousandOperationsLeaveNoHandleOpen) {
-    registry.cD("\\");
-    std::mt19937 random(19990318);
-    const std::string places[] = {"\\", Upper, "\\HKEY_LOCAL_MACHINE", "\\HKEY_CURRENT_USER\\Nowhere", "..", ".",
-                                  "A",  "A\\B"};
-    const std::string names[] = {"A", "B", "A\\B"};
-    for (int i = 0; i < 10000; ++i) {
-        if (random() % 50 == 0)
-            system.registry.watch.failOn(static_cast<int>(1 + random() % 4), platform::AccessDenied);
-        const std::string &name = names[random() % 3], place = places[random() % 8];
-        const bool ours = registry.CurrentKey().starts_with(Upper), top = registry.CurrentKey().empty();
-        const auto operation = random() % 10;
-        if (operation == 0) registry.DirKey();
-        if (operation == 1) registry.DirValue();
-        if (operation == 2) registry.ValueOf(name);
-        if (operation == 3 && ours) registry.MakeKey(name);
-        if (operation == 4 && ours) registry.DeleteKey(name);
-        if (operation == 5 && ours) registry.ValueOf(name, ValueType::String, name);
-        if (operation > 5 && (!top || place.starts_with('\\'))) registry.cD(place);
-        ASSERT_LE(system.registry.openHandles(), 1u);
-    }
-    registry.cD("\\");
-    EXPECT_EQ(system.registry.openHandles(), 0u);
 }
 
 // Values --------------------------------------------------------------------------------------------------------
@@ -296,21 +269,6 @@ TEST_F(clsRegistry_, ValuesOfTheWrongTypeAreRefusedAndNothingIsWritten) {
         EXPECT_FALSE(system.value(TestsKey, "Value"));
     }
     EXPECT_EQ(registry.CurrentKey(), Upper);
-}
-
-TEST_F(clsRegistry_, AListedNumberIsTakenApartIntoItsForms) {
-    for (const std::uint32_t number : {0u, 9u, 999u, 1000u, 66816u, 1000000u, 0x80000000u, 1000000000u, 0xFFFFFFFFu}) {
-        system.setDword(TestsKey, "Value", number);
-        const std::string text = registry.DirValue()->front().text;
-        std::string decimal = registry.ParseDWord(text, 2);
-        EXPECT_EQ(decimal.size(), 13u);
-        std::erase(decimal, ',');
-        EXPECT_EQ(std::stoul(decimal), number);
-        EXPECT_EQ(registry.ParseDWord(text, 1).size(), 8u);
-        EXPECT_EQ(std::stoul(registry.ParseDWord(text, 1), nullptr, 16), number);
-        EXPECT_EQ(registry.ParseDWord(text, 0) + registry.ParseDWord(text, 3), "");
-    }
-    EXPECT_EQ(registry.ParseDWord("", 1) + registry.ParseDWord("", 2) + registry.ParseDWord("text", 2), "");
 }
 
 }  // namespace

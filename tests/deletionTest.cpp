@@ -77,16 +77,6 @@ TEST_F(Deletion, AllZonesAreDeletedByTheirCount) {
     EXPECT_EQ(zonesNow(), "5=Zone 5+");
 }
 
-TEST_F(Deletion, WithoutZonesThereIsAnError) {
-    for (const bool present : {true, false}) {
-        present ? system.makeKey(Zones) : system.deleteTree(Zones);
-        expectError("There are no zones to delete.");
-        registry.DeleteZone(zones::ZonesKey);
-        expectError("There are no zones to delete.");
-        registry.DeleteAndRename(zones::ZonesKey, "0");
-    }
-}
-
 TEST_F(Deletion, SitesOfAZoneAreFoundTwoLevelsDeepAndTheirKeysAreWhatGoes) {
     makeSites();
     const auto find = [&](const char* zone) { return basMain::CheckForDomains(registry, strings, zone); };

@@ -38,29 +38,6 @@ TEST_F(frmAddTest, MakesASafeZoneUnderTheNextNumberAndCloses) {
     EXPECT_EQ(window->lvwZones.item(8).text, "New & \"quoted\"");
 }
 
-TEST_F(frmAddTest, MakesNothingOfABlankName) {
-    add([&](frmAdd& form) {
-        system.desktop.expectMessage("You must give this zone a name.", ui::Answer::Ok);
-        form.cmdGeneral.click();
-        EXPECT_TRUE(form.loaded());
-    });
-    EXPECT_FALSE(system.exists(key("7")));
-}
-
-TEST_F(frmAddTest, BrowsesForIconsFromTheWindowsFolderOn) {
-    add([&](frmAdd& form) {
-        system.desktop.expectFile(std::nullopt);
-        form.details.picIcon.click();
-        const ui::OpenFileRequest& asked = system.desktop.lastFileRequest();
-        EXPECT_EQ(asked.start, program.platform.system.GetWindowsDirectoryA() + "\\");
-        EXPECT_EQ(asked.title, "Browse for icons");
-        EXPECT_EQ(asked.defaultExtension, "DLL");
-        EXPECT_EQ(asked.filter,
-                  "All Icon Files (*.dll;*.exe;*.ocx)|*.dll;*.exe;*.ocx|Dynamic Link Libraries (*.dll)|*.dll|"
-                  "Programs (*.exe)|*.exe|ActiveX Controls (*.ocx)|*.ocx");
-    });
-}
-
 TEST_F(frmAddTest, WithAGapTheZoneOfThatNumberIsWrittenOver) {
     removeZone("3");
     window->RebuildList();

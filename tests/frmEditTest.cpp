@@ -128,6 +128,7 @@ TEST_F(frmEditTest, AnIconIsChosenFromAFileAndSavedWithApply) {
         const ui::Picture before = picture.picture();
         system.desktop.expectFile(std::nullopt);
         picture.click();
+        EXPECT_EQ(system.desktop.lastFileRequest().start, "inetcpl.cpl");
         EXPECT_EQ(picture.picture(), before);
         system.desktop.expectFile(file);
         system.desktop.expectForm<frmIconSelector>([](frmIconSelector& selector) {

@@ -226,13 +226,6 @@ TEST_F(MainWindow, ReportsSavedSettingsThatAreMissingOrNoLengths) {
 
 // The rest of the window ----------------------------------------------------------------------------------------
 
-TEST_F(MainWindow, GrowsWithItsSeparator) {
-    window().userResized({9000, 6000});
-    EXPECT_EQ(window().lines().front().right, 9000);
-    EXPECT_EQ(window().lvwZones.bounds().right(), 9000 - 120);
-    EXPECT_LT(window().lines().front().top, window().cmdZoneOption(0).top());
-}
-
 TEST_F(MainWindow, LetsNobodyDragAZone) {
     window();
     const std::int32_t before = basErrors::ProcCount;
