@@ -1,4 +1,4 @@
-// The controls without any native half: what a program sets is silent, what a user does raises the event once.
+// The controls without any native half: what a user does to them raises the event once.
 #include <gtest/gtest.h>
 
 #include "simulated/Desktop.h"
