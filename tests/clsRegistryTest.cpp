@@ -1,6 +1,7 @@
 #include "registry/clsRegistry.h"
 
 #include <limits>
+#include <random>
 
 #include "support/Core.h"
 
@@ -135,6 +136,46 @@ TEST_F(clsRegistry_, ReadingAndWritingInTurnOpensTheKeyOnce) {
 }
 
 // Values --------------------------------------------------------------------------------------------------------
+
+// Refused calls among them: what was opened is closed on every way out.
+TEST_F(clsRegistry_, TenThousandOperationsLeaveNoHandleOpen) {
+    registry.cD("\\");
+    std::mt19937 random(19990318);
+    const std::string absolute[] = {"\\", "\\" + TestsKey, "\\HKEY_LOCAL_MACHINE", "\\HKEY_CURRENT_USER\\Nowhere"};
+    const std::string relative[] = {"..", ".", "A", "B", "A\\B", "Nowhere"};
+    const std::string names[] = {"A", "B", "A\\B"};
+    auto& watch = system.registry.watch;
+    {
+        clsRegistry session(system.platform(), strings);
+        for (int i = 0; i < 10000; ++i) {
+            if (random() % 50 == 0) watch.failOn(static_cast<int>(1 + random() % 4), platform::AccessDenied);
+            const std::string& name = names[random() % std::size(names)];
+            const bool ours = session.CurrentKey().starts_with(Upper);
+            const auto operation = random() % 10;
+            if (operation == 0)
+                session.DirKey();
+            else if (operation == 1)
+                session.DirValue();
+            else if (operation == 2)
+                session.ValueOf(name);
+            else if (operation == 3 && ours)
+                session.MakeKey(name);
+            else if (operation == 4 && ours)
+                session.DeleteKey(name);
+            else if (operation == 5 && ours)
+                session.ValueOf(name, ValueType::String, name);
+            else if (operation < 8 && !session.CurrentKey().empty())
+                session.cD(relative[random() % std::size(relative)]);
+            else
+                session.cD(absolute[random() % std::size(absolute)]);
+            ASSERT_LE(system.registry.openHandles(), 1u);
+        }
+        watch.reset();
+        session.cD(Upper);
+        EXPECT_EQ(system.registry.openHandles(), 1u);
+    }
+    EXPECT_EQ(system.registry.openHandles(), 0u);
+}
 
 TEST_F(clsRegistry_, ValuesReadAndListByWhatIsStored) {
     using namespace platform;

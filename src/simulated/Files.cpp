@@ -10,7 +10,7 @@ using namespace platform;
 
 namespace {
 
-constexpr std::uint32_t AttributeReadOnly = 1, AttributeArchive = 32;
+constexpr std::uint32_t AttributeArchive = 32;
 
 // The parts of a path: drive, folders, name. A path without drive begins at the root of drive C.
 std::vector<std::string> partsOf(const std::string& path) {
@@ -44,7 +44,6 @@ bool matches(std::string_view name, std::string_view pattern) {
 struct Files::Node {
     std::string name;
     bool folder = false;
-    bool readOnly = false;
     std::string bytes;
     std::vector<std::unique_ptr<Node>> children;  // as they were made: no search comes sorted
 
@@ -58,9 +57,7 @@ struct Files::Node {
         children.back()->folder = isFolder;
         return *children.back();
     }
-    std::uint32_t attributes() const {
-        return (folder ? FileAttributeDirectory : AttributeArchive) | (readOnly ? AttributeReadOnly : 0);
-    }
+    std::uint32_t attributes() const { return folder ? FileAttributeDirectory : AttributeArchive; }
 };
 
 // Where a path leads: `node` is what is there, `folder` what holds it or would. No folder: the way there is missing.
@@ -104,10 +101,6 @@ void Files::addFile(const std::string& path, std::string_view bytes) {
     const Place there = place(path);
     Node& file = there.node ? *there.node : there.folder->add(there.name, false);
     file.bytes = bytes;
-}
-
-void Files::setReadOnly(const std::string& path, bool readOnly) {
-    if (const Place there = place(path); there.node) there.node->readOnly = readOnly;
 }
 
 Result Files::findFirst(const std::string& pattern, Search& search, FoundFile& found) {
@@ -168,41 +161,34 @@ Result Files::fileToWrite(const std::string& path, Node*& file) {
     if (path.empty()) return PathNotFound;
     const Place there = place(path);
     if (!there.folder) return PathNotFound;
-    if (there.node && (there.node->folder || there.node->readOnly)) return AccessDenied;
-    if (!there.node && there.folder->readOnly) return AccessDenied;
+    if (there.node && there.node->folder) return AccessDenied;
     file = there.node ? there.node : &there.folder->add(there.name, false);
     return Success;
-}
-
-Result Files::write(Node& file, std::string_view bytes, std::uint32_t& written) {
-    const std::size_t room = capacity.value_or(bytes.size());
-    const std::string_view fitting = bytes.substr(0, room);
-    file.bytes += fitting;
-    if (capacity) *capacity -= fitting.size();
-    written = static_cast<std::uint32_t>(fitting.size());
-    return fitting.size() == bytes.size() ? Success : DiskFull;
 }
 
 Result Files::create(const std::string& path, std::string_view bytes, std::uint32_t& written) {
     written = 0;
     Node* file = nullptr;
     if (const Result code = fileToWrite(path, file); code != Success) return code;
-    file->bytes.clear();
-    return write(*file, bytes, written);
+    file->bytes = bytes;
+    written = static_cast<std::uint32_t>(bytes.size());
+    return Success;
 }
 
 Result Files::append(const std::string& path, std::string_view bytes, std::uint32_t& written) {
     written = 0;
     Node* file = nullptr;
     if (const Result code = fileToWrite(path, file); code != Success) return code;
-    return write(*file, bytes, written);
+    file->bytes += bytes;
+    written = static_cast<std::uint32_t>(bytes.size());
+    return Success;
 }
 
 Result Files::remove(const std::string& path) {
     if (path.empty()) return PathNotFound;
     const Place there = place(path);
     if (!there.node) return there.missing();
-    if (there.node->folder || there.node->readOnly || there.folder->readOnly) return AccessDenied;
+    if (there.node->folder) return AccessDenied;
     std::erase_if(there.folder->children, [&](const auto& child) { return child.get() == there.node; });
     return Success;
 }
@@ -212,7 +198,6 @@ Result Files::createFolder(const std::string& path) {
     const Place there = place(path);
     if (there.node) return AlreadyExists;
     if (!there.folder) return PathNotFound;
-    if (there.folder->readOnly) return AccessDenied;
     there.folder->add(there.name, true);
     return Success;
 }

@@ -3,7 +3,6 @@
 
 #include <map>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,10 +22,6 @@ public:
     // What tests arrange. Folders above are made; an existing file is replaced.
     void addFolder(const std::string& path);
     void addFile(const std::string& path, std::string_view bytes);
-    // Nothing can be written to a read-only file, and nothing made or removed in a read-only folder.
-    void setReadOnly(const std::string& path, bool readOnly);
-    // Bytes that can still be written before the disk is full; nothing: no end.
-    std::optional<std::size_t> capacity;
     std::size_t openSearches() const { return searches_.size(); }
 
     Result findFirst(const std::string& pattern, Search& search, platform::FoundFile& found) override;
@@ -46,7 +41,6 @@ private:
 
     Place place(const std::string& path) const;
     Result fileToWrite(const std::string& path, Node*& file);
-    Result write(Node& file, std::string_view bytes, std::uint32_t& written);
 
     std::unique_ptr<Node> root_;  // holds the drives
     std::map<Search, Matches> searches_;
