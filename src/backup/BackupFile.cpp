@@ -61,8 +61,8 @@ std::string read(platform::Platform& platform, const std::string& path, std::siz
     return bytes;
 }
 
-BackupFile::BackupFile(platform::Platform& platform, const std::string& name)
-    : platform_(platform), path_(folder(platform) + name) {
+BackupFile::BackupFile(platform::Platform& platform, const clsRegistry& registry, const std::string& name)
+    : platform_(platform), registry_(registry), failuresBefore_(registry.Failures()), path_(folder(platform) + name) {
     makeFolder(platform, folder(platform));
 }
 
@@ -76,10 +76,10 @@ void BackupFile::line(std::string_view text) {
 }
 
 void BackupFile::endOfZone() {
-    if (pending_.size() >= WorthWriting) close();
+    if (pending_.size() >= WorthWriting) writePending();
 }
 
-void BackupFile::close() {
+void BackupFile::writePending() {
     if (pending_.empty()) return;
     std::uint32_t written = 0;
     const std::size_t size = pending_.size();
@@ -90,9 +90,9 @@ void BackupFile::close() {
              code != platform::Success ? code : platform::DiskFull);
 }
 
-void BackupFile::close(const clsRegistry& registry, std::uint32_t failures) {
-    close();
-    if (registry.Failures() == failures) return;
+void BackupFile::close() {
+    writePending();
+    if (registry_.Failures() == failuresBefore_) return;
     throw basErrors::Error(basErrors::NumberFileAccess, "backup",
                            "The registry could not be read as a whole. The backup \"" + path_ + "\" is not complete.");
 }

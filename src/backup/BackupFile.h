@@ -31,8 +31,8 @@ std::string read(platform::Platform& platform, const std::string& path, std::siz
 // What the disk refuses throws basErrors::Error; what was written before stays.
 class BackupFile {
 public:
-    // A file in the backups folder, which is made when it is missing.
-    BackupFile(platform::Platform& platform, const std::string& name);
+    // A file in the backups folder, which is made when it is missing; what goes into it is read from `registry`.
+    BackupFile(platform::Platform& platform, const clsRegistry& registry, const std::string& name);
     // Writes what is left, so that an error elsewhere loses no line. Nobody can be told when that fails.
     ~BackupFile();
     BackupFile(const BackupFile&) = delete;
@@ -41,14 +41,16 @@ public:
     void line(std::string_view text);
     // A zone is complete: a good moment to write, when enough has been collected.
     void endOfZone();
+    // Throws also when the registry has failed since the file was begun: something is missing in it.
     void close();
-    // Closes it, and throws when the registry has failed since it was at `failures`: something is missing in the file.
-    void close(const clsRegistry& registry, std::uint32_t failures);
 
 private:
+    void writePending();
     platform::Result append(std::uint32_t& written);
 
     platform::Platform& platform_;
+    const clsRegistry& registry_;
+    std::uint32_t failuresBefore_;
     std::string path_;
     std::string pending_;
 };

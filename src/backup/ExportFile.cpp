@@ -59,11 +59,10 @@ std::optional<std::string> exportLine(clsRegistry& registry, clsStrings& strings
 }
 
 void writeExport(Program& program, const std::string& baseName, const std::function<void()>& afterValue) {
-    BackupFile file(program.platform, baseName + ".reg");
+    BackupFile file(program.platform, program.registry, baseName + ".reg");
     for (const char* text : {"REGEDIT4", "", ";This file created by Tavimor.", ";Please do not modify this file.", ""})
         file.line(text);
 
-    const std::uint32_t failures = program.registry.Failures();
     zones::goToZones(program.registry);
     file.line(keyLine(zones::ZonesKey));
     // The default value of a DWORD or binary type, or one that holds text, is none the file knows.
@@ -74,7 +73,7 @@ void writeExport(Program& program, const std::string& baseName, const std::funct
 
     if (const auto keys = program.registry.DirKey())
         for (const std::string& zone : *keys) writeZone(program, zone, file, afterValue);
-    file.close(program.registry, failures);
+    file.close();
 }
 
 }  // namespace backup

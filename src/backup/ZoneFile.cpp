@@ -45,10 +45,9 @@ ZoneFields readZone(Program& program, const std::string& zone) {
 }  // namespace
 
 void writeZones(Program& program, const std::string& baseName, const std::string& description) {
-    BackupFile file(program.platform, baseName + ".tvf");
+    BackupFile file(program.platform, program.registry, baseName + ".tvf");
     file.line(std::string(DescriptionMark) + description);
 
-    const std::uint32_t failures = program.registry.Failures();
     zones::goToZones(program.registry);
     if (const auto keys = program.registry.DirKey()) {
         for (const std::string& zone : *keys) {
@@ -56,7 +55,7 @@ void writeZones(Program& program, const std::string& baseName, const std::string
             file.endOfZone();
         }
     }
-    file.close(program.registry, failures);
+    file.close();
 }
 
 }  // namespace backup
