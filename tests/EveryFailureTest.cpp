@@ -433,7 +433,7 @@ private:
         EXPECT_EQ(world_.system.modules.loaded(), 0);
         EXPECT_EQ(world_.system.modules.icons(), 0);
         EXPECT_EQ(world_.system.memory.blocks(), 0);
-        EXPECT_EQ(world_.system.launcher.open, 0);
+        EXPECT_TRUE(world_.system.launcher.open.empty());
     }
 
     const Action& action_;

@@ -188,7 +188,7 @@ TEST_F(Restoring, HandsTheExportToTheRegistryEditorAndDoesNotWait) {
     EXPECT_EQ(window.lvwZones.selected(), 2);
     EXPECT_EQ(program.selection.zone, "1");
     EXPECT_FALSE(window.tmrImport.enabled());
-    EXPECT_EQ(system.launcher.open, 0);
+    EXPECT_TRUE(system.launcher.open.empty());
 }
 
 TEST_F(Restoring, ShowsWhatThereIsWhileTheImportRunsAndTheRestWhenItHasEnded) {

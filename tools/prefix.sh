@@ -10,6 +10,7 @@
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
 . "$root/tools/wine-env.sh"
+. "$root/tools/once.sh"
 
 case $1 in
     test | release) key='Drivers' value='"Graphics"="null"' ;;
@@ -19,13 +20,10 @@ case $1 in
 esac
 prefix=$prefixes/$1
 # What tests run on follows this script; what a person has changed in the others stays.
-if [[ $1 =~ ^(test|release)$ && "$0" -nt "$prefix/.complete" ]]; then rm -f "$prefix/.complete"; fi
-if [ ! -e "$prefix/.complete" ]; then
-    mkdir -p "$prefixes"
-    exec 9>"$prefix.lock"
-    flock 9
-fi
-if [ ! -e "$prefix/.complete" ]; then
+follows=
+[[ ! $1 =~ ^(test|release)$ ]] || follows=$0
+
+make_prefix() {
     echo "making the Wine prefix $prefix (once, about fifteen seconds)" >&2
     [ ! -d "$prefix" ] || WINEPREFIX=$prefix wineserver -k || true
     rm -rf "$prefix"
@@ -43,6 +41,7 @@ if [ ! -e "$prefix/.complete" ]; then
         cat "$prefix/wineboot.log" >&2
         exit 1
     fi
-    touch "$prefix/.complete"
-fi
+}
+
+made_once "$prefix" "$follows" make_prefix
 echo "$prefix"

@@ -7,6 +7,7 @@
 # programs; without these it says so and fails. tools/wine-env.sh tells how the result is used.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
+. "$root/tools/once.sh"
 home=$root/build/wine32
 tree=$home/tree
 packages='wine32 libwine libz-mingw-w64 libgcc-s1 zlib1g libfreetype6 libpng16-16 libbrotli1 libfontconfig1 libexpat1
@@ -99,20 +100,15 @@ check() {
         fail "this machine does not run 32-bit programs: $version"
 }
 
-[ "$home/.complete" -nt "$0" ] || rm -f "$home/.complete"
-if [ ! -e "$home/.complete" ]; then
-    mkdir -p "$home/bin"
-    exec 9>"$home.lock"
-    flock 9
-fi
-if [ ! -e "$home/.complete" ]; then
+make_wine() {
     echo "making a 32-bit Wine in $home (once, about half a minute)" >&2
+    mkdir -p "$home/bin"
     download
     unpack
     write_starter wine wine
     write_starter wineserver wineserver32
     check
-    touch "$home/.complete"
-else
-    check
-fi
+}
+
+made_once "$home" "$0" make_wine
+check

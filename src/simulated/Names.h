@@ -34,40 +34,28 @@ inline bool same(std::string_view a, std::string_view b) {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return fold(x) == fold(y); });
 }
 
-// Wine lists keys and values in text order, Windows 95 in the order in which they were made.
-enum class Order { Text, Creation };
-
-// Things with a unique `name`, whose case does not matter.
+// Things with a unique `name`, whose case does not matter, in the order of their names.
 template <class T>
 class NamedList {
 public:
-    std::size_t size() const { return made_.size(); }
-    bool empty() const { return made_.empty(); }
-    const std::shared_ptr<T>& at(std::size_t index, Order order) const {
-        return order == Order::Text ? sorted_[index] : made_[index];
-    }
+    std::size_t size() const { return all_.size(); }
+    bool empty() const { return all_.empty(); }
+    const std::shared_ptr<T>& at(std::size_t index) const { return all_[index]; }
     std::shared_ptr<T> find(std::string_view name) const {
         const auto place = placeOf(name);
-        return place != sorted_.end() && same((*place)->name, name) ? *place : nullptr;
+        return place != all_.end() && same((*place)->name, name) ? *place : nullptr;
     }
-    std::shared_ptr<T> add(std::shared_ptr<T> item) {
-        sorted_.insert(placeOf(item->name), item);
-        made_.push_back(item);
-        return item;
-    }
-    void remove(const std::shared_ptr<T>& item) {
-        std::erase(sorted_, item);
-        std::erase(made_, item);
-    }
-    const std::vector<std::shared_ptr<T>>& all() const { return made_; }
+    void add(std::shared_ptr<T> item) { all_.insert(placeOf(item->name), std::move(item)); }
+    void remove(const std::shared_ptr<T>& item) { std::erase(all_, item); }
+    const std::vector<std::shared_ptr<T>>& all() const { return all_; }
 
 private:
     auto placeOf(std::string_view name) const {
-        return std::lower_bound(sorted_.begin(), sorted_.end(), name,
+        return std::lower_bound(all_.begin(), all_.end(), name,
                                 [](const auto& item, std::string_view n) { return before(item->name, n); });
     }
 
-    std::vector<std::shared_ptr<T>> sorted_, made_;
+    std::vector<std::shared_ptr<T>> all_;
 };
 
 }  // namespace simulated

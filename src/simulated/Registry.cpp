@@ -269,7 +269,7 @@ Result Registry::RegEnumKeyExA(HKey key, std::uint32_t index, char* name, std::u
     std::shared_ptr<Key> found;
     if (const Result code = resolve(key, KeyEnumerateSubKeys, found); code != Success) return code;
     if (index >= found->keys.size()) return NoMoreItems;
-    return copyName(found->keys.at(index, order)->name, name, length);
+    return copyName(found->keys.at(index)->name, name, length);
 }
 
 Result Registry::RegEnumValueA(HKey key, std::uint32_t index, char* name, std::uint32_t& length, RegType& type,
@@ -277,7 +277,7 @@ Result Registry::RegEnumValueA(HKey key, std::uint32_t index, char* name, std::u
     std::shared_ptr<Key> found;
     if (const Result code = resolve(key, KeyQueryValue, found); code != Success) return code;
     if (index >= found->values.size()) return NoMoreItems;
-    const Value& value = *found->values.at(index, order);
+    const Value& value = *found->values.at(index);
     const Result dataFits = copyData(value.type, value.data, type, data, size);
     const Result nameFits = copyName(value.name, name, length);
     return nameFits != Success ? nameFits : dataFits;

@@ -27,7 +27,6 @@ public:
 
     // Windows 95 and 98 delete a key with everything below it, NT refuses one that has subkeys.
     bool deletesSubtrees = false;
-    Order order = Order::Text;
     // Handles that have not been closed; predefined ones do not count.
     std::size_t openHandles() const { return handles_.size(); }
 

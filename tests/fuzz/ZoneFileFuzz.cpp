@@ -21,13 +21,6 @@ void expect(bool held, const char* promise) {
     std::abort();
 }
 
-// Without any line ends: neither which ones there were nor whether the last line had one is kept by the lines.
-std::string withoutEnds(std::string_view text) {
-    std::string rest(text);
-    std::erase_if(rest, [](char c) { return c == '\r' || c == '\n'; });
-    return rest;
-}
-
 std::size_t endsIn(std::string_view text) {
     std::size_t ends = 0;
     for (std::size_t i = 0; i < text.size(); ++i)
@@ -36,22 +29,12 @@ std::size_t endsIn(std::string_view text) {
 }
 
 void checkLines(std::string_view bytes, const std::vector<std::string>& lines) {
-    std::string all;
-    for (const std::string& line : lines) {
-        expect(line.find_first_of("\r\n") == std::string::npos, "a line holds no line end");
-        all += line;
-    }
-    expect(all == withoutEnds(bytes), "the lines hold everything but the line ends");
+    std::string all, withoutEnds(bytes);
+    for (const std::string& line : lines) all += line;
+    std::erase_if(withoutEnds, [](char c) { return c == '\r' || c == '\n'; });
+    expect(all == withoutEnds, "the lines hold everything but the line ends");
     const bool open = !bytes.empty() && bytes.back() != '\n' && bytes.back() != '\r';
     expect(lines.size() == endsIn(bytes) + (open ? 1 : 0), "every line end ends one line");
-}
-
-// The elements of a line that the tokenizer has taken, with the delimiters between them.
-std::string rejoined(const clsStrings& strings, std::int32_t count) {
-    std::string line = strings.ElementAsString(1);
-    for (std::int32_t element = 2; element <= count; ++element)
-        line.append(1, ';').append(strings.ElementAsString(element));
-    return line;
 }
 
 // Nothing when the tokenizer refuses the line.
@@ -59,14 +42,13 @@ std::int32_t countOf(clsStrings& strings, const std::string& line) {
     try {
         const std::int32_t count = strings.Initialise(line, ";");
         expect(count >= 1, "a line has an element");
-        expect(rejoined(strings, count) == line, "the elements are the line");
-        expect(strings.ElementAsString(0).empty() && strings.ElementAsString(count + 1).empty(),
-               "there are no elements beside those counted");
+        std::string rejoined = strings.ElementAsString(1);
+        for (std::int32_t i = 2; i <= count; ++i) rejoined.append(1, ';').append(strings.ElementAsString(i));
+        expect(rejoined == line, "the elements are the line");
         return count;
     } catch (const basErrors::Error& error) {
         expect(error.number() == 0x80040064, "a line is refused for its quotes alone");
         expect(line.find('"') != std::string::npos, "a line without quotes is taken");
-        expect(strings.ElementAsString(1).empty(), "nothing is left of a refused line");
         return 0;
     }
 }
@@ -77,8 +59,8 @@ void checkZoneLine(clsStrings& strings, const std::string& line, backup::ZoneFie
     try {
         backup::readZoneLine(strings, line, fields);
         expect(count != 0, "a line that the tokenizer refuses is no zone");
-    } catch (const basErrors::Error& error) {
-        expect(count == 0 && error.number() == 0x80040064, "only the tokenizer refuses a line");
+    } catch (const basErrors::Error&) {
+        expect(count == 0, "only the tokenizer refuses a line");
     }
     if (count == backup::FieldCount) {
         expect(backup::joined(fields) == line, "the joined fields of a full line are the line");

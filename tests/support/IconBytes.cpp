@@ -13,16 +13,6 @@ void entry(ByteWriter& out, const Image& image) {
     out.u32(image.claimedSize);
 }
 
-Image described(int size, int bits, Bytes bytes) {
-    Image image;
-    image.width = image.height = static_cast<std::uint8_t>(size);
-    image.colours = static_cast<std::uint8_t>(bits < 8 ? 1 << bits : 0);
-    image.bits = static_cast<std::uint16_t>(bits);
-    image.claimedSize = static_cast<std::uint32_t>(bytes.size());
-    image.bytes = std::move(bytes);
-    return image;
-}
-
 }  // namespace
 
 ByteWriter& ByteWriter::number(std::uint32_t value, int size) {
@@ -40,7 +30,13 @@ Image image(int size, int bits, std::uint8_t seed) {
         out.u8(colour * 16).u8(colour * 5).u8(255 - colour).u8(0);
     out.fill(row * side, static_cast<std::uint8_t>(0x11 * (seed % 15 + 1)));
     out.fill(maskRow * side);
-    return described(size, bits, out.bytes());
+    Image image;
+    image.width = image.height = static_cast<std::uint8_t>(size);
+    image.colours = static_cast<std::uint8_t>(bits < 8 ? 1 << bits : 0);
+    image.bits = static_cast<std::uint16_t>(bits);
+    image.claimedSize = static_cast<std::uint32_t>(out.size());
+    image.bytes = out.bytes();
+    return image;
 }
 
 Bytes group(const std::vector<Image>& images, std::uint16_t firstId) {

@@ -3,10 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
-#include <string>
-#include <vector>
-
 #include "support/TestSystem.h"
 #include "ui/Controls.h"
 #include "ui/Form.h"

@@ -1,4 +1,4 @@
-// Writes a program file that holds nothing but resources.
+// A program file that holds nothing but resources, as the real system writes them; none of them may be empty.
 #pragma once
 
 #include "platform/Registry.h"

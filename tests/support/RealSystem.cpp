@@ -8,11 +8,8 @@ std::unique_ptr<RealSystem> RealSystem::make() {
 
 #else
 
-#include <chrono>
 #include <filesystem>
 #include <map>
-#include <set>
-#include <thread>
 
 #include "simulated/Names.h"
 #include "support/ProgramFileBytes.h"
@@ -42,28 +39,6 @@ private:
     }
 };
 
-class WaitingLauncher : public win32::Launcher {
-public:
-    platform::Result start(const std::string& program, const std::string& arguments, Process& process) override {
-        const platform::Result code = win32::Launcher::start(program, arguments, process);
-        if (process != 0) processes_.insert(process);
-        return code;
-    }
-    void close(Process process) override {
-        processes_.erase(process);
-        win32::Launcher::close(process);
-    }
-    // Until all have ended, or half a minute.
-    void wait() {
-        for (const Process process : processes_)
-            for (int tries = 0; running(process) && tries < 3000; ++tries)
-                std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
-
-private:
-    std::set<Process> processes_;
-};
-
 class WindowsSystem : public RealSystem {
 public:
     WindowsSystem() {
@@ -76,15 +51,9 @@ public:
     }
     ~WindowsSystem() override { clear(); }
 
-    platform::Registry& registry() override { return registry_; }
-    platform::Files& files() override { return files_; }
-    platform::Modules& modules() override { return modules_; }
-    platform::Memory& memory() override { return memory_; }
-    platform::System& system() override { return system_; }
-    platform::Browser& browser() override { return browser_; }
-    platform::Launcher& launcher() override { return launcher_; }
-    ui::Desktop& desktop() override { return desktop_; }
-
+    platform::Platform platform() override {
+        return {registry_, files_, modules_, memory_, system_, browser_, launcher_, desktop_};
+    }
     std::string folder() override { return folder_.string(); }
     void addProgram(const std::string& path, const simulated::ProgramFile& program) override {
         const platform::Bytes bytes = programFileBytes(program);
@@ -92,7 +61,6 @@ public:
         files_.create(path, {reinterpret_cast<const char*>(bytes.data()), bytes.size()}, written);
         modules_.paths[simulated::fold(path.substr(path.rfind('\\') + 1))] = path;
     }
-    void waitForPrograms() override { launcher_.wait(); }
 
 private:
     // A file that somebody still holds open stays, and the folder's number is passed over.
@@ -108,7 +76,7 @@ private:
     win32::Memory memory_;
     win32::System system_;
     win32::Browser browser_;
-    WaitingLauncher launcher_;
+    win32::Launcher launcher_;
     win32::Desktop desktop_;
 };
 

@@ -14,18 +14,9 @@ public:
     static std::unique_ptr<RealSystem> make();
     virtual ~RealSystem() = default;
 
-    virtual platform::Registry& registry() = 0;
-    virtual platform::Files& files() = 0;
-    virtual platform::Modules& modules() = 0;
-    virtual platform::Memory& memory() = 0;
-    virtual platform::System& system() = 0;
-    virtual platform::Browser& browser() = 0;
-    virtual platform::Launcher& launcher() = 0;
-    virtual ui::Desktop& desktop() = 0;
-
+    virtual platform::Platform platform() = 0;
     // A folder of its own for each test, which goes with it.
     virtual std::string folder() = 0;
     // Writes a program file that holds what `program` says, and lets it be found by its name alone.
     virtual void addProgram(const std::string& path, const simulated::ProgramFile& program) = 0;
-    virtual void waitForPrograms() = 0;
 };

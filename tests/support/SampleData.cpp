@@ -1,8 +1,6 @@
 #include "support/SampleData.h"
 
-#include <cctype>
-#include <charconv>
-#include <optional>
+#include <sstream>
 
 #include "zones/Defaults.h"
 #include "zones/zones.h"
@@ -13,78 +11,15 @@ using namespace platform;
 
 namespace {
 
-// Reads one line of a registry file from left to right.
-class LineReader {
-public:
-    explicit LineReader(std::string_view line) : rest_(line) {}
-    bool take(std::string_view word) {
-        if (!rest_.starts_with(word)) return false;
-        rest_.remove_prefix(word.size());
-        return true;
+// Takes a quoted text, in which a backslash stands before quotes and backslashes, from the front.
+std::string takeQuoted(std::string_view& rest) {
+    std::string text;
+    for (rest.remove_prefix(1); !rest.empty() && rest[0] != '"'; rest.remove_prefix(1)) {
+        if (rest[0] == '\\' && rest.size() > 1) rest.remove_prefix(1);
+        text.push_back(rest[0]);
     }
-    // A quoted text with \\ and \" in it.
-    std::optional<std::string> quoted() {
-        if (!take("\"")) return {};
-        std::string text;
-        while (!rest_.empty() && !take("\"")) {
-            if (rest_.starts_with('\\') && rest_.size() > 1) rest_.remove_prefix(1);
-            text.push_back(rest_[0]);
-            rest_.remove_prefix(1);
-        }
-        return text;
-    }
-    std::optional<std::uint32_t> hexadecimal() {
-        std::uint32_t number = 0;
-        const auto parsed = std::from_chars(rest_.data(), rest_.data() + rest_.size(), number, 16);
-        if (parsed.ec != std::errc{}) return {};
-        rest_.remove_prefix(static_cast<std::size_t>(parsed.ptr - rest_.data()));
-        return number;
-    }
-
-private:
-    std::string_view rest_;
-};
-
-// The next line, with what a backslash at its end continues.
-std::string takeLine(std::string_view& text) {
-    std::string line;
-    while (!text.empty()) {
-        const std::size_t end = text.find('\n');
-        std::string_view part = text.substr(0, end);
-        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-        while (!part.empty() && std::isspace(static_cast<unsigned char>(part.back()))) part.remove_suffix(1);
-        if (!line.empty())
-            while (part.starts_with(' ')) part.remove_prefix(1);
-        line += part;
-        if (!line.starts_with('"') || !line.ends_with(",\\")) break;
-        line.pop_back();
-    }
-    return line;
-}
-
-bool readValue(const std::string& line, Entry& entry) {
-    LineReader reader(line);
-    const std::optional<std::string> name = reader.take("@") ? std::string() : reader.quoted();
-    if (!name || !reader.take("=")) return false;
-    entry.name = *name;
-    if (reader.take("dword:")) {
-        const auto number = reader.hexadecimal();
-        if (number) entry = dword(entry.path, *name, *number);
-        return number.has_value();
-    }
-    if (const auto data = reader.quoted()) {
-        entry = text(entry.path, *name, *data);
-        return true;
-    }
-    if (!reader.take("hex")) return false;
-    entry.type = RegBinary;
-    if (reader.take("(")) entry.type = reader.hexadecimal().value_or(RegBinary), reader.take(")");
-    if (!reader.take(":")) return false;
-    while (const auto byte = reader.hexadecimal()) {
-        entry.data.push_back(static_cast<std::uint8_t>(*byte));
-        if (!reader.take(",")) break;
-    }
-    return true;
+    if (!rest.empty()) rest.remove_prefix(1);
+    return text;
 }
 
 constexpr const char* Browser =
@@ -108,17 +43,28 @@ Entry dword(std::string path, std::string name, std::uint32_t number) {
 
 std::vector<Entry> readRegistryFile(std::string_view text) {
     std::vector<Entry> entries;
-    if (takeLine(text) != "REGEDIT4") return entries;
+    std::istringstream lines{std::string(text)};
     std::string path;
-    while (!text.empty()) {
-        const std::string line = takeLine(text);
-        Entry entry;
-        if (line.starts_with('[') && line.ends_with(']')) {
-            path = line.substr(1, line.size() - 2);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.ends_with('\r')) line.pop_back();
+        std::string_view rest = line;
+        if (rest.starts_with('[') && rest.ends_with(']')) {
+            path = rest.substr(1, rest.size() - 2);
             entries.push_back({path, {}, Entry::NoValue, {}});
         }
-        entry.path = path;
-        if (!path.empty() && readValue(line, entry)) entries.push_back(std::move(entry));
+        if (!rest.starts_with('@') && !rest.starts_with('"')) continue;
+        std::string name;
+        if (rest[0] == '"')
+            name = takeQuoted(rest);
+        else
+            rest.remove_prefix(1);
+        if (rest.starts_with("=dword:")) {
+            entries.push_back(
+                dword(path, name, static_cast<std::uint32_t>(std::stoul(line.substr(line.size() - 8), nullptr, 16))));
+        } else if (rest.starts_with("=\"")) {
+            rest.remove_prefix(1);
+            entries.push_back(sample::text(path, name, takeQuoted(rest)));
+        }
     }
     return entries;
 }

@@ -1,7 +1,8 @@
 #include "support/TestSystem.h"
 
-#include <charconv>
+#include <cstdio>
 #include <cstring>
+#include <thread>
 
 #include "support/RealSystem.h"
 #include "zones/zones.h"
@@ -29,22 +30,9 @@ constexpr const char* OwnedKeys[] = {
     Started,
 };
 
-struct Root {
-    const char* name;
-    HKey handle;
-};
-constexpr Root Roots[] = {
-    {"HKEY_CLASSES_ROOT", HKeyClassesRoot},     {"HKEY_CURRENT_USER", HKeyCurrentUser},
-    {"HKEY_LOCAL_MACHINE", HKeyLocalMachine},   {"HKEY_USERS", HKeyUsers},
-    {"HKEY_CURRENT_CONFIG", HKeyCurrentConfig}, {"HKEY_DYN_DATA", HKeyDynData},
-};
-
 std::pair<HKey, std::string> split(const std::string& path) {
-    const std::size_t end = std::min(path.find('\\'), path.size());
-    for (const Root& root : Roots)
-        if (simulated::same(path.substr(0, end), root.name))
-            return {root.handle, path.substr(std::min(end + 1, path.size()))};
-    return {0, ""};
+    return {path.starts_with("HKEY_LOCAL_MACHINE") ? HKeyLocalMachine : HKeyCurrentUser,
+            path.substr(path.find('\\') + 1)};
 }
 
 }  // namespace
@@ -60,12 +48,12 @@ Result RecordingLauncher::start(const std::string& program, const std::string& a
     process = 0;
     if (const auto code = watch.before("start")) return *code;
     const Result code = inner_.start(program, arguments, process);
-    if (code == Success) ++open;
+    if (process != 0) open.insert(process);
     return code;
 }
 
 void RecordingLauncher::close(Process process) {
-    if (process != 0) --open;
+    open.erase(process);
     inner_.close(process);
 }
 
@@ -78,27 +66,20 @@ struct TestSystem::Below {
         if (on == On::ThisSystem) real = RealSystem::make();
         if (!real) simulation = std::make_unique<Simulation>();
     }
-    Registry& registry() { return real ? real->registry() : simulation->registry; }
-    Files& files() { return real ? real->files() : simulation->files; }
-    Modules& modules() { return real ? real->modules() : simulation->modules; }
-    Memory& memory() { return real ? real->memory() : simulation->memory; }
-    System& system() { return real ? real->system() : simulation->system; }
-    Browser& browser() { return real ? real->browser() : simulation->browser; }
-    Launcher& launcher() { return real ? real->launcher() : simulation->launcher; }
-    ui::Desktop& desktop() { return real ? real->desktop() : simulation->desktop; }
-    std::string folder() { return real ? real->folder() : simulation->system.folder; }
+    Platform services() { return real ? real->platform() : simulation->platform; }
 };
 
 TestSystem::TestSystem(On on)
     : below_(std::make_unique<Below>(on)),
-      registry(below_->registry()),
-      files(below_->files()),
-      modules(below_->modules()),
-      memory(below_->memory()),
-      system(below_->system(), below_->folder()),
-      browser(below_->browser()),
-      launcher(below_->launcher()),
-      desktop(below_->desktop()),
+      own_(below_->services()),
+      registry(own_.registry),
+      files(own_.files),
+      modules(own_.modules),
+      memory(own_.memory),
+      system(own_.system, below_->real ? below_->real->folder() : below_->simulation->system.folder),
+      browser(own_.browser),
+      launcher(own_.launcher),
+      desktop(own_.desktop),
       platform_{registry, files, modules, memory, system, browser, launcher, desktop} {
     for (watched::Watch* service : {&registry.watch, &files.watch, &modules.watch, &memory.watch, &system.watch,
                                     &browser.watch, &launcher.watch, &desktop.watch})
@@ -123,12 +104,10 @@ void TestSystem::reset() {
         s->files.addFolder(s->system.systemFolder);
         // The registry editor of this system: what it is given to read is in the registry when it ends.
         s->launcher.onStart = [this](const simulated::Launcher::Started& started) {
-            const std::size_t begin = started.arguments.find('"');
-            std::string file = begin == std::string::npos ? started.arguments.substr(started.arguments.find(' ') + 1)
-                                                          : started.arguments.substr(begin + 1);
-            if (file.ends_with('"')) file.pop_back();
+            const std::size_t begin = started.arguments.find('"') + 1;
+            const std::string file = started.arguments.substr(begin, started.arguments.rfind('"') - begin);
             std::string bytes;
-            if (below_->files().read(file, bytes) == Success) import(sample::readRegistryFile(bytes));
+            if (own_.files.read(file, bytes) == Success) import(sample::readRegistryFile(bytes));
         };
     }
     setBrowserVersion("");
@@ -137,25 +116,17 @@ void TestSystem::reset() {
 // --- the registry
 
 HKey TestSystem::openPath(const std::string& path, AccessMask access, bool create) {
-    // No path may be longer for the system; a longer one is opened in steps.
-    constexpr std::size_t longest = 260;
-    auto [root, subKey] = split(path);
-    HKey above = root;
-    for (;;) {
-        const std::size_t step = subKey.size() > longest ? subKey.rfind('\\', longest) : std::string::npos;
-        const std::string part = subKey.substr(0, step);
-        HKey key = 0;
-        const Result code = create ? below_->registry().RegCreateKeyExA(above, part, access, key)
-                                   : below_->registry().RegOpenKeyExA(above, part, access, key);
-        if (above != root) below_->registry().RegCloseKey(above);
-        if (code != Success || step == std::string::npos) return code == Success ? key : 0;
-        above = key;
-        subKey.erase(0, step + 1);
-    }
+    const auto [root, subKey] = split(path);
+    HKey key = 0;
+    if (create)
+        own_.registry.RegCreateKeyExA(root, subKey, access, key);
+    else
+        own_.registry.RegOpenKeyExA(root, subKey, access, key);
+    return key;
 }
 
 void TestSystem::makeKey(const std::string& path) {
-    below_->registry().RegCloseKey(openPath(path, KeySetValue, true));
+    own_.registry.RegCloseKey(openPath(path, KeySetValue, true));
 }
 
 void TestSystem::set(const sample::Entry& entry) {
@@ -180,34 +151,34 @@ void TestSystem::import(const std::vector<sample::Entry>& entries) {
     HKey key = 0;
     for (const sample::Entry& entry : entries) {
         if (!open || *open != entry.path) {
-            if (open) below_->registry().RegCloseKey(key);
+            if (open) own_.registry.RegCloseKey(key);
             key = openPath(entry.path, KeySetValue, true);
             open = &entry.path;
         }
         if (entry.type == sample::Entry::NoValue) continue;
-        below_->registry().RegSetValueExA(key, entry.name, entry.type, entry.data.data(),
-                                          static_cast<std::uint32_t>(entry.data.size()));
+        own_.registry.RegSetValueExA(key, entry.name, entry.type, entry.data.data(),
+                                     static_cast<std::uint32_t>(entry.data.size()));
     }
-    if (open) below_->registry().RegCloseKey(key);
+    if (open) own_.registry.RegCloseKey(key);
 }
 
 void TestSystem::deleteTree(const std::string& path) {
     for (const std::string& name : keys(path)) deleteTree(path + "\\" + name);
     const HKey key = path.find('\\') == std::string::npos ? 0 : openPath(path, KeyQueryValue, false);
     if (key == 0) return;
-    below_->registry().RegDeleteKeyA(key, "");
-    below_->registry().RegCloseKey(key);
+    own_.registry.RegDeleteKeyA(key, "");
+    own_.registry.RegCloseKey(key);
 }
 
 void TestSystem::deleteValue(const std::string& path, const std::string& name) {
     const HKey key = openPath(path, KeySetValue, false);
-    below_->registry().RegDeleteValueA(key, name);
-    below_->registry().RegCloseKey(key);
+    own_.registry.RegDeleteValueA(key, name);
+    own_.registry.RegCloseKey(key);
 }
 
 bool TestSystem::exists(const std::string& path) {
     const HKey key = openPath(path, KeyQueryValue, false);
-    below_->registry().RegCloseKey(key);
+    own_.registry.RegCloseKey(key);
     return key != 0;
 }
 
@@ -220,13 +191,12 @@ std::vector<std::string> TestSystem::names(const std::string& path, bool ofKeys)
         auto length = static_cast<std::uint32_t>(name.size());
         RegType type = 0;
         std::uint32_t size = 0;
-        const Result code =
-            ofKeys ? below_->registry().RegEnumKeyExA(key, index, name.data(), length)
-                   : below_->registry().RegEnumValueA(key, index, name.data(), length, type, nullptr, size);
+        const Result code = ofKeys ? own_.registry.RegEnumKeyExA(key, index, name.data(), length)
+                                   : own_.registry.RegEnumValueA(key, index, name.data(), length, type, nullptr, size);
         if (code != Success) break;
         names.push_back(name.substr(0, length));
     }
-    below_->registry().RegCloseKey(key);
+    own_.registry.RegCloseKey(key);
     return names;
 }
 
@@ -241,10 +211,10 @@ std::optional<sample::Entry> TestSystem::value(const std::string& path, const st
     sample::Entry entry{path, name, 0, {}};
     const HKey key = openPath(path, KeyQueryValue, false);
     std::uint32_t size = 0;
-    Result code = below_->registry().RegQueryValueExA(key, name, entry.type, nullptr, size);
+    Result code = own_.registry.RegQueryValueExA(key, name, entry.type, nullptr, size);
     entry.data.resize(size);
-    if (code == Success) code = below_->registry().RegQueryValueExA(key, name, entry.type, entry.data.data(), size);
-    below_->registry().RegCloseKey(key);
+    if (code == Success) code = own_.registry.RegQueryValueExA(key, name, entry.type, entry.data.data(), size);
+    own_.registry.RegCloseKey(key);
     return code == Success ? std::optional(entry) : std::nullopt;
 }
 
@@ -260,7 +230,7 @@ std::optional<std::uint32_t> TestSystem::dword(const std::string& path, const st
     const auto found = value(path, name);
     if (!found || found->type != RegDword || found->data.size() != 4) return {};
     std::uint32_t number = 0;
-    for (int byte = 3; byte >= 0; --byte) number = number << 8 | found->data[static_cast<std::size_t>(byte)];
+    std::memcpy(&number, found->data.data(), sizeof number);
     return number;
 }
 
@@ -268,22 +238,22 @@ std::optional<std::uint32_t> TestSystem::dword(const std::string& path, const st
 
 void TestSystem::writeFile(const std::string& name, std::string_view bytes) {
     std::uint32_t written = 0;
-    below_->files().create(path(name), bytes, written);
+    own_.files.create(path(name), bytes, written);
 }
 
 std::optional<std::string> TestSystem::readFile(const std::string& name) {
     std::string bytes;
-    return below_->files().read(path(name), bytes) == Success ? std::optional(bytes) : std::nullopt;
+    return own_.files.read(path(name), bytes) == Success ? std::optional(bytes) : std::nullopt;
 }
 
 std::vector<std::string> TestSystem::filesIn(const std::string& folder, const std::string& wildcard) {
     std::vector<std::string> names;
     FoundFile found;
     Files::Search search = 0;
-    for (Result code = below_->files().findFirst(folder + "\\" + wildcard, search, found); code == Success;
-         code = below_->files().findNext(search, found))
+    for (Result code = own_.files.findFirst(folder + "\\" + wildcard, search, found); code == Success;
+         code = own_.files.findNext(search, found))
         if (found.name != "." && found.name != "..") names.push_back(found.name);
-    below_->files().findClose(search);
+    own_.files.findClose(search);
     return names;
 }
 
@@ -308,34 +278,24 @@ void TestSystem::seedBrowser() {
 }
 
 void TestSystem::seedModules() {
-    struct Seed {
-        const char* file;
-        std::vector<std::uint16_t> groups;
-    };
-    const Seed seeds[] = {
+    const std::pair<const char*, std::vector<std::uint16_t>> seeds[] = {
         {"explorer.exe", {100}}, {"shell32.dll", {1, 18}}, {"inetcpl.cpl", {1313, 4480, 4481}}, {"Tavimor.exe", {1}}};
-    for (const Seed& seed : seeds) {
+    for (const auto& [file, groups] : seeds) {
         simulated::ProgramFile program;
         std::uint16_t firstImage = 1;
-        for (const std::uint16_t group : seed.groups) {
+        for (const std::uint16_t group : groups) {
             const auto images = icons::usualImages(static_cast<std::uint8_t>(group));
             icons::addTo(program, group, images, firstImage);
             firstImage = static_cast<std::uint16_t>(firstImage + images.size());
         }
-        addProgram(seed.file, program);
+        addProgram(file, program);
     }
 }
 
 void TestSystem::setBrowserVersion(const std::string& version) {
     if (Simulation* s = simulation()) {
-        std::uint32_t* const numbers[] = {&s->browser.version.major, &s->browser.version.minor,
-                                          &s->browser.version.build};
-        const char* at = version.data();
-        const char* const end = at + version.size();
-        for (std::uint32_t* number : numbers) {
-            *number = 0;
-            at = std::min(std::from_chars(at, end, *number).ptr + 1, end);
-        }
+        LibraryVersion& told = s->browser.version = {};
+        std::sscanf(version.c_str(), "%u.%u.%u", &told.major, &told.minor, &told.build);
         s->browser.answer = version.empty() ? ModuleNotFound : Success;
     }
     if (version.empty())
@@ -345,8 +305,9 @@ void TestSystem::setBrowserVersion(const std::string& version) {
 }
 
 void TestSystem::endPrograms() {
-    if (Simulation* s = simulation())
-        s->launcher.endAll();
-    else
-        below_->real->waitForPrograms();
+    if (Simulation* s = simulation()) s->launcher.endAll();
+    // Until all have ended, or half a minute.
+    for (const Launcher::Process process : launcher.open)
+        for (int tries = 0; launcher.running(process) && tries < 3000; ++tries)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
 }

@@ -5,11 +5,9 @@
 // neither counted nor made to fail.
 #pragma once
 
-#include <cstdint>
 #include <memory>
 #include <optional>
-#include <string>
-#include <vector>
+#include <set>
 
 #include "platform/Platform.h"
 #include "simulated/Desktop.h"
@@ -33,6 +31,7 @@ struct Simulation {
     simulated::Browser browser;
     simulated::Launcher launcher;
     simulated::Desktop desktop;
+    platform::Platform platform{registry, files, modules, memory, system, browser, launcher, desktop};
 };
 
 // The system with the clock and the program's place set by the test.
@@ -58,9 +57,7 @@ public:
     }
     platform::LocalTime GetLocalTime() override { return now; }
     std::uint32_t GetTickCount() override { return ticks += ticksALook; }
-    bool GetVersionExA(platform::SystemVersion& version) override {
-        return !watch.before("GetVersionExA") && inner_.GetVersionExA(version);
-    }
+    bool GetVersionExA(platform::SystemVersion& version) override { return inner_.GetVersionExA(version); }
 
 private:
     platform::System& inner_;
@@ -85,7 +82,7 @@ public:
     };
     explicit RecordingLauncher(platform::Launcher& inner) : inner_(inner) {}
     std::vector<Started> started;
-    int open = 0;  // processes not closed
+    std::set<Process> open;  // not closed
     watched::Watch watch;
 
     platform::Result start(const std::string& program, const std::string& arguments, Process& process) override;
@@ -99,6 +96,7 @@ private:
 class TestSystem {
     struct Below;
     std::unique_ptr<Below> below_;
+    platform::Platform own_;  // past what watches
 
 public:
     enum class On { ThisSystem, Simulation };

@@ -9,12 +9,8 @@ namespace {
 
 class ZoneManager {
 public:
-    ZoneManager() {
-        if (FAILED(CoInternetCreateZoneManager(nullptr, &manager_, 0))) ADD_FAILURE() << "no zone manager";
-    }
-    ~ZoneManager() {
-        if (manager_) manager_->Release();
-    }
+    ZoneManager() { EXPECT_EQ(CoInternetCreateZoneManager(nullptr, &manager_, 0), S_OK); }
+    ~ZoneManager() { manager_->Release(); }
     ZoneManager(const ZoneManager&) = delete;
     ZoneManager& operator=(const ZoneManager&) = delete;
 
@@ -27,13 +23,18 @@ public:
     // "name|description|icon"
     std::string texts(DWORD zone) const {
         const ZONEATTRIBUTES answer = attributes(zone);
-        return narrow(answer.szDisplayName) + "|" + narrow(answer.szDescription) + "|" + narrow(answer.szIconPath);
+        std::string texts;
+        for (const WCHAR* wide : {answer.szDisplayName, answer.szDescription, answer.szIconPath}) {
+            char text[MAX_PATH * 2] = "";
+            WideCharToMultiByte(CP_ACP, 0, wide, -1, text, sizeof text, nullptr, nullptr);
+            texts += (texts.empty() ? "" : "|") + std::string(text);
+        }
+        return texts;
     }
-    // "current minimum recommended flags"
-    std::string numbers(DWORD zone) const {
+    // Current level, minimum, recommended, flags.
+    std::vector<DWORD> numbers(DWORD zone) const {
         const ZONEATTRIBUTES a = attributes(zone);
-        return std::to_string(a.dwTemplateCurrentLevel) + " " + std::to_string(a.dwTemplateMinLevel) + " " +
-               std::to_string(a.dwTemplateRecommended) + " " + std::to_string(a.dwFlags);
+        return {a.dwTemplateCurrentLevel, a.dwTemplateMinLevel, a.dwTemplateRecommended, a.dwFlags};
     }
     DWORD policy(DWORD zone, DWORD action) const {
         DWORD answer = 0xBAD;
@@ -44,13 +45,10 @@ public:
     }
 
 private:
-    static std::string narrow(const WCHAR* wide) {
-        char text[MAX_PATH * 2] = "";
-        WideCharToMultiByte(CP_ACP, 0, wide, -1, text, sizeof text, nullptr, nullptr);
-        return text;
-    }
     IInternetZoneManager* manager_ = nullptr;
 };
+
+using Numbers = std::vector<DWORD>;
 
 class ZoneManagerTest : public EditingFixture {
 protected:
@@ -81,14 +79,12 @@ protected:
         clickAt(strip, (place.left + place.right) / 2, (place.top + place.bottom) / 2);
         EXPECT_EQ(strip.selected(), tab);
     }
-    void chooseEntry(const ui::ComboBox& box, const char* entry) {
+    void applyLevel(LevelsPage& page, int index, const char* level) {
+        const ui::ComboBox& box = page.cboSetting(index);
         SetFocus(windowOf(box));
         press(box, VK_HOME);
-        for (int i = 1; i < static_cast<int>(box.items().size()) && box.text() != entry; ++i) press(box, VK_DOWN);
-        EXPECT_EQ(box.text(), entry);
-    }
-    void applyLevel(LevelsPage& page, int index, const char* level) {
-        chooseEntry(page.cboSetting(index), level);
+        for (int i = 1; i < static_cast<int>(box.items().size()) && box.text() != level; ++i) press(box, VK_DOWN);
+        EXPECT_EQ(box.text(), level);
         click(page.cmdApply(index));
     }
     void clickNode(TVMRTreeView& tree, int number) {
@@ -106,7 +102,7 @@ protected:
 }  // namespace
 
 TEST_F(ZoneManagerTest, AnswersWhatWasEdited) {
-    EXPECT_EQ(manager.numbers(2), "65536 65536 65536 71");
+    EXPECT_EQ(manager.numbers(2), (Numbers{65536, 65536, 65536, 71}));
     edit("2", [&](frmEdit& form) {
         ZoneDetails& details = form.general.details;
         typeOver(details.txtZoneName, "Us & \"them\"; C:\\x \xE9");
@@ -114,23 +110,21 @@ TEST_F(ZoneManagerTest, AnswersWhatWasEdited) {
         click(form.general.cmdGeneral(1));
         EXPECT_EQ(manager.texts(2), "Us & \"them\"; C:\\x \xE9|What we trust|inetcpl.cpl#00004480");
         click(form.general.cmdGeneral(0));
-        EXPECT_EQ(manager.texts(2),
-                  "Trusted sites|This zone contains Web sites that you trust not to damage your computer or data.|"
-                  "inetcpl.cpl#00004480");
+        EXPECT_TRUE(manager.texts(2).starts_with("Trusted sites|This zone contains Web sites that you trust"));
 
         chooseTab(form.TabStrip1, FlagsPage);
         click(form.flags.chkProperties(2));
         click(form.flags.chkProperties(7));
         press(form.flags.chkProperties(7), VK_RETURN);
-        EXPECT_EQ(manager.numbers(2), "65536 65536 65536 195");
+        EXPECT_EQ(manager.numbers(2), (Numbers{65536, 65536, 65536, 195}));
 
         chooseTab(form.TabStrip1, SecurityPage);
         applyLevel(form.levels, RecommendedLevel, "Medium");
         applyLevel(form.levels, MinimumLevel, "Medium-Low");
-        EXPECT_EQ(manager.numbers(2), "65536 66816 69632 195");
+        EXPECT_EQ(manager.numbers(2), (Numbers{65536, 66816, 69632, 195}));
         EXPECT_EQ(manager.policy(2, URLACTION_ACTIVEX_RUN), static_cast<DWORD>(URLPOLICY_ALLOW));
         applyLevel(form.levels, CurrentLevel, "High");
-        EXPECT_EQ(manager.numbers(2), "73728 66816 69632 195");
+        EXPECT_EQ(manager.numbers(2), (Numbers{73728, 66816, 69632, 195}));
         EXPECT_EQ(manager.policy(2, URLACTION_ACTIVEX_RUN), static_cast<DWORD>(URLPOLICY_DISALLOW));
 
         system.desktop.expectForm<frmSecurity>([&](frmSecurity& settings) {
@@ -138,7 +132,7 @@ TEST_F(ZoneManagerTest, AnswersWhatWasEdited) {
             int prompt = 1;
             while (prompt < tree.count() && tree.node(prompt).tag != "1200,1") ++prompt;
             clickNode(tree, prompt);
-            EXPECT_EQ(manager.numbers(2), "0 66816 69632 195");
+            EXPECT_EQ(manager.numbers(2), (Numbers{0, 66816, 69632, 195}));
             EXPECT_EQ(manager.policy(2, URLACTION_ACTIVEX_RUN), static_cast<DWORD>(URLPOLICY_QUERY));
             press(tree, VK_DOWN);
             press(tree, VK_UP);
@@ -163,6 +157,6 @@ TEST_F(ZoneManagerTest, KnowsAZoneThatWasAdded) {
     });
     const std::string icon = program.platform.system.GetSystemDirectoryA() + "\\Inetcpl.cpl#4487";
     EXPECT_EQ(manager.texts(7), "Added|By hand|" + icon);
-    EXPECT_EQ(manager.numbers(7), "73728 73728 73728 3");
+    EXPECT_EQ(manager.numbers(7), (Numbers{73728, 73728, 73728, 3}));
     EXPECT_EQ(manager.policy(7, URLACTION_SCRIPT_RUN), static_cast<DWORD>(URLPOLICY_DISALLOW));
 }
