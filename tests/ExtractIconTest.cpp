@@ -54,6 +54,7 @@ TEST_F(ExtractIconTest, TheProgramMayStandInAFolderWithANumberSign) {
 TEST_F(ExtractIconTest, AFillOpensTheFileOfManyEqualIconsOnce) {
     basMain::IconCache cache(system.platform());
     system.modules.watch.reset();
+    EXPECT_EQ(cache.Icon("zones.cpl#4480", "#", 16), picture(16, LibrarySeed));
     for (int i = 0; i < 100; ++i) {
         EXPECT_EQ(cache.Icon("zones.cpl#4480", "#", 32), picture(32, LibrarySeed));
         EXPECT_EQ(cache.Icon("none.dll#" + std::to_string(i % 3), "#", 32), picture(32, OwnSeed));

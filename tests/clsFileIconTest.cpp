@@ -112,10 +112,11 @@ TEST_F(clsFileIconTest, WhatIsWrongWithAGroupIsSaid) {
         {NoImages, {0, 0, 1, 0, 0xFF, 0xFF}, images},
         {"Icon Directory Array is Corrupt.", {0, 0, 1, 0, 0xFF, 0x7F}, images},
     };
-    for (const auto& [message, group, stored] : cases) EXPECT_EQ(loadGroup(group, stored), message) << &message;
+    for (const auto& [message, group, stored] : cases)
+        EXPECT_EQ(loadGroup(group, stored), message) << testing::PrintToString(group);
     // Entries of one image share its bytes.
-    EXPECT_EQ(loadGroup(icons::group({images[0], images[0]}, FirstImage).replace(32, 1, 1, FirstImage), {images[0]}),
-              "");
+    const Bytes twice = icons::group({images[0], images[0]}, FirstImage).replace(6 + 14 + 12, 1, 1, FirstImage);
+    EXPECT_EQ(loadGroup(twice, {images[0]}), "");
     EXPECT_EQ(icon.ImageBytes(0).data(), icon.ImageBytes(1).data());
 }
 

@@ -38,13 +38,15 @@ platform::Bytes programFileBytes(const simulated::ProgramFile& program) {
     win32::Files files;
     std::uint32_t written = 0;
     files.create(path, {reinterpret_cast<const char*>(bare.data()), bare.size()}, written);
-    constexpr WORD english = 0x409;
-    const HANDLE update = program.types().empty() ? nullptr : BeginUpdateResourceA(path.c_str(), FALSE);
-    for (const auto& type : program.types())
-        for (const auto& [name, bytes] : type.resources)
-            EXPECT_TRUE(UpdateResourceA(update, nameOf(type.id), nameOf(name), english,
-                                        const_cast<std::uint8_t*>(bytes.data()), static_cast<DWORD>(bytes.size())));
-    if (update) EXPECT_TRUE(EndUpdateResourceA(update, FALSE));
+    if (!program.types().empty()) {
+        constexpr WORD english = 0x409;
+        const HANDLE update = BeginUpdateResourceA(path.c_str(), FALSE);
+        for (const auto& type : program.types())
+            for (const auto& [name, bytes] : type.resources)
+                EXPECT_TRUE(UpdateResourceA(update, nameOf(type.id), nameOf(name), english,
+                                            const_cast<std::uint8_t*>(bytes.data()), static_cast<DWORD>(bytes.size())));
+        EXPECT_TRUE(EndUpdateResourceA(update, FALSE));
+    }
     std::string all;
     files.read(path, all);
     files.remove(path);

@@ -145,21 +145,14 @@ void TestSystem::setBinary(const std::string& path, const std::string& name, con
     set({path, name, RegBinary, data});
 }
 
-// Opens each key once: a registry file lists a key's values one after another.
 void TestSystem::import(const std::vector<sample::Entry>& entries) {
-    const std::string* open = nullptr;
-    HKey key = 0;
     for (const sample::Entry& entry : entries) {
-        if (!open || *open != entry.path) {
-            if (open) own_.registry.RegCloseKey(key);
-            key = openPath(entry.path, KeySetValue, true);
-            open = &entry.path;
-        }
-        if (entry.type == sample::Entry::NoValue) continue;
-        own_.registry.RegSetValueExA(key, entry.name, entry.type, entry.data.data(),
-                                     static_cast<std::uint32_t>(entry.data.size()));
+        const HKey key = openPath(entry.path, KeySetValue, true);
+        if (entry.type != sample::Entry::NoValue)
+            own_.registry.RegSetValueExA(key, entry.name, entry.type, entry.data.data(),
+                                         static_cast<std::uint32_t>(entry.data.size()));
+        own_.registry.RegCloseKey(key);
     }
-    if (open) own_.registry.RegCloseKey(key);
 }
 
 void TestSystem::deleteTree(const std::string& path) {
