@@ -1,36 +1,24 @@
 // Walks every form of the program, page by page, and checks what a user of keyboard, mouse and a small screen relies
 // on.
-#include <gtest/gtest.h>
-
 #include <cctype>
-#include <map>
-#include <memory>
 
-#include "app/frmMain.h"
 #include "backup/frmBackup.h"
 #include "backup/frmRestore.h"
-#include "editing/frmAdd.h"
-#include "editing/frmEdit.h"
-#include "editing/frmSecurity.h"
 #include "errors/frmError.h"
-#include "icons/frmIconSelector.h"
 #include "mail/frmOESecurity.h"
-#include "support/TestSystem.h"
+#include "support/EditingFixture.h"
 
 namespace {
 
-struct FormCase {
-    const char* name;
-    std::unique_ptr<ui::Form> (*make)(Program&);
-};
+using FormPointer = std::unique_ptr<ui::Form>;
 
 template <class F>
-std::unique_ptr<ui::Form> makeForm(Program& program) {
+FormPointer makeForm(Program& program) {
     return std::make_unique<F>(program);
 }
 
 // Every form there is.
-const FormCase Forms[] = {
+const std::pair<const char*, std::function<FormPointer(Program&)>> Forms[] = {
     {"frmMain", makeForm<frmMain>},
     {"frmEdit", makeForm<frmEdit>},
     {"frmAdd", makeForm<frmAdd>},
@@ -38,12 +26,9 @@ const FormCase Forms[] = {
     {"frmBackup", makeForm<frmBackup>},
     {"frmRestore", makeForm<frmRestore>},
     {"frmOESecurity", makeForm<frmOESecurity>},
-    {"frmError",
-     [](Program& program) -> std::unique_ptr<ui::Form> {
-         return std::make_unique<frmError>(program.platform.desktop);
-     }},
+    {"frmError", [](Program& program) { return std::make_unique<frmError>(program.platform.desktop); }},
     {"frmIconSelector",
-     [](Program& program) -> std::unique_ptr<ui::Form> {
+     [](Program& program) {
          // Its target stands on a form of its own, which the selector never touches but to draw.
          static simulated::Desktop desktop;
          static ui::Form owner(desktop, ui::Form::Kind::Dialog, "owner", "", {});
@@ -52,10 +37,8 @@ const FormCase Forms[] = {
      }},
 };
 
-class EveryForm : public testing::TestWithParam<FormCase> {
+class EveryForm : public testing::TestWithParam<int> {
 protected:
-    EveryForm() : program_(system_.platform()), form_(GetParam().make(program_)) {}
-
     // Runs `check` on the form as it is first seen, and on each page of its tab strip.
     template <class Check>
     void onEachPage(Check check) {
@@ -78,8 +61,8 @@ protected:
     }
 
     TestSystem system_;
-    Program program_;
-    std::unique_ptr<ui::Form> form_;
+    Program program_{system_.platform()};
+    FormPointer form_ = Forms[GetParam()].second(program_);
 };
 
 char accessKey(const std::string& caption) {
@@ -93,11 +76,9 @@ char accessKey(const std::string& caption) {
 
 void expectUniqueKeys(const std::vector<std::string>& captions) {
     std::map<char, std::string> taken;
-    for (const std::string& caption : captions) {
-        const char key = accessKey(caption);
-        const bool isNew = !key || taken.emplace(key, caption).second;
-        EXPECT_TRUE(isNew) << "\"" << caption << "\" and \"" << taken[key] << "\"";
-    }
+    for (const std::string& caption : captions)
+        if (const char key = accessKey(caption); key && !taken.emplace(key, caption).second)
+            ADD_FAILURE() << "\"" << caption << "\" and \"" << taken[key] << "\"";
 }
 
 template <class Items>
@@ -148,14 +129,13 @@ TEST_P(EveryForm, OverlapsNothingAndCutsNothingOff) {
     onEachPage([&] {
         const auto controls = showing();
         for (const ui::Control* a : controls) {
-            const ui::Bounds within = a->container()
-                                          ? ui::Bounds{0, 0, a->container()->width(), a->container()->height()}
-                                          : ui::Bounds{0, 0, form_->client().width, form_->client().height};
-            EXPECT_TRUE(a->left() >= 0 && a->top() >= 0 && a->bounds().right() <= within.width &&
-                        a->bounds().bottom() <= within.height)
-                << called(*a) << " is cut off";
+            const ui::Control* page = a->container();
+            const ui::Size within = page ? ui::Size{page->width(), page->height()} : form_->client();
+            const bool whole = a->left() >= 0 && a->top() >= 0 && a->bounds().right() <= within.width &&
+                               a->bounds().bottom() <= within.height;
+            EXPECT_TRUE(whole) << called(*a) << " is cut off";
             for (const ui::Control* b : controls) {
-                if (a == b || a->container() != b->container()) continue;
+                if (a >= b || page != b->container()) continue;
                 // The pages of a tab strip lie on it.
                 if (dynamic_cast<const ui::TabStrip*>(a) || dynamic_cast<const ui::TabStrip*>(b)) continue;
                 EXPECT_FALSE(overlap(a->bounds(), b->bounds())) << called(*a) << " and " << called(*b);
@@ -182,10 +162,9 @@ TEST_P(EveryForm, ShowsItsCaptionsWhole) {
 }
 
 TEST_P(EveryForm, BindsEscapeAndEnterAndFitsOnASmallScreen) {
-    bool hasButtons = false;
-    for (ui::Control* control : form_->controls()) hasButtons |= dynamic_cast<ui::CommandButton*>(control) != nullptr;
     const bool dialog = form_->kind() == ui::Form::Kind::Dialog;
-    EXPECT_TRUE(!dialog || !hasButtons || form_->defaultButton());
+    for (ui::Control* control : form_->controls())
+        EXPECT_TRUE(!dialog || !dynamic_cast<ui::CommandButton*>(control) || form_->defaultButton());
     system_.seedZones();
     form_->load();
     form_->pressEscape();
@@ -194,5 +173,5 @@ TEST_P(EveryForm, BindsEscapeAndEnterAndFitsOnASmallScreen) {
     EXPECT_LE(form_->height(), 480 * 15);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, EveryForm, testing::ValuesIn(Forms),
-                         [](const testing::TestParamInfo<FormCase>& tested) { return tested.param.name; });
+INSTANTIATE_TEST_SUITE_P(All, EveryForm, testing::Range(0, int{std::size(Forms)}),
+                         [](const auto& tested) { return Forms[tested.param].first; });

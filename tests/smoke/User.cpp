@@ -1,7 +1,5 @@
 #include "User.h"
 
-#include <cstdio>
-#include <cstring>
 #include <stdexcept>
 
 namespace smoke {
@@ -9,26 +7,6 @@ namespace smoke {
 namespace {
 
 constexpr DWORD Patience = 30000, Interval = 20;  // milliseconds
-
-// Memory of another process, for messages that point to what they ask for.
-class Memory {
-public:
-    Memory(HANDLE process, SIZE_T size)
-        : process_(process), at_(VirtualAllocEx(process, nullptr, size, MEM_COMMIT, PAGE_READWRITE)) {
-        if (!at_) throw std::runtime_error("no memory in the program");
-    }
-    Memory(const Memory&) = delete;
-    Memory& operator=(const Memory&) = delete;
-    ~Memory() { VirtualFreeEx(process_, at_, 0, MEM_RELEASE); }
-
-    char* at() const { return static_cast<char*>(at_); }
-    void write(const void* from, SIZE_T size) { WriteProcessMemory(process_, at_, from, size, nullptr); }
-    void read(void* to, SIZE_T size) const { ReadProcessMemory(process_, at_, to, size, nullptr); }
-
-private:
-    HANDLE process_;
-    void* at_;
-};
 
 // A program that hangs answers nothing; the user is not to hang with it. A window may just have gone: it answers 0.
 DWORD_PTR send(HWND window, UINT message, WPARAM w, LPARAM l) {
@@ -55,12 +33,12 @@ std::vector<HWND> visibleBelow(HWND window) {
     return found;
 }
 
-INPUT keyStroke(WORD key, bool up) {
+void stroke(WORD key, DWORD upOrDown) {
     INPUT input = {};
     input.type = INPUT_KEYBOARD;
     input.ki.wVk = key;
-    input.ki.dwFlags = up ? DWORD{KEYEVENTF_KEYUP} : 0;
-    return input;
+    input.ki.dwFlags = upOrDown;
+    SendInput(1, &input, sizeof input);
 }
 
 }  // namespace
@@ -102,13 +80,8 @@ DWORD User::exitCode() {
 void User::waitFor(const std::string& what, const std::function<bool()>& there) {
     const DWORD start = GetTickCount();
     while (!there()) {
-        if (WaitForSingleObject(process_.hProcess, Interval) == WAIT_OBJECT_0) {
-            DWORD code = 0;
-            GetExitCodeProcess(process_.hProcess, &code);
-            char text[64];
-            std::snprintf(text, sizeof text, "the program has ended with code 0x%lX", code);
-            throw std::runtime_error("no " + what + ": " + text);
-        }
+        if (WaitForSingleObject(process_.hProcess, Interval) == WAIT_OBJECT_0)
+            throw std::runtime_error("no " + what + ": the program has ended with code " + std::to_string(exitCode()));
         if (GetTickCount() - start > Patience) throw std::runtime_error("no " + what + "; " + situation());
     }
 }
@@ -160,12 +133,10 @@ HWND User::control(HWND window, const std::string& className, const std::string&
         for (const HWND child : visibleBelow(window)) {
             RECT place = {};
             GetWindowRect(child, &place);
-            if (place.right <= 0 || lstrcmpiA(classOf(child).c_str(), className.c_str()) != 0) continue;
-            if (!text.empty() && textOf(child) != text) continue;
-            found = child;
-            return true;
+            const bool ofClass = lstrcmpiA(classOf(child).c_str(), className.c_str()) == 0;
+            if (!found && place.right > 0 && ofClass && (text.empty() || textOf(child) == text)) found = child;
         }
-        return false;
+        return found != nullptr;
     });
     return found;
 }
@@ -176,37 +147,13 @@ bool User::shows(HWND window, const std::string& text) {
     return false;
 }
 
-std::vector<std::string> User::itemsOf(HWND list) {
-    struct Asked {
-        LVITEMA item;
-        char text[256];
-    };
-    std::vector<std::string> items;
-    const int count = static_cast<int>(send(list, LVM_GETITEMCOUNT, 0, 0));
-    for (int i = 0; i < count; ++i) {
-        Memory memory(process_.hProcess, sizeof(Asked));
-        Asked asked = {};
-        asked.item.mask = LVIF_TEXT;
-        asked.item.iItem = i;
-        asked.item.pszText = memory.at() + offsetof(Asked, text);
-        asked.item.cchTextMax = sizeof asked.text;
-        memory.write(&asked, sizeof asked);
-        send(list, LVM_GETITEMA, 0, reinterpret_cast<LPARAM>(memory.at()));
-        memory.read(&asked, sizeof asked);
-        items.emplace_back(asked.text);
-    }
-    return items;
-}
-
 // Doing -----------------------------------------------------------------------------------------------------------
 
 void User::press(WORD key, WORD with) {
-    std::vector<INPUT> strokes;
-    if (with) strokes.push_back(keyStroke(with, false));
-    strokes.push_back(keyStroke(key, false));
-    strokes.push_back(keyStroke(key, true));
-    if (with) strokes.push_back(keyStroke(with, true));
-    SendInput(static_cast<UINT>(strokes.size()), strokes.data(), sizeof(INPUT));
+    if (with) stroke(with, 0);
+    stroke(key, 0);
+    stroke(key, KEYEVENTF_KEYUP);
+    if (with) stroke(with, KEYEVENTF_KEYUP);
 }
 
 void User::chooseMenu(char menu, char item) {
@@ -228,12 +175,15 @@ void User::click(HWND control) {
     clickAt({(place.left + place.right) / 2, (place.top + place.bottom) / 2});
 }
 
+// The message points to where the answer goes, which must be the program's own memory.
 void User::clickItem(HWND list, int index) {
     RECT label = {LVIR_LABEL, 0, 0, 0};
-    Memory memory(process_.hProcess, sizeof label);
-    memory.write(&label, sizeof label);
-    send(list, LVM_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(memory.at()));
-    memory.read(&label, sizeof label);
+    const HANDLE program = process_.hProcess;
+    void* const there = VirtualAllocEx(program, nullptr, sizeof label, MEM_COMMIT, PAGE_READWRITE);
+    WriteProcessMemory(program, there, &label, sizeof label, nullptr);
+    send(list, LVM_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(there));
+    ReadProcessMemory(program, there, &label, sizeof label, nullptr);
+    VirtualFreeEx(program, there, 0, MEM_RELEASE);
     POINT middle = {(label.left + label.right) / 2, (label.top + label.bottom) / 2};
     ClientToScreen(list, &middle);
     clickAt(middle);

@@ -34,7 +34,6 @@ public:
     // The visible control of that class and text below `window`.
     HWND control(HWND window, const std::string& className, const std::string& text = {});
     bool shows(HWND window, const std::string& text);
-    std::vector<std::string> itemsOf(HWND list);
 
     void press(WORD key, WORD with = 0);
     // Opens a menu and chooses from it, by their access keys.

@@ -3,15 +3,13 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <string>
-
 #include "app/Program.h"
 #include "errors/frmError.h"
 #include "support/TestSystem.h"
 
-class BackupFixture : public ::testing::Test {
-protected:
+struct BackupFixture : testing::Test {
+    using Texts = std::vector<std::string>;
+
     TestSystem system;
     Program program{system.platform()};
     ScriptedDesktop& desktop = system.desktop;
@@ -33,6 +31,11 @@ protected:
                 << error.lblErrDescription.caption();
             error.cmdContinue.click();
         });
+    }
+    static Texts texts(const ui::ListView& list) {
+        Texts all;
+        for (int item = 1; item <= list.count(); ++item) all.push_back(list.item(item).text);
+        return all;
     }
     std::string file(const std::string& name) { return system.readFile("Backups\\" + name).value_or("(no file)"); }
     void addFile(const std::string& name, const std::string& bytes) {

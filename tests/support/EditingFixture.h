@@ -37,7 +37,7 @@ struct EditingFixture : testing::Test {
     using EditScript = std::function<void(frmEdit&)>;
     void edit(const std::string& zone, const EditScript& script) {
         select(zone);
-        use<frmEdit>(script, [&] { window->cmdZoneOption(0).click(); });
+        system.desktop.use<frmEdit>(script, [&] { window->cmdZoneOption(0).click(); });
     }
     void editPage(const std::string& zone, int page, const EditScript& script) {
         edit(zone, [&](frmEdit& form) {
@@ -46,25 +46,28 @@ struct EditingFixture : testing::Test {
         });
     }
     void add(const std::function<void(frmAdd&)>& script) {
-        use<frmAdd>(script, [&] { window->mnuEditAdd.click(); });
+        system.desktop.use<frmAdd>(script, [&] { window->mnuEditAdd.click(); });
     }
     void customise(const std::string& zone, const std::function<void(frmSecurity&)>& script) {
-        editPage(zone, SecurityPage,
-                 [&](frmEdit& form) { use<frmSecurity>(script, [&] { form.levels.cmdSecurity.click(); }); });
+        editPage(zone, SecurityPage, [&](frmEdit& form) { openSettings(form, script); });
+    }
+    void openSettings(frmEdit& form, const std::function<void(frmSecurity&)>& script) {
+        system.desktop.use<frmSecurity>(script, [&] { form.levels.cmdSecurity.click(); });
+    }
+    // Chooses the icon of that place in a program file.
+    void chooseIcon(frmEdit& form, const std::string& file, int place) {
+        system.desktop.expectFile(file);
+        system.desktop.use<frmIconSelector>(
+            [place](frmIconSelector& selector) {
+                selector.tmrLoad.tick();
+                selector.lvwIcons.click(place);
+                selector.tmrUnload.tick();
+            },
+            [&] { form.general.details.picIcon.click(); });
     }
     static constexpr int FlagsPage = 2, SecurityPage = 3;
 
     static constexpr const char* Refused =
         "The registry refused a change. The zone does not have all of the new values.";
     static constexpr const char* NoZone = "The registry has no such zone. The changes could not be saved.";
-
-private:
-    template <class F>
-    void use(const std::function<void(F&)>& script, const std::function<void()>& open) {
-        system.desktop.expectForm<F>([&](F& form) {
-            script(form);
-            if (form.loaded()) form.pressEscape();
-        });
-        open();
-    }
 };

@@ -28,6 +28,15 @@ public:
         expectAnyForm([](const ui::Form& form) { return dynamic_cast<const F*>(&form) != nullptr; },
                       [script](ui::Form& form) { script(dynamic_cast<F&>(form)); });
     }
+    // The form that `open` brings up is used, and closed with Escape if it is still there.
+    template <class F>
+    void use(const std::function<void(F&)>& script, const std::function<void()>& open) {
+        expectForm<F>([script](F& form) {
+            script(form);
+            if (form.loaded()) form.pressEscape();
+        });
+        open();
+    }
     // From now on no surprise fails the test: the user reads it, which `told` remembers, says Ok or No, and closes it.
     // What is expected need not happen.
     bool patient = false;

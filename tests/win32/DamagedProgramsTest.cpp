@@ -1,6 +1,4 @@
 // The system trusts program files; the program must live through damaged ones all the same.
-#include <gtest/gtest.h>
-
 #include "support/ProgramFileBytes.h"
 #include "support/TestSystem.h"
 
@@ -8,8 +6,7 @@ using namespace platform;
 
 namespace {
 
-class DamagedPrograms : public testing::Test {
-protected:
+struct DamagedPrograms : testing::Test {
     TestSystem system;
     Modules& modules = system.platform().modules;
     Bytes valid = [] {
@@ -32,12 +29,10 @@ protected:
         for (const ResourceId& type : types) {
             std::vector<ResourceId> names;
             modules.EnumResourceNamesA(module, type, names);
-            for (const ResourceId& name : names) {
-                const ResourceInfo info = modules.FindResourceA(module, name, type);
-                if (!info) continue;
-                for (const std::uint8_t byte : modules.LockResource(module, info, modules.LoadResource(module, info)))
-                    sum += byte;
-            }
+            for (const ResourceId& name : names)
+                if (const ResourceInfo info = modules.FindResourceA(module, name, type))
+                    for (const auto byte : modules.LockResource(module, info, modules.LoadResource(module, info)))
+                        sum += byte;
         }
         sum += modules.LoadStringA(module, 17).size();
         modules.FreeLibrary(module);
@@ -73,7 +68,6 @@ TEST_F(DamagedPrograms, DirectoriesThatLeadToEachOtherAreNotWalkedForEver) {
     directory(0, 0x80005000);
     directory(0x5000, 0x8000A000);
     directory(0xA000, 0x0000F000);
-    system.writeFile("looping.dll", {reinterpret_cast<const char*>(looping.data()), looping.size()});
-    EXPECT_EQ(modules.LoadLibraryExA(system.path("looping.dll")), 0u);
+    EXPECT_EQ(readAll(looping), 0u);
     EXPECT_EQ(modules.lastError(), BadExeFormat);
 }

@@ -3,9 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
 #include "ui/Desktop.h"
 #include "win32/Desktop.h"
 #include "win32/WindowsHeaders.h"
@@ -63,8 +60,7 @@ protected:
 };
 
 // Shows an EveryControl. Nothing is open when a test ends.
-class WindowsTest : public testing::Test {
-protected:
+struct WindowsTest : testing::Test {
     win32::Desktop desktop;
 
     // As the user does it: messages in the queue, then handled.

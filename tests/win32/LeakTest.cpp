@@ -72,52 +72,29 @@ private:
     }
 };
 
-class LeakTest : public EditingFixture {
-protected:
+struct LeakTest : EditingFixture {
     LeakTest() { window->show(); }
 
-    template <class F>
-    void open(
-        const std::function<void()>& command, const std::function<void(F&)>& script = [](F&) {}) {
-        system.desktop.expectForm<F>([&](F& form) {
-            script(form);
-            if (form.loaded()) form.pressEscape();
-        });
-        command();
-    }
-    void chooseIcon(frmEdit& form) {
-        system.desktop.expectFile(system.path("shell32.dll"));
-        open<frmIconSelector>([&] { form.general.details.picIcon.click(); },
-                              [](frmIconSelector& selector) {
-                                  selector.tmrLoad.tick();
-                                  selector.lvwIcons.click(1);
-                                  selector.tmrUnload.tick();
-                              });
-    }
+    ScriptedDesktop& user = system.desktop;
+
     void backUp() {
         system.system.now.second = (system.system.now.second + 1) % 60;
-        open<frmBackup>([&] { window->mnuFileBackup.click(); }, [](frmBackup& form) { form.cmdBackup.click(); });
+        user.use<frmBackup>([](frmBackup& form) { form.cmdBackup.click(); }, [&] { window->mnuFileBackup.click(); });
     }
     void seeError() {
-        open<frmError>([] {
-            procedure("LeakTest.seeError", [] { throw basErrors::Error(51, "", "Nothing is wrong."); });
-            basErrors::ProcStack.clear();
-        });
+        user.use<frmError>([](frmError&) {},
+                           [] { procedure("LeakTest", [] { throw basErrors::Error(51, "", "Nothing is wrong."); }); });
+        basErrors::ProcStack.clear();
     }
-    struct Case {
-        const char* name;
-        int times;
-        std::function<void()> action;
-    };
-    void expectNothingKept(const Case& c) {
-        SCOPED_TRACE(c.name);
-        const auto repeat = [&](int times) {
-            for (int i = 0; i < times; ++i) c.action();
+    void expectNothingKept(const char* name, int times, const std::function<void()>& action) {
+        SCOPED_TRACE(name);
+        const auto repeat = [&](int count) {
+            for (int i = 0; i < count; ++i) action();
             program.platform.desktop.doEvents();
             return Taken(system.registry);
         };
-        const Taken before = repeat(10), after = repeat(c.times - 10);
-        std::printf("%-16s %4d times: %d GDI, %d USER, %d kernel handles, %+lld KB\n", c.name, c.times, after.gdi,
+        const Taken before = repeat(10), after = repeat(times - 10);
+        std::printf("%-16s %4d times: %d GDI, %d USER, %d kernel handles, %+lld KB\n", name, times, after.gdi,
                     after.user, after.kernel, after.kilobytes - before.kilobytes);
         EXPECT_GT(after.gdi, 0);
         EXPECT_GT(after.user, 0);
@@ -132,24 +109,22 @@ protected:
 
 TEST_F(LeakTest, WhatIsTakenIsGivenBack) {
     int turn = 0;
-    const Case cases[] = {
-        {"clicks on zones", 1000, [&] { window->lvwZones.click(1 + turn++ % window->lvwZones.count()); }},
-        {"edit", 100, [&] { edit("2", [&](frmEdit& form) { form.TabStrip1.choose(2 + turn++ % 2); }); }},
-        {"add", 100, [&] { add([](frmAdd&) {}); }},
-        {"errors", 100, [&] { seeError(); }},
-        {"mail", 100, [&] { open<frmOESecurity>([&] { window->mnuEditOESecurity.items()[0].click(); }); }},
-        {"backups", 100, [&] { backUp(); }},
-        {"restore", 100,
-         [&] {
-             open<frmRestore>([&] { window->mnuFileRestore.click(); },
-                              [](frmRestore& form) { form.ListView1.click(1); });
-         }},
-    };
-    for (const Case& c : cases) expectNothingKept(c);
+    expectNothingKept("clicks on zones", 1000, [&] { window->lvwZones.click(1 + turn++ % window->lvwZones.count()); });
+    expectNothingKept("add", 100, [&] { add([](frmAdd&) {}); });
+    expectNothingKept("errors", 100, [&] { seeError(); });
+    expectNothingKept("backups", 100, [&] { backUp(); });
+    expectNothingKept("mail", 100, [&] {
+        user.use<frmOESecurity>([](frmOESecurity&) {}, [&] { window->mnuEditOESecurity.items()[0].click(); });
+    });
+    expectNothingKept("restore", 100, [&] {
+        user.use<frmRestore>([](frmRestore& form) { form.ListView1.click(1); },
+                             [&] { window->mnuFileRestore.click(); });
+    });
+    expectNothingKept("edit", 100, [&] { edit("2", [&](frmEdit& form) { form.TabStrip1.choose(2 + turn++ % 2); }); });
     edit("2", [&](frmEdit& form) {
-        expectNothingKept({"icons", 100, [&] { chooseIcon(form); }});
+        expectNothingKept("icons", 100, [&] { chooseIcon(form, system.path("shell32.dll"), 1); });
         form.TabStrip1.choose(SecurityPage);
-        expectNothingKept({"settings", 100, [&] { open<frmSecurity>([&] { form.levels.cmdSecurity.click(); }); }});
+        expectNothingKept("settings", 100, [&] { openSettings(form, [](frmSecurity&) {}); });
     });
 }
 
