@@ -69,13 +69,12 @@ TEST(Includes, PointDownInEveryFile) {
 }
 
 TEST(Includes, AreFoundWhereTheyPointUp) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"app/frmMain.cpp", "<windows.h>"},     {"app/frmMain.cpp", "\"win32/Services.h\""},
-        {"zones/zones.h", "\"app/Program.h\""}, {"win32/Files.cpp", "\"util/numbers.h\""},
-        {"ui/Form.cpp", "\"Desktop.h\""},
-    };
+    const std::pair<const char*, const char*> cases[] = {{"app/frmMain.cpp", "<windows.h>"},
+                                                         {"app/frmMain.cpp", "\"win32/Services.h\""},
+                                                         {"zones/zones.h", "\"app/Program.h\""},
+                                                         {"ui/Form.cpp", "\"Desktop.h\""}};
     for (const auto& [path, name] : cases)
-        EXPECT_EQ(brokenRules(path, "#pragma once\n#include " + std::string(name) + "\nint x;\n").size(), 1u) << name;
+        EXPECT_EQ(brokenRules(path, "int x;\n#include " + std::string(name) + "\n").size(), 1u) << name;
 }
 
 }  // namespace

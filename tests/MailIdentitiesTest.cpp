@@ -6,8 +6,8 @@
 namespace {
 
 const std::string Identities = "HKEY_CURRENT_USER\\Identities";
-const std::string First = "{11111111-2222-3333-4444-555555555555}";
-const std::string Mail = "\\Software\\Microsoft\\Outlook Express\\5.0";
+const std::string First = Identities + "\\{11111111-2222-3333-4444-555555555555}";
+const std::string Settings = First + "\\Software\\Microsoft\\Outlook Express\\5.0";
 
 }  // namespace
 
@@ -18,11 +18,10 @@ protected:
     void SetUp() override { system.seedZones(); }
     void TearDown() override { window.unload(); }
     ui::MenuItem& item(int index) { return window.mnuEditOESecurity.items()[static_cast<std::size_t>(index)]; }
-    static std::string settings(const std::string& identity) { return Identities + "\\" + identity + Mail; }
-    // Chooses an identity in the menu.
-    void open(int index, const std::function<void(frmOESecurity&)>& script) {
+    // Chooses the first identity in the menu.
+    void open(const std::function<void(frmOESecurity&)>& script) {
         desktop.expectForm<frmOESecurity>(script);
-        item(index).click();
+        item(0).click();
     }
 };
 
@@ -46,36 +45,36 @@ TEST_F(MailIdentities, AreMenuItemsInTheRegistrysOrderAndWithoutAnyTheDesignedOn
 }
 
 TEST_F(MailIdentities, ShowTheZoneTheyAreIn) {
-    system.makeKey(settings(First));
+    system.makeKey(Settings);
     window.load();
     for (const auto& [zone, name] : {std::pair{-1, "Missing Name"}, {33, "Missing Name"}, {3, "Internet"}}) {
-        if (zone >= 0) system.setDword(settings(First), "Security Zone", static_cast<std::uint32_t>(zone));
-        open(0, [&](frmOESecurity& form) {
+        if (zone >= 0) system.setDword(Settings, "Security Zone", static_cast<std::uint32_t>(zone));
+        open([&](frmOESecurity& form) {
             EXPECT_EQ(form.lblZone.caption(), std::string(name) + " zone") << zone;
             EXPECT_EQ(form.lsvOEZones.selected(), 0);
             EXPECT_EQ(form.lsvOEZones.item(5).text, "Restricted sites");
             form.pressEscape();
         });
-        EXPECT_EQ(system.dword(settings(First), "Security Zone").value_or(99), zone < 0 ? 99u : unsigned(zone));
+        EXPECT_EQ(system.dword(Settings, "Security Zone").value_or(99), zone < 0 ? 99u : unsigned(zone));
     }
 }
 
 TEST_F(MailIdentities, WithoutMailSettingsAreAnError) {
-    system.makeKey(Identities + "\\" + First);
+    system.makeKey(First);
     window.load();
     expectError("frmMain.mnuOEUser_Click", "no mail settings");
     item(0).click();
 }
 
 TEST_F(MailIdentities, AreMovedAndLockedByAClickOrByEnterButNotByLookingAround) {
-    system.setDword(settings(First), "Security Zone", 3);
+    system.setDword(Settings, "Security Zone", 3);
     system.makeKey(zoneKey("abc"));
     window.load();
     const auto moved = [&](unsigned zone) {
-        EXPECT_EQ(system.dword(settings(First), "Security Zone"), zone);
-        EXPECT_EQ(system.dword(settings(First), "Security Zone Locked").has_value(), zone != 3);
+        EXPECT_EQ(system.dword(Settings, "Security Zone"), zone);
+        EXPECT_EQ(system.dword(Settings, "Security Zone Locked").has_value(), zone != 3);
     };
-    open(0, [&](frmOESecurity& form) {
+    open([&](frmOESecurity& form) {
         form.lsvOEZones.choose(2);
         moved(3);
         expectError("frmOESecurity.lsvOEZones_ItemClick", "ABC");
@@ -86,6 +85,6 @@ TEST_F(MailIdentities, AreMovedAndLockedByAClickOrByEnterButNotByLookingAround) 
         EXPECT_FALSE(form.loaded());
     });
     moved(4);
-    open(0, [](frmOESecurity& form) { form.lsvOEZones.click(2); });
+    open([](frmOESecurity& form) { form.lsvOEZones.click(2); });
     moved(1);
 }
