@@ -93,6 +93,16 @@ void addBlank(HIMAGELIST images, int size) {
     ImageList_Add(images, colours.bitmap.get(), mask.get());
 }
 
+// From the icon's own bitmaps where it has both: the library would make a second icon of it first.
+bool addIcon(HIMAGELIST images, HICON icon) {
+    ICONINFO parts = {};
+    if (GetIconInfo(icon, &parts)) {
+        const Bitmap colours(parts.hbmColor), mask(parts.hbmMask);
+        if (colours && ImageList_Add(images, colours.get(), mask.get()) >= 0) return true;
+    }
+    return ImageList_ReplaceIcon(images, -1, icon) >= 0;
+}
+
 }  // namespace
 
 Icon makeIcon(const ui::Picture& picture, int width, int height) {
@@ -126,7 +136,7 @@ Images makeImages(int size) {
 
 void addPicture(HIMAGELIST images, int size, const ui::Picture& picture) {
     if (const Icon icon = makeIcon(picture, size, size)) {
-        if (ImageList_ReplaceIcon(images, -1, icon.get()) >= 0) return;
+        if (addIcon(images, icon.get())) return;
     } else if (bitmapSize(picture).cx) {
         const Canvas canvas(size);
         {

@@ -19,7 +19,6 @@ void MenuPeer::applyMenu() {
     MenuHandle bar = build(menu_.items(), CreateMenu());
     SetMenu(window_, bar.get());
     std::swap(bar_, bar);
-    DrawMenuBar(window_);
 }
 
 // A menu owns the menus that open from it.
