@@ -153,7 +153,7 @@ TEST_P(EveryForm, ShowsItsCaptionsWhole) {
             if (dynamic_cast<ui::CommandButton*>(control)) room -= ButtonBorder;
             if (dynamic_cast<ui::CheckBox*>(control)) room -= BoxMark;
             if (dynamic_cast<ui::Frame*>(control)) room -= FrameEdge;
-            const std::string text = control->accessText();  // none for data
+            const std::string text = label ? label->caption() : control->accessText();
             const ui::Size needed = program_.platform.desktop.textSize(text, room, label && label->bold());
             EXPECT_LE(needed.width, room) << called(*control) << " \"" << text << "\"";
             EXPECT_LE(needed.height, control->height()) << called(*control) << " \"" << text << "\"";

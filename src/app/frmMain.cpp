@@ -79,10 +79,9 @@ frmMain::frmMain(Program& program)
                  {{3240, 660, 1830, 225}, "Current Level: "}};
     for (const auto& info : infos) zzzlblInfo.add(zzzfraInfo, info.at, info.caption);
 
-    lblZoneName.showData().makeBold();
-    for (ui::Label* data : {&lblZoneCaption, &lblFlags, &lblRec, &lblMin, &lblCurrent}) data->showData();
-    picDummy.setVisible(false);
-    picHolder.setVisible(false);
+    lblZoneName.makeBold();
+    picDummy.keepHidden();
+    picHolder.keepHidden();
 
     lvwZones.onItemClick = [this](int item) { lvwZones_ItemClick(item); };
     tmrIconSpace.onTimer = [this] { tmrIconSpace_Timer(); };

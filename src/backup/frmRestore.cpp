@@ -65,10 +65,9 @@ frmRestore::frmRestore(Program& program)
         zzzlblInfo.add(zzzfraInfo, {Margin, top, ValueLeft - Margin, 225}, caption);
         top += Row;
     }
-    lblZoneName.showData().makeBold();
-    for (ui::Label* data : {&lblZoneCaption, &lblCurrent, &lblMin, &lblRec, &lblFlags}) data->showData();
-    picHolder.setVisible(false);
-    picDummy.setVisible(false);
+    lblZoneName.makeBold();
+    picHolder.keepHidden();
+    picDummy.keepHidden();
     lvwZones.setImages(&ilsZoneIcons);
 
     ListView1.onItemClick = [this](int item) { ListView1_ItemClick(item); };

@@ -52,7 +52,7 @@ ui::Frame& LevelsPage::addFrames(ui::Control& page) {
         const ui::Twips top = Margin + zzzfraLevel.size() * (FrameHeight + Margin);
         ui::Frame& frame = zzzfraLevel.add(page, {Margin, top, Inner, FrameHeight}, row.caption);
         zzzlblLevel.add(frame, {150, LabelTop, 720, LabelHeight}, "Current:");
-        stored.emplace_back(frame, row.labelName, ui::Bounds{900, LabelTop, 1080, LabelHeight}, "").showData();
+        stored.emplace_back(frame, row.labelName, ui::Bounds{900, LabelTop, 1080, LabelHeight}, "");
         zzzlblLevel.add(frame, {2010, LabelTop, 930, LabelHeight}, "Change To:");
         cboSetting.add(frame, {2970, 330, 1275, ComboHeight});
         cmdApply.add(frame, {4350, 300, ButtonWidth, ButtonHeight}, "Apply");

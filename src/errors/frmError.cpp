@@ -43,7 +43,6 @@ frmError::frmError(ui::Desktop& desktop)
         lblInfo.add(*this, captionPlace(row++), text);
     lblInfo.add(*this, {Captions, 0, InfoWidth, LineHeight}, "Press continue to return to Tavimor or End to quit.");
     lblInfo.add(*this, {Captions, 0, InfoWidth, LineHeight}, "This and other info logged to file.");
-    for (ui::Label* label : {&lblModule, &lblProcedure, &lblLine, &lblErrNumber, &lblErrDescription}) label->showData();
     cmdContinue.setToolTip("Continue program operation.");
     cmdContinue.onClick = [this] { cmdContinue_Click(); };
     cmdEnd.setToolTip("End the program.");
@@ -65,7 +64,7 @@ void frmError::Form_Load() {
     } catch (const std::exception& refused) {
         // A log that refuses is no reason to keep the error from the user, and no error to report in its turn: the
         // report would be refused as well.
-        lblInfo(LogInfo).showData().setCaption(std::string("This could not be logged to file. ") + refused.what());
+        lblInfo(LogInfo).setCaption(std::string("This could not be logged to file. ") + refused.what());
     }
     if (basErrors::reporting.exclamation) imgExclaim.setPicture(basErrors::reporting.exclamation());
     layOut();

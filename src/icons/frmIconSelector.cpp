@@ -91,9 +91,8 @@ frmIconSelector::frmIconSelector(Program& program, std::string file, ui::Picture
       program_(program),
       file_(std::move(file)),
       target_(target) {
-    lblIconCount.showData();
     Picture1.setVisible(false);
-    picParent.setVisible(false);
+    picParent.keepHidden();
     lvwIcons.setImages(&ilsIcons32, &ilsIcons16);
     lvwIcons.setIconSpacing({50, 50});  // seven in a row: there is no text to make room for
 

@@ -31,9 +31,9 @@ frmOESecurity::frmOESecurity(Program& program)
       program_(program) {
     lblInfo.add(*this, {Margin, Margin, Inner, 225}, "Outlook Express is currently in:");
     lblInfo.add(*this, {Margin, 735, Inner, 225}, "Select a zone to change.");
-    lblZone.showData().makeBold();
-    picDummy.setVisible(false);
-    picHolder.setVisible(false);
+    lblZone.makeBold();
+    picDummy.keepHidden();
+    picHolder.keepHidden();
     lsvOEZones.onItemClick = [this](int item) { lsvOEZones_ItemClick(item); };
 }
 

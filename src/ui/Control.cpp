@@ -14,7 +14,7 @@ Component::~Component() {
 
 void Component::attach(PeerFactory& factory) {
     peer_ = makePeer(factory);
-    replay();
+    if (peer_) replay();
 }
 
 Place::Place(Control& inside) : form(inside.form()), container(&inside) {}

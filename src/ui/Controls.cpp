@@ -185,11 +185,17 @@ void PictureBox::setPicture(Picture picture) {
         if (auto* p = peerAs<Peer>()) p->applyPicture();
 }
 
+void PictureBox::keepHidden() {
+    keptHidden_ = true;
+    setVisible(false);
+}
+
 void PictureBox::click() {
     if (usable()) raise(onClick);
 }
 
 std::unique_ptr<ui::Peer> PictureBox::makePeer(PeerFactory& factory) {
+    if (keptHidden_) return nullptr;
     return factory.make(*this);
 }
 

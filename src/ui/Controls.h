@@ -11,31 +11,25 @@
 
 namespace ui {
 
+// A text on the form or on the box it stands in, with "&" as it is. It is drawn there and has no window of its own:
+// neither the mouse nor the focus finds it, so it has no tool tip and no access key.
 class Label : public Control {
 public:
-    enum class Shows { Caption, Data };  // data shows "&" as it is; a caption makes it an access key
     Label(Place place, std::string name, Bounds bounds, std::string caption, int index = -1);
 
     const std::string& caption() const { return caption_; }
     void setCaption(std::string caption);
-    Shows shows() const { return shows_; }
-    Label& showData() {
-        shows_ = Shows::Data;
-        return *this;
-    }
     bool bold() const { return bold_; }
     Label& makeBold() {
         bold_ = true;
         return *this;
     }
-    std::string accessText() const override { return shows_ == Shows::Data ? std::string() : caption_; }
 
 protected:
     std::unique_ptr<ui::Peer> makePeer(PeerFactory& factory) override;
 
 private:
     std::string caption_;
-    Shows shows_ = Shows::Caption;
     bool bold_ = false;
 };
 
@@ -174,6 +168,8 @@ public:
     void setPicture(Picture picture);  // drawn at (0, 0), 32 by 32 pixels for icons
     void clear() { setPicture({}); }
     Border border() const { return border_; }
+    // Only keeps a picture and is never shown: such a box takes no window of the system.
+    void keepHidden();
 
     void click();  // the user's entry; Enter and Space when the box is a tab stop
     Event onClick;
@@ -185,6 +181,7 @@ protected:
 private:
     Picture picture_;
     Border border_;
+    bool keptHidden_ = false;
 };
 
 class ProgressBar : public Control {

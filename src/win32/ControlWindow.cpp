@@ -9,13 +9,13 @@ constexpr UINT ResumePainting = WM_APP + 1;
 }
 
 // Each control is a group of its own: the arrow keys belong to the control and do not wander over the form.
-ControlWindow::ControlWindow(ui::Control& control, const Class& native)
+ControlWindow::ControlWindow(ui::Control& control, const Class& native, const std::string& text)
     : control_(control), form_(*control.form().peerAs<FormPeer>()) {
     const DWORD style = WS_CHILD | WS_CLIPSIBLINGS | WS_GROUP | (control.tabStop() ? WS_TABSTOP : 0) |
                         (control.showing() ? WS_VISIBLE : 0) | native.style;
     // In its place at once: to move and show each control afterwards takes as long as to make it.
     const RECT b = ControlWindow::bounds();
-    window_ = CreateWindowExA(native.extended, native.name, "", style, b.left, b.top, b.right - b.left,
+    window_ = CreateWindowExA(native.extended, native.name, text.c_str(), style, b.left, b.top, b.right - b.left,
                               b.bottom - b.top, form_.window(), reinterpret_cast<HMENU>(form_.enter(*this)),
                               GetModuleHandleA(nullptr), nullptr);
     if (!window_) {
@@ -42,10 +42,17 @@ LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM w, L
         self.resumePainting();
         return 0;
     }
+    // There is nothing to paint, and the native window would go a long way to find that out.
+    if (message == WM_NCPAINT && !self.framed()) return 0;
     if (const auto answer = shielded([&] { return self.message(message, w, l); })) return *answer;
     const LRESULT result = self.native(message, w, l);
     if (message == WM_SETFOCUS && self.reporting()) shielded([&] { self.control_.gotFocus(); });
     return result;
+}
+
+bool ControlWindow::framed() const {
+    return (GetWindowLongPtrA(window_, GWL_STYLE) & (WS_BORDER | WS_HSCROLL | WS_VSCROLL)) ||
+           (GetWindowLongPtrA(window_, GWL_EXSTYLE) & WS_EX_CLIENTEDGE);
 }
 
 LRESULT ControlWindow::apply(UINT message, WPARAM w, LPARAM l) {
@@ -54,9 +61,7 @@ LRESULT ControlWindow::apply(UINT message, WPARAM w, LPARAM l) {
 }
 
 RECT ControlWindow::bounds() const {
-    const ui::Bounds b = control_.absoluteBounds();
-    const int left = screen().pixels(b.left), top = screen().pixels(b.top);
-    return {left, top, left + screen().pixels(b.width), top + screen().pixels(b.height)};
+    return screen().pixels(control_.absoluteBounds());
 }
 
 void ControlWindow::place() {

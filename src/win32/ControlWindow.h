@@ -19,7 +19,7 @@ public:
         const char* name;
         DWORD style = 0, extended = 0;
     };
-    ControlWindow(ui::Control& control, const Class& native);
+    ControlWindow(ui::Control& control, const Class& native, const std::string& text);
     ControlWindow(const ControlWindow&) = delete;
     ControlWindow& operator=(const ControlWindow&) = delete;
     virtual ~ControlWindow();
@@ -39,6 +39,8 @@ public:
     void show();
     void enable();
     void focus();
+    // Paints what was held back now, and not when the program next waits.
+    void resumePainting();
 
 protected:
     // Native controls echo what a program does to them; while one of these lives the echo is not heard.
@@ -71,8 +73,8 @@ protected:
 
 private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l);
-    void resumePainting();
     void passFocusOn();
+    bool framed() const;
 
     ui::Control& control_;
     FormPeer& form_;
@@ -92,7 +94,8 @@ inline bool asksForEnter(LPARAM l) {
 template <class C>
 class ControlPeer : public C::Peer, public ControlWindow {
 public:
-    ControlPeer(C& control, const Class& native) : ControlWindow(control, native), control_(control) {}
+    ControlPeer(C& control, const Class& native, const std::string& text = {})
+        : ControlWindow(control, native, text), control_(control) {}
 
     void applyBounds() override { place(); }
     void applyShowing() override { show(); }
@@ -109,8 +112,14 @@ protected:
 template <class C>
 class CaptionPeer : public ControlPeer<C> {
 public:
-    using ControlPeer<C>::ControlPeer;
-    void applyText() override { this->apply(WM_SETTEXT, 0, this->control_.caption().c_str()); }
+    CaptionPeer(C& control, const ControlWindow::Class& native)
+        : ControlPeer<C>(control, native, control.caption()), told_(control.caption()) {}
+    void applyText() override {
+        if (ui::store(told_, this->control_.caption())) this->apply(WM_SETTEXT, 0, told_.c_str());
+    }
+
+private:
+    std::string told_;
 };
 
 }  // namespace win32

@@ -26,6 +26,16 @@ struct EmptyDialog {
 // The oldest form of the structure, which every version of the control knows.
 constexpr UINT ToolInfoSize = offsetof(TOOLINFOA, lpszText) + sizeof(TOOLINFOA::lpszText);
 
+void drawLabel(HDC context, const ui::Label& label, const Screen& screen) {
+    RECT area = screen.pixels(label.absoluteBounds());
+    if (!label.showing() || !RectVisible(context, &area)) return;
+    const Selected font(context, screen.font(label.bold()));
+    SetBkMode(context, TRANSPARENT);
+    SetTextColor(context, GetSysColor(label.enabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
+    DrawTextA(context, label.caption().c_str(), static_cast<int>(label.caption().size()), &area,
+              DT_LEFT | DT_WORDBREAK | DT_EXPANDTABS | DT_NOPREFIX);
+}
+
 FormPeer* peerOf(HWND window) {
     return reinterpret_cast<FormPeer*>(GetWindowLongPtrA(window, DWLP_USER));
 }
@@ -59,8 +69,9 @@ void FormPeer::setIcons() {
         return reinterpret_cast<LPARAM>(
             LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1), IMAGE_ICON, width, height, LR_SHARED));
     };
-    SendMessageA(window_, WM_SETICON, ICON_BIG, load(GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON)));
+    // The small one first: a window with only the large one has a small one drawn from it, to be thrown away at once.
     SendMessageA(window_, WM_SETICON, ICON_SMALL, load(GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON)));
+    SendMessageA(window_, WM_SETICON, ICON_BIG, load(GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON)));
 }
 
 // State -----------------------------------------------------------------------------------------------------------
@@ -114,6 +125,7 @@ void FormPeer::applyUnloaded() {
 void FormPeer::show() {
     unloaded_ = false;
     if (!IsWindowVisible(window_)) centre(window_, owner_);
+    for (ControlWindow* control : controls_) control->resumePainting();
     live_ = true;
     ShowWindow(window_, SW_SHOW);
     UpdateWindow(window_);
@@ -203,6 +215,10 @@ bool FormPeer::handle(UINT message, WPARAM w, LPARAM l) {
             return showPointer();
         case WM_PAINT:
             return paint();
+        // The system's newer controls ask for what is behind them.
+        case WM_PRINTCLIENT:
+            draw(reinterpret_cast<HDC>(w));
+            return true;
         default:
             return false;
     }
@@ -264,9 +280,20 @@ bool FormPeer::focusActiveControl() {
     return true;
 }
 
+void FormPeer::redraw(const ui::Bounds& place) {
+    if (!IsWindowVisible(window_)) return;  // it will be painted as a whole
+    const RECT area = screen_.pixels(place);
+    InvalidateRect(window_, &area, TRUE);
+}
+
 bool FormPeer::paint() {
     PAINTSTRUCT area;
-    const HDC context = BeginPaint(window_, &area);
+    draw(BeginPaint(window_, &area));
+    EndPaint(window_, &area);
+    return true;
+}
+
+void FormPeer::draw(HDC context) const {
     for (const ui::Line& line : form_.lines()) {
         // As thick as a line of one pixel is on a screen with 96 to the inch.
         const int thickness = std::max(1, screen_.scaled(1));
@@ -276,8 +303,8 @@ bool FormPeer::paint() {
         FillRect(context, &bar,
                  GetSysColorBrush(line.colour == ui::SystemColour::Shadow3D ? COLOR_3DSHADOW : COLOR_3DHIGHLIGHT));
     }
-    EndPaint(window_, &area);
-    return true;
+    for (const ui::Component* component : form_.components())
+        if (const auto* label = dynamic_cast<const ui::Label*>(component)) drawLabel(context, *label, screen_);
 }
 
 }  // namespace win32

@@ -1,7 +1,7 @@
 // The native window of a form.
 //
-// A window of the system's dialog class: Tab, access keys, Enter and Esc are the dialog manager's. Nothing is drawn on
-// it but the form's lines.
+// A window of the system's dialog class: Tab, access keys, Enter and Esc are the dialog manager's. Drawn on it are the
+// form's lines and its labels. Those are most of what a form shows, and old systems have little room for windows.
 #pragma once
 
 #include <functional>
@@ -35,6 +35,8 @@ public:
     HWND window() const { return window_; }
     const Screen& screen() const { return screen_; }
 
+    // Paints a place again, once the window is visible.
+    void redraw(const ui::Bounds& place);
     // Shows the window, in the middle of its owner or the screen.
     void show();
     // Between showing and unloading: only then does what happens to the windows reach the form.
@@ -66,6 +68,7 @@ private:
     bool limitSize(MINMAXINFO& limits) const;
     bool showPointer();
     bool paint();
+    void draw(HDC context) const;
     bool focusActiveControl();
     ControlWindow* find(HWND window) const;
     void setIcons();

@@ -12,6 +12,11 @@ public:
 
     int pixelsPerInch() const { return pixelsPerInch_; }
     int pixels(ui::Twips length) const { return ui::toPixels(length, pixelsPerInch_); }
+    // Corner and size are rounded each for itself: what is equally wide stays so.
+    RECT pixels(const ui::Bounds& b) const {
+        const int left = pixels(b.left), top = pixels(b.top);
+        return {left, top, left + pixels(b.width), top + pixels(b.height)};
+    }
     ui::Twips twips(int pixels) const { return ui::toTwips(pixels, pixelsPerInch_); }
     // A length that is given in pixels of a screen with 96 to the inch.
     int scaled(int pixelsAt96) const { return MulDiv(pixelsAt96, pixelsPerInch_, 96); }

@@ -8,14 +8,27 @@ namespace win32 {
 
 namespace {
 
-class LabelPeer : public CaptionPeer<ui::Label> {
+// The form draws it.
+class LabelPeer : public ui::Control::Peer {
 public:
-    // SS_NOTIFY lets the mouse find the label, for its tool tip.
     explicit LabelPeer(ui::Label& label)
-        : CaptionPeer(label, {"STATIC", label.shows() == ui::Label::Shows::Data ? DWORD{SS_NOTIFY | SS_NOPREFIX}
-                                                                                : DWORD{SS_NOTIFY}}) {
-        if (label.bold()) apply(WM_SETFONT, reinterpret_cast<WPARAM>(screen().font(true)));
+        : label_(label), form_(*label.form().peerAs<FormPeer>()), place_(label.absoluteBounds()) {}
+
+    void applyBounds() override {
+        form_.redraw(place_);
+        place_ = label_.absoluteBounds();
+        form_.redraw(place_);
     }
+    void applyShowing() override { form_.redraw(place_); }
+    void applyEnabled() override { form_.redraw(place_); }
+    void applyText() override { form_.redraw(place_); }
+    void applyFocus() override {}
+    void applyToolTip() override {}
+
+private:
+    ui::Label& label_;
+    FormPeer& form_;
+    ui::Bounds place_;  // where it is drawn
 };
 
 class FramePeer : public CaptionPeer<ui::Frame> {
@@ -42,11 +55,10 @@ private:
     }
 };
 
-class CheckBoxPeer : public ControlPeer<ui::CheckBox> {
+class CheckBoxPeer : public CaptionPeer<ui::CheckBox> {
 public:
-    explicit CheckBoxPeer(ui::CheckBox& box) : ControlPeer(box, {"BUTTON", BS_AUTOCHECKBOX | BS_MULTILINE}) {}
+    explicit CheckBoxPeer(ui::CheckBox& box) : CaptionPeer(box, {"BUTTON", BS_AUTOCHECKBOX | BS_MULTILINE}) {}
 
-    void applyText() override { apply(WM_SETTEXT, 0, control_.caption().c_str()); }
     void applyChecked() override { apply(BM_SETCHECK, control_.checked() ? BST_CHECKED : BST_UNCHECKED); }
 
     // The native box has toggled itself by now.

@@ -1,0 +1,77 @@
+// What a form draws itself: its lines and its labels.
+#include "EveryControl.h"
+
+#include "win32/Handles.h"
+
+namespace {
+
+// The form's own drawing within a place, white where nothing is drawn, as 24-bit pixels.
+std::string drawn(const ui::Form& form, const RECT& place) {
+    BITMAPINFO info = {};
+    info.bmiHeader = {
+        sizeof info.bmiHeader, place.right - place.left, place.bottom - place.top, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
+    void* bits = nullptr;
+    const win32::MemoryContext context(CreateCompatibleDC(nullptr));
+    const win32::Bitmap bitmap(CreateDIBSection(context.get(), &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+    const win32::Selected selected(context.get(), bitmap.get());
+    PatBlt(context.get(), 0, 0, info.bmiHeader.biWidth, info.bmiHeader.biHeight, WHITENESS);
+    SetViewportOrgEx(context.get(), -place.left, -place.top, nullptr);
+    SendMessageA(windowOf(form), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(context.get()), PRF_CLIENT);
+    GdiFlush();
+    BITMAP made = {};
+    GetObjectA(bitmap.get(), sizeof made, &made);
+    return {static_cast<const char*>(bits), static_cast<std::size_t>(made.bmWidthBytes * made.bmHeight)};
+}
+
+using DrawingTest = WindowsTest;
+
+TEST_F(DrawingTest, ALabelIsDrawnWithEveryChangeAndWhereItIs) {
+    EveryControl form(desktop);
+    form.show();
+    const win32::Screen screen;
+    const RECT place = screen.pixels(form.label.absoluteBounds());
+    const std::string nothing(drawn(form, place).size(), '\xFF');
+
+    std::vector<std::string> pictures{nothing, drawn(form, place)};
+    const std::pair<const char*, std::function<void()>> changes[] = {
+        {"an ampersand is a letter", [&] { form.label.setCaption("Name:"); }},
+        {"disabled", [&] { form.label.setEnabled(false); }},
+        {"moved", [&] { form.label.setLeft(form.label.left() + 150); }},
+    };
+    for (const auto& [what, change] : changes) {
+        UpdateWindow(windowOf(form));
+        change();
+        RECT asked = {}, common = {};
+        EXPECT_TRUE(GetUpdateRect(windowOf(form), &asked, FALSE) && IntersectRect(&common, &asked, &place)) << what;
+        pictures.push_back(drawn(form, place));
+        for (std::size_t i = 0; i + 1 < pictures.size(); ++i) EXPECT_NE(pictures[i], pictures.back()) << what;
+    }
+    form.label.setVisible(false);
+    EXPECT_EQ(drawn(form, place), nothing);
+    form.unload();
+}
+
+TEST_F(DrawingTest, ALabelIsBoldOnlyWhereItSaysSo) {
+    EveryControl form(desktop);
+    form.show();
+    const RECT place = win32::Screen().pixels(form.label.absoluteBounds());
+    const std::string plain = drawn(form, place);
+    form.label.makeBold();
+    EXPECT_NE(drawn(form, place), plain);
+    form.unload();
+}
+
+TEST_F(DrawingTest, ALineIsAPixelThick) {
+    EveryControl form(desktop);
+    form.show();
+    const RECT place = {10, 100, 30, 104};
+    const std::string before = drawn(form, place);
+    form.drawLine({0, 15 * 101, form.client().width, 15 * 101, ui::SystemColour::Shadow3D});
+    const std::string after = drawn(form, place);
+    std::size_t changed = 0;
+    for (std::size_t at = 0; at < after.size(); at += 3) changed += after.compare(at, 3, before, at, 3) != 0;
+    EXPECT_EQ(changed, 20u);
+    form.unload();
+}
+
+}  // namespace
