@@ -2,6 +2,7 @@
 #include "EveryControl.h"
 
 #include "win32/Handles.h"
+#include "win32/Screen.h"
 
 namespace {
 

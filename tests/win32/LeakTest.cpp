@@ -89,8 +89,10 @@ struct LeakTest : EditingFixture {
     void expectNothingKept(const char* name, int times, const std::function<void()>& action) {
         SCOPED_TRACE(name);
         const auto repeat = [&](int count) {
-            for (int i = 0; i < count; ++i) action();
-            program.platform.desktop.doEvents();
+            for (int i = 0; i < count; ++i) {
+                action();
+                program.platform.desktop.doEvents();
+            }
             return Taken(system.registry);
         };
         const Taken before = repeat(10), after = repeat(times - 10);
