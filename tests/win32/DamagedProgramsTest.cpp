@@ -1,4 +1,6 @@
 // The system trusts program files; the program must live through damaged ones all the same.
+#include <gtest/gtest.h>
+
 #include "support/ProgramFileBytes.h"
 #include "support/TestSystem.h"
 
