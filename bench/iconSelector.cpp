@@ -62,7 +62,7 @@ void iconSelector(Machine& machine) {
     constexpr int Runs = 15;
     const std::string file = machine.platform.system.GetSystemDirectoryA() + "\\shell32.dll";
     ui::Form owner(machine.services.desktop, ui::Form::Kind::Main, "owner", "", {6000, 6000});
-    ui::PictureBox target(owner, "target", {0, 0, 480, 480});
+    ui::Image target(owner, "target", {0, 0, 480, 480});
     owner.load();
     owner.show();
     int ours = 0, bare = 0;

@@ -84,11 +84,12 @@ void zoneList(benchmark::State& state) {
     ui::Form form(system.desktop, ui::Form::Kind::Main, "form", "", {6000, 6000});
     ui::ListView list(form, "list", {0, 0, 6000, 6000}, ui::ListView::View::Icon, ui::ListView::Clicks::OnSelect);
     ui::ImageList images(form, "images", 32);
-    ui::PictureBox dummy(form, "dummy", {0, 0, 480, 480}), holder(form, "holder", {0, 0, 480, 480});
+    ui::Image dummy(form, "dummy", {0, 0, 480, 480}), holder(form, "holder", {0, 0, 480, 480});
     const ZoneListControls controls{list, images, dummy, holder};
     for (auto _ : state) {
         clearZoneList(controls);
-        fillZoneList(program, controls);
+        basMain::IconCache icons(program.platform);
+        fillZoneList(program, controls, icons);
     }
     if (list.count() != state.range(0)) state.SkipWithError("the list is not full");
 }

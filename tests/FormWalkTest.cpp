@@ -32,7 +32,7 @@ const std::pair<const char*, std::function<FormPointer(Program&)>> Forms[] = {
          // Its target stands on a form of its own, which the selector never touches but to draw.
          static simulated::Desktop desktop;
          static ui::Form owner(desktop, ui::Form::Kind::Dialog, "owner", "", {});
-         static ui::PictureBox target(owner, "target", {});
+         static ui::Image target(owner, "target", {});
          return std::make_unique<frmIconSelector>(program, "C:\\WINDOWS\\SYSTEM\\shell32.dll", target);
      }},
 };
@@ -91,8 +91,8 @@ std::vector<std::string> captionsOf(const Items& items) {
 // What a user operates, and so must be able to reach with Tab.
 bool operable(const ui::Control& control) {
     if (auto* picture = dynamic_cast<const ui::PictureBox*>(&control)) return static_cast<bool>(picture->onClick);
-    return !dynamic_cast<const ui::Label*>(&control) && !dynamic_cast<const ui::Frame*>(&control) &&
-           !dynamic_cast<const ui::ProgressBar*>(&control);
+    return !dynamic_cast<const ui::Label*>(&control) && !dynamic_cast<const ui::Image*>(&control) &&
+           !dynamic_cast<const ui::Frame*>(&control) && !dynamic_cast<const ui::ProgressBar*>(&control);
 }
 
 bool overlap(const ui::Bounds& a, const ui::Bounds& b) {

@@ -1,7 +1,6 @@
 #include "app/ZoneList.h"
 
 #include "errors/basErrors.h"
-#include "icons/ExtractIcon.h"
 
 ZoneIcon zoneIconOf(Program& program, const std::optional<RegistryValue>& icon) {
     clsStrings& strings = program.strings;
@@ -22,7 +21,7 @@ std::string textOr(const std::optional<RegistryValue>& value, const char* missin
     return value && !value->text.empty() ? value->text : missing;
 }
 
-void fillZoneList(Program& program, const ZoneListControls& controls) {
+void fillZoneList(Program& program, const ZoneListControls& controls, basMain::IconCache& icons) {
     clsRegistry& registry = program.registry;
     controls.images.add(controls.dummy.picture());
     controls.list.setImages(&controls.images);
@@ -30,7 +29,6 @@ void fillZoneList(Program& program, const ZoneListControls& controls) {
     zones::goToZones(registry);
     const auto keys = registry.DirKey();
     if (!keys) return;
-    basMain::IconCache icons(program.platform);
     for (const std::string& key : *keys) {
         zones::goToZone(registry, key);
         const std::string& path = registry.CurrentKey();

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "app/Program.h"
+#include "icons/ExtractIcon.h"
 #include "ui/ListView.h"
 
 // The parts of a zone's icon reference, or of the default one when the zone has none that can be taken apart.
@@ -22,12 +23,12 @@ std::string textOr(const std::optional<RegistryValue>& value, const char* missin
 struct ZoneListControls {
     ui::ListView& list;
     ui::ImageList& images;
-    ui::PictureBox& dummy;   // its picture is always the first of `images`
-    ui::PictureBox& holder;  // each icon is drawn here, copied into `images` and cleared
+    ui::Image& dummy;   // its picture is always the first of `images`
+    ui::Image& holder;  // each icon is drawn here, copied into `images` and cleared
 };
 
 // Adds one item for each subkey of the zones key, in the registry's order: the zone's name, its icon as image i + 2 for
-// item i (from 0), its key name as tag. Selects nothing.
-void fillZoneList(Program& program, const ZoneListControls& controls);
+// item i (from 0), its key name as tag. Selects nothing. Icons come from and stay in `icons`.
+void fillZoneList(Program& program, const ZoneListControls& controls, basMain::IconCache& icons);
 // Empties list and images, so that it can be filled again.
 void clearZoneList(const ZoneListControls& controls);

@@ -80,8 +80,8 @@ frmMain::frmMain(Program& program)
     for (const auto& info : infos) zzzlblInfo.add(zzzfraInfo, info.at, info.caption);
 
     lblZoneName.makeBold();
-    picDummy.keepHidden();
-    picHolder.keepHidden();
+    picDummy.setVisible(false);
+    picHolder.setVisible(false);
 
     lvwZones.onItemClick = [this](int item) { lvwZones_ItemClick(item); };
     tmrIconSpace.onTimer = [this] { tmrIconSpace_Timer(); };
@@ -169,15 +169,16 @@ void frmMain::DeleteSelfHealCount() {
 
 void frmMain::FillListView() {
     procedure("frmMain.FillListView", [&] {
-        fillZoneList(program_, zoneList());
-        SelectUsualZone();
+        basMain::IconCache icons(program_.platform);
+        fillZoneList(program_, zoneList(), icons);
+        SelectUsualZone(icons);
     });
 }
 
-void frmMain::SelectUsualZone() {
+void frmMain::SelectUsualZone(basMain::IconCache& icons) {
     const int usual = lvwZones.count() == 1 ? 1 : 2;
     lvwZones.setSelected(usual);
-    lvwZones_ItemClick(usual);
+    ShowZone(usual, icons);
     tmrIconSpace.setEnabled(true);
 }
 
@@ -194,6 +195,11 @@ void frmMain::tmrIconSpace_Timer() {
 }
 
 void frmMain::lvwZones_ItemClick(int item) {
+    basMain::IconCache icons(program_.platform);
+    ShowZone(item, icons);
+}
+
+void frmMain::ShowZone(int item, basMain::IconCache& icons) {
     procedure("frmMain.lvwZones_ItemClick", [&] {
         clsRegistry& registry = program_.registry;
         zones::Selection& selection = program_.selection;
@@ -204,7 +210,7 @@ void frmMain::lvwZones_ItemClick(int item) {
             picZoneIcon.clear();
             zones::goToZone(registry, selection.zone);
             const ZoneIcon icon = zoneIconOf(program_, registry.ValueOf("Icon"));
-            basMain::ExtractIcon(program_, icon.reference, "#", 32, picZoneIcon);
+            basMain::ExtractIcon(icons, icon.reference, "#", 32, picZoneIcon);
             selection.iconFile = icon.file;
             selection.iconResource = icon.resource;
         }

@@ -34,14 +34,14 @@ public:
 
     ui::ListView lvwZones;
     ui::ImageList ilsZoneIcons;
-    ui::PictureBox picDummy, picHolder;
-    ui::PictureBox picZoneIcon;
+    ui::Image picDummy, picHolder;
+    ui::Image picZoneIcon;
     ui::Label lblZoneName, lblZoneCaption;
     ui::ControlArray<ui::CommandButton> cmdZoneOption;  // 0 edit, 1 add, 2 delete
     ui::Frame zzzfraInfo;
     ui::ControlArray<ui::Label> zzzlblInfo;
     ui::Label lblFlags, lblRec, lblMin, lblCurrent;
-    ui::PictureBox zzzpicLogo;
+    ui::Image zzzpicLogo;
     ui::Timer tmrIconSpace;
     ui::Timer tmrImport;  // runs while the registry editor does
 
@@ -91,7 +91,8 @@ private:
     void ShowView(double view);
     void ShowLogo();
     void DrawEtchedLine();
-    void SelectUsualZone();
+    void SelectUsualZone(basMain::IconCache& icons);
+    void ShowZone(int item, basMain::IconCache& icons);
     void ReloadAsItIs();
     void EndImport();
     ZoneListControls zoneList() { return {lvwZones, ilsZoneIcons, picDummy, picHolder}; }

@@ -33,8 +33,9 @@ void frmMain::ReloadWhileImporting(platform::Launcher::Process import) {
 void frmMain::ReloadAsItIs() {
     procedure("frmMain.ReloadAsItIs", [&] {
         clearZoneList(zoneList());
-        fillZoneList(program_, zoneList());
-        if (lvwZones.count() > 0) SelectUsualZone();
+        basMain::IconCache icons(program_.platform);
+        fillZoneList(program_, zoneList(), icons);
+        if (lvwZones.count() > 0) SelectUsualZone(icons);
     });
 }
 

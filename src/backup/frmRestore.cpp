@@ -66,8 +66,8 @@ frmRestore::frmRestore(Program& program)
         top += Row;
     }
     lblZoneName.makeBold();
-    picHolder.keepHidden();
-    picDummy.keepHidden();
+    picHolder.setVisible(false);
+    picDummy.setVisible(false);
     lvwZones.setImages(&ilsZoneIcons);
 
     ListView1.onItemClick = [this](int item) { ListView1_ItemClick(item); };

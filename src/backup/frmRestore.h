@@ -16,13 +16,13 @@ public:
     ui::ImageList ilsZoneIcons;  // pictures of lvwZones
     ui::ListView lvwZones;       // the zones of the selected backup
     ui::PictureBox picInfo;      // the selected zone
-    ui::PictureBox picZoneIcon;
+    ui::Image picZoneIcon;
     ui::Label lblZoneName, lblZoneCaption;
     ui::Frame zzzfraInfo;
     ui::ControlArray<ui::Label> zzzlblInfo;
     ui::Label lblCurrent, lblMin, lblRec, lblFlags;
     ui::CommandButton cmdRestore, cmdDelete;
-    ui::PictureBox picHolder, picDummy;
+    ui::Image picHolder, picDummy;
     ui::Timer tmrWatch;
 
 protected:

@@ -65,7 +65,7 @@ frmSecurity::frmSecurity(Program& program)
       picTemp(*this, "picTemp", {0, 0, 240, 240}),
       cmdClose(*this, "cmdClose", {Client.width - Margin - ButtonWidth, ButtonTop, ButtonWidth, ButtonHeight}, "Close"),
       program_(program) {
-    picTemp.keepHidden();
+    picTemp.setVisible(false);
     TVMRTreeView1.setImages(&ilsGroups);
     setDefaultButton(cmdClose);
     setCancelButton(cmdClose);

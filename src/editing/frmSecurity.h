@@ -21,7 +21,7 @@ public:
 
     TVMRTreeView TVMRTreeView1;
     ui::ImageList ilsGroups;
-    ui::PictureBox picTemp;  // hidden: each group's picture is loaded here on its way into the image list
+    ui::Image picTemp;  // hidden: each group's picture is loaded here on its way into the image list
     ui::CommandButton cmdClose;
 
     // Resolves "@file,-number" in the string resources of a program file. A text that says so when there is no such

@@ -7,7 +7,7 @@ class frmError : public ui::Form {
 public:
     explicit frmError(ui::Desktop& desktop);
 
-    ui::PictureBox imgExclaim;
+    ui::Image imgExclaim;
     ui::ControlArray<ui::Label> lblInfo{"lblInfo"};
     ui::Label lblModule, lblProcedure, lblLine, lblErrNumber, lblErrDescription;
     ui::CommandButton cmdContinue, cmdEnd;

@@ -104,17 +104,17 @@ const ui::Picture& IconCache::OwnIcon(int size) {
 }
 
 void ExtractIcon(IconCache& cache, const std::string& reference, const std::string& separator, int size,
-                 ui::PictureBox& box) {
+                 ui::Image& box) {
     procedure("basMain.ExtractIcon", [&] { box.setPicture(cache.Icon(reference, separator, size)); });
 }
 
 void ExtractIcon(Program& program, const std::string& reference, const std::string& separator, int size,
-                 ui::PictureBox& box) {
+                 ui::Image& box) {
     IconCache cache(program.platform);
     ExtractIcon(cache, reference, separator, size, box);
 }
 
-void ExtractBitmap(Program& program, const std::string& reference, const std::string& separator, ui::PictureBox& box) {
+void ExtractBitmap(Program& program, const std::string& reference, const std::string& separator, ui::Image& box) {
     procedure("basMain.ExtractBitmap", [&] {
         box.setPicture(pictureOrNone([&] {
             const Location location = split(reference, separator);

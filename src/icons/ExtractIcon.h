@@ -21,7 +21,7 @@ std::string DefaultIconReference(platform::Platform& platform);
 // Draws the icon that `reference` names (file, `separator`, number or name) into `box`: the image of `size` pixels.
 // What cannot be drawn is no error: the box then shows the program's own icon.
 void ExtractIcon(Program& program, const std::string& reference, const std::string& separator, int size,
-                 ui::PictureBox& box);
+                 ui::Image& box);
 
 // Pictures already found. Held for the time of one list fill, so that zones with the same icon open its file once;
 // not longer, or a changed file would not be seen.
@@ -45,10 +45,10 @@ private:
     std::unordered_map<int, ui::Picture> ownIcons_;  // by size
 };
 void ExtractIcon(IconCache& cache, const std::string& reference, const std::string& separator, int size,
-                 ui::PictureBox& box);
+                 ui::Image& box);
 
 // The same for a bitmap resource, in its own size. What cannot be drawn leaves the box empty.
-void ExtractBitmap(Program& program, const std::string& reference, const std::string& separator, ui::PictureBox& box);
+void ExtractBitmap(Program& program, const std::string& reference, const std::string& separator, ui::Image& box);
 
 // The picture that `reference` names: the path of an ".ico" or ".bmp" file, or "file,number" for an icon of a program
 // file. `size`: the width in pixels that suits best, of an icon. What cannot be loaded gives an empty picture.

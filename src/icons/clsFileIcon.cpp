@@ -290,7 +290,7 @@ SystemIcon clsFileIcon::IconHandle(int image) const {
     return {platform_.modules, handle};
 }
 
-void clsFileIcon::DrawIconImage(int image, ui::PictureBox& box) const {
+void clsFileIcon::DrawIconImage(int image, ui::Image& box) const {
     IconHandle(image);  // the box draws later, where a refusal would leave it blank
     box.setPicture(IconPicture(image));
 }

@@ -104,7 +104,7 @@ public:
     ui::Picture IconPicture(int image) const;
     SystemIcon IconHandle(int image) const;
     // Leaves `box` as it is when the image is damaged.
-    void DrawIconImage(int image, ui::PictureBox& box) const;
+    void DrawIconImage(int image, ui::Image& box) const;
 
 private:
     struct Image {

@@ -76,7 +76,7 @@ private:
     frmIconSelector& form_;
 };
 
-frmIconSelector::frmIconSelector(Program& program, std::string file, ui::PictureBox& target)
+frmIconSelector::frmIconSelector(Program& program, std::string file, ui::Image& target)
     : Form(program.platform.desktop, Kind::Dialog, "frmIconSelector", "Select Icon", Client),
       lblIconCount(*this, "lblIconCount", {Margin, Margin, Inner, LabelHeight}, ""),
       lvwIcons(*this, "lvwIcons", ListBounds, ui::ListView::View::Icon, ui::ListView::Clicks::OnActivate),
@@ -92,7 +92,7 @@ frmIconSelector::frmIconSelector(Program& program, std::string file, ui::Picture
       file_(std::move(file)),
       target_(target) {
     Picture1.setVisible(false);
-    picParent.keepHidden();
+    picParent.setVisible(false);
     lvwIcons.setImages(&ilsIcons32, &ilsIcons16);
     lvwIcons.setIconSpacing({50, 50});  // seven in a row: there is no text to make room for
 

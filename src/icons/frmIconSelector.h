@@ -17,14 +17,14 @@ class frmIconSelector : public ui::Form {
 public:
     // `file`: full path. The chosen icon is drawn into `target`, and its file and identifier go into the program's
     // selection; both stay as they are when the user gives up.
-    frmIconSelector(Program& program, std::string file, ui::PictureBox& target);
+    frmIconSelector(Program& program, std::string file, ui::Image& target);
 
     ui::Label lblIconCount;
     ui::ListView lvwIcons;
     ui::PictureBox Picture1;  // in the place of the list while it is filled
     ui::Label lblInfo;
     ui::ProgressBar Progress;
-    ui::PictureBox picParent;  // hidden: each icon is drawn here on its way into the image lists
+    ui::Image picParent;  // hidden: each icon is drawn here on its way into the image lists
     ui::ImageList ilsIcons32;
     ui::ImageList ilsIcons16;
     ui::Timer tmrLoad;  // first tick: the dialog stands, now read the file
@@ -50,6 +50,6 @@ private:
 
     Program& program_;
     std::string file_;
-    ui::PictureBox& target_;
+    ui::Image& target_;
     bool loading_ = false;
 };

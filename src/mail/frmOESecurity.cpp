@@ -32,8 +32,8 @@ frmOESecurity::frmOESecurity(Program& program)
     lblInfo.add(*this, {Margin, Margin, Inner, 225}, "Outlook Express is currently in:");
     lblInfo.add(*this, {Margin, 735, Inner, 225}, "Select a zone to change.");
     lblZone.makeBold();
-    picDummy.keepHidden();
-    picHolder.keepHidden();
+    picDummy.setVisible(false);
+    picHolder.setVisible(false);
     lsvOEZones.onItemClick = [this](int item) { lsvOEZones_ItemClick(item); };
 }
 
@@ -47,7 +47,8 @@ void frmOESecurity::Form_Unload() {
 
 void frmOESecurity::FillList() {
     procedure("frmOESecurity.FillList", [&] {
-        fillZoneList(program_, {lsvOEZones, ilsZoneIcons, picDummy, picHolder});
+        basMain::IconCache icons(program_.platform);
+        fillZoneList(program_, {lsvOEZones, ilsZoneIcons, picDummy, picHolder}, icons);
     });
 }
 

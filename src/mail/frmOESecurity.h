@@ -16,7 +16,7 @@ public:
     ui::Label lblZone;
     ui::ImageList ilsZoneIcons;
     ui::ListView lsvOEZones;
-    ui::PictureBox picDummy, picHolder;
+    ui::Image picDummy, picHolder;
 
 protected:
     void Form_Load() override;

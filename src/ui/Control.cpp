@@ -14,7 +14,7 @@ Component::~Component() {
 
 void Component::attach(PeerFactory& factory) {
     peer_ = makePeer(factory);
-    if (peer_) replay();
+    replay();
 }
 
 Place::Place(Control& inside) : form(inside.form()), container(&inside) {}

@@ -64,7 +64,7 @@ public:
     }
 
 protected:
-    virtual std::unique_ptr<Peer> makePeer(PeerFactory& factory) = 0;  // null for what has no native half
+    virtual std::unique_ptr<Peer> makePeer(PeerFactory& factory) = 0;
     virtual void replay() = 0;
 
 private:

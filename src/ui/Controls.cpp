@@ -175,33 +175,35 @@ void ComboBox::replay() {
     peerAs<Peer>()->applyListIndex();
 }
 
-// PictureBox ----------------------------------------------------------------------------------------------------
+// Image and PictureBox
+// ----------------------------------------------------------------------------------------------------
 
-PictureBox::PictureBox(Place place, std::string name, Bounds bounds, Border border, int index)
-    : Control(place, std::move(name), bounds, index), border_(border) {}
+Image::Image(Place place, std::string name, Bounds bounds, int index)
+    : Control(place, std::move(name), bounds, index) {}
 
-void PictureBox::setPicture(Picture picture) {
+void Image::setPicture(Picture picture) {
     if (store(picture_, std::move(picture)))
         if (auto* p = peerAs<Peer>()) p->applyPicture();
 }
 
-void PictureBox::keepHidden() {
-    keptHidden_ = true;
-    setVisible(false);
+std::unique_ptr<ui::Peer> Image::makePeer(PeerFactory& factory) {
+    return factory.make(*this);
 }
+
+void Image::replay() {
+    Control::replay();
+    peerAs<Peer>()->applyPicture();
+}
+
+PictureBox::PictureBox(Place place, std::string name, Bounds bounds, Border border, int index)
+    : Image(place, std::move(name), bounds, index), border_(border) {}
 
 void PictureBox::click() {
     if (usable()) raise(onClick);
 }
 
 std::unique_ptr<ui::Peer> PictureBox::makePeer(PeerFactory& factory) {
-    if (keptHidden_) return nullptr;
     return factory.make(*this);
-}
-
-void PictureBox::replay() {
-    Control::replay();
-    peerAs<Peer>()->applyPicture();
 }
 
 // ProgressBar ---------------------------------------------------------------------------------------------------

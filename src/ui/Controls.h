@@ -1,5 +1,5 @@
-// The simple controls: Label, Frame, TextBox, CheckBox, CommandButton, ComboBox, PictureBox, ProgressBar, TabStrip,
-// Timer, and ControlArray. ListView, TreeView, ImageList and Menu have headers of their own.
+// The simple controls: Label, Frame, TextBox, CheckBox, CommandButton, ComboBox, Image, PictureBox, ProgressBar,
+// TabStrip, Timer, and ControlArray. ListView, TreeView, ImageList and Menu have headers of their own.
 #pragma once
 
 #include <cstdint>
@@ -154,25 +154,18 @@ private:
     int listIndex_ = -1;
 };
 
-// Shows a picture, or is a page that holds other controls, or both.
-class PictureBox : public Control {
+// A picture on the form or on the box it stands in, drawn there like a label.
+class Image : public Control {
 public:
-    enum class Border { None, Sunken };
     class Peer : public Control::Peer {
     public:
         virtual void applyPicture() = 0;
     };
-    PictureBox(Place place, std::string name, Bounds bounds, Border border = Border::None, int index = -1);
+    Image(Place place, std::string name, Bounds bounds, int index = -1);
 
     const Picture& picture() const { return picture_; }
     void setPicture(Picture picture);  // drawn at (0, 0), 32 by 32 pixels for icons
     void clear() { setPicture({}); }
-    Border border() const { return border_; }
-    // Only keeps a picture and is never shown: such a box takes no window of the system.
-    void keepHidden();
-
-    void click();  // the user's entry; Enter and Space when the box is a tab stop
-    Event onClick;
 
 protected:
     std::unique_ptr<ui::Peer> makePeer(PeerFactory& factory) override;
@@ -180,8 +173,23 @@ protected:
 
 private:
     Picture picture_;
+};
+
+// An image with a window of its own: it can have a border, be clicked, and be a page that holds other controls.
+class PictureBox : public Image {
+public:
+    enum class Border { None, Sunken };
+    PictureBox(Place place, std::string name, Bounds bounds, Border border = Border::None, int index = -1);
+    Border border() const { return border_; }
+
+    void click();  // the user's entry; Enter and Space when the box is a tab stop
+    Event onClick;
+
+protected:
+    std::unique_ptr<ui::Peer> makePeer(PeerFactory& factory) override;
+
+private:
     Border border_;
-    bool keptHidden_ = false;
 };
 
 class ProgressBar : public Control {

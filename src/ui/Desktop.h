@@ -22,7 +22,8 @@ public:
     virtual std::unique_ptr<CheckBox::Peer> make(CheckBox&) = 0;
     virtual std::unique_ptr<Control::Peer> make(CommandButton&) = 0;
     virtual std::unique_ptr<ComboBox::Peer> make(ComboBox&) = 0;
-    virtual std::unique_ptr<PictureBox::Peer> make(PictureBox&) = 0;
+    virtual std::unique_ptr<Image::Peer> make(Image&) = 0;
+    virtual std::unique_ptr<Image::Peer> make(PictureBox&) = 0;
     virtual std::unique_ptr<ProgressBar::Peer> make(ProgressBar&) = 0;
     virtual std::unique_ptr<TabStrip::Peer> make(TabStrip&) = 0;
     virtual std::unique_ptr<Timer::Peer> make(Timer&) = 0;

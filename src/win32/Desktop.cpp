@@ -234,7 +234,10 @@ std::unique_ptr<ui::Control::Peer> Desktop::make(ui::CommandButton& button) {
 std::unique_ptr<ui::ComboBox::Peer> Desktop::make(ui::ComboBox& box) {
     return makePeer(box);
 }
-std::unique_ptr<ui::PictureBox::Peer> Desktop::make(ui::PictureBox& box) {
+std::unique_ptr<ui::Image::Peer> Desktop::make(ui::Image& image) {
+    return makePeer(image);
+}
+std::unique_ptr<ui::Image::Peer> Desktop::make(ui::PictureBox& box) {
     return makePeer(box);
 }
 std::unique_ptr<ui::ProgressBar::Peer> Desktop::make(ui::ProgressBar& bar) {

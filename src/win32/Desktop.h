@@ -46,7 +46,8 @@ private:
     std::unique_ptr<ui::CheckBox::Peer> make(ui::CheckBox&) override;
     std::unique_ptr<ui::Control::Peer> make(ui::CommandButton&) override;
     std::unique_ptr<ui::ComboBox::Peer> make(ui::ComboBox&) override;
-    std::unique_ptr<ui::PictureBox::Peer> make(ui::PictureBox&) override;
+    std::unique_ptr<ui::Image::Peer> make(ui::Image&) override;
+    std::unique_ptr<ui::Image::Peer> make(ui::PictureBox&) override;
     std::unique_ptr<ui::ProgressBar::Peer> make(ui::ProgressBar&) override;
     std::unique_ptr<ui::TabStrip::Peer> make(ui::TabStrip&) override;
     std::unique_ptr<ui::Timer::Peer> make(ui::Timer&) override;

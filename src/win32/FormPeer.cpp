@@ -7,6 +7,7 @@
 
 #include "win32/Callbacks.h"
 #include "win32/ControlWindow.h"
+#include "win32/Drawn.h"
 #include "win32/MenuPeer.h"
 #include "win32/TimerPeer.h"
 
@@ -25,16 +26,6 @@ struct EmptyDialog {
 
 // The oldest form of the structure, which every version of the control knows.
 constexpr UINT ToolInfoSize = offsetof(TOOLINFOA, lpszText) + sizeof(TOOLINFOA::lpszText);
-
-void drawLabel(HDC context, const ui::Label& label, const Screen& screen) {
-    RECT area = screen.pixels(label.absoluteBounds());
-    if (!label.showing() || !RectVisible(context, &area)) return;
-    const Selected font(context, screen.font(label.bold()));
-    SetBkMode(context, TRANSPARENT);
-    SetTextColor(context, GetSysColor(label.enabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
-    DrawTextA(context, label.caption().c_str(), static_cast<int>(label.caption().size()), &area,
-              DT_LEFT | DT_WORDBREAK | DT_EXPANDTABS | DT_NOPREFIX);
-}
 
 FormPeer* peerOf(HWND window) {
     return reinterpret_cast<FormPeer*>(GetWindowLongPtrA(window, DWLP_USER));
@@ -304,7 +295,7 @@ void FormPeer::draw(HDC context) const {
                  GetSysColorBrush(line.colour == ui::SystemColour::Shadow3D ? COLOR_3DSHADOW : COLOR_3DHIGHLIGHT));
     }
     for (const ui::Component* component : form_.components())
-        if (const auto* label = dynamic_cast<const ui::Label*>(component)) drawLabel(context, *label, screen_);
+        if (auto* drawn = dynamic_cast<Drawn*>(component->peerAs<ui::Peer>())) drawn->draw(context);
 }
 
 }  // namespace win32

@@ -1,7 +1,7 @@
 // The native window of a form.
 //
 // A window of the system's dialog class: Tab, access keys, Enter and Esc are the dialog manager's. Drawn on it are the
-// form's lines and its labels. Those are most of what a form shows, and old systems have little room for windows.
+// form's lines, and the controls that have no window of their own.
 #pragma once
 
 #include <functional>

@@ -129,6 +129,23 @@ void drawBitmap(HDC context, const RECT& target, const ui::Picture& picture) {
                   reinterpret_cast<const BITMAPINFO*>(image.data()), DIB_RGB_COLORS, SRCCOPY);
 }
 
+void PictureDrawing::draw(HDC context, const RECT& place, const ui::Picture& picture, const Screen& screen) {
+    constexpr int IconSize = 32;  // pixels on every screen
+    if (of_.identity() != picture.identity()) {
+        icon_ = makeIcon(picture, IconSize, IconSize);
+        of_ = picture;
+    }
+    if (icon_) {
+        const LONG left = place.left + std::max(0L, (place.right - place.left - IconSize) / 2);
+        const LONG top = place.top + std::max(0L, (place.bottom - place.top - IconSize) / 2);
+        DrawIconEx(context, left, top, icon_.get(), IconSize, IconSize, 0, nullptr, DI_NORMAL);
+    } else if (const SIZE size = bitmapSize(picture); size.cx) {
+        const RECT area = {place.left, place.top, place.left + screen.scaled(size.cx),
+                           place.top + screen.scaled(size.cy)};
+        drawBitmap(context, area, picture);
+    }
+}
+
 Images makeImages(int size) {
     // A list that grows copies all it holds: small steps are most of what thousands of pictures take.
     return Images(ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, 8, 64));

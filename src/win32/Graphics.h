@@ -3,7 +3,7 @@
 
 #include "ui/ListView.h"
 #include "ui/Picture.h"
-#include "win32/Handles.h"
+#include "win32/Screen.h"
 
 namespace win32 {
 
@@ -14,6 +14,18 @@ Icon makeIcon(const ui::Picture& picture, int width, int height);
 SIZE bitmapSize(const ui::Picture& picture);
 // Stretches a bitmap picture over the rectangle; what is damaged draws nothing.
 void drawBitmap(HDC context, const RECT& target, const ui::Picture& picture);
+
+// Draws a picture at its place: an icon in the middle and not stretched, a bitmap from the upper left corner on and as
+// large as the screen's resolution makes it.
+class PictureDrawing {
+public:
+    void draw(HDC context, const RECT& place, const ui::Picture& picture, const Screen& screen);
+
+private:
+    // The icon made last, and of what: most pictures are drawn many times, and some never.
+    Icon icon_;
+    ui::Picture of_;
+};
 
 // An image list of square places, wherein every picture added takes one, a blank one if it cannot be drawn.
 Images makeImages(int size);

@@ -24,19 +24,13 @@ const char* pictureClass() {
     return name;
 }
 
-constexpr int IconSize = 32;  // pixels on every screen: icons are not stretched
-
 class PictureBoxPeer : public ControlPeer<ui::PictureBox> {
 public:
     explicit PictureBoxPeer(ui::PictureBox& box)
         : ControlPeer(box, {pictureClass(), 0,
                             box.border() == ui::PictureBox::Border::Sunken ? DWORD{WS_EX_CLIENTEDGE} : DWORD{0}}) {}
 
-    void applyPicture() override {
-        icon_ = Icon();
-        drawn_ = false;
-        InvalidateRect(window(), nullptr, TRUE);
-    }
+    void applyPicture() override { InvalidateRect(window(), nullptr, TRUE); }
 
 private:
     std::optional<LRESULT> message(UINT message, WPARAM w, LPARAM l) override {
@@ -77,15 +71,7 @@ private:
         const HDC context = BeginPaint(window(), &area);
         RECT all = {};
         GetClientRect(window(), &all);
-        // Made here: most pictures pass through boxes that nobody sees.
-        if (!std::exchange(drawn_, true)) icon_ = makeIcon(control_.picture(), IconSize, IconSize);
-        if (icon_) {
-            // The box grows with the screen's DPI, the icon does not: it stays in the middle.
-            const int left = std::max(0L, (all.right - IconSize) / 2), top = std::max(0L, (all.bottom - IconSize) / 2);
-            DrawIconEx(context, left, top, icon_.get(), IconSize, IconSize, 0, nullptr, DI_NORMAL);
-        } else if (const SIZE size = bitmapSize(control_.picture()); size.cx) {
-            drawBitmap(context, {0, 0, screen().scaled(size.cx), screen().scaled(size.cy)}, control_.picture());
-        }
+        drawing_.draw(context, all, control_.picture(), screen());
         if (GetFocus() == window()) DrawFocusRect(context, &all);
         EndPaint(window(), &area);
     }
@@ -95,8 +81,7 @@ private:
         SetWindowPos(window(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     }
 
-    Icon icon_;
-    bool drawn_ = false;  // icon_ is that of the picture
+    PictureDrawing drawing_;
     bool page_ = false;
 };
 
@@ -138,7 +123,7 @@ HIMAGELIST imagesOf(const ui::ImageList* list) {
     return list && list->attached() ? list->peerAs<ImageListPeer>()->images() : nullptr;
 }
 
-std::unique_ptr<ui::PictureBox::Peer> makePeer(ui::PictureBox& box) {
+std::unique_ptr<ui::Image::Peer> makePeer(ui::PictureBox& box) {
     return std::make_unique<PictureBoxPeer>(box);
 }
 std::unique_ptr<ui::ImageList::Peer> makePeer(ui::ImageList& list) {

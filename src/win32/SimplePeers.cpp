@@ -1,4 +1,4 @@
-// Label, Frame, CommandButton, CheckBox, ProgressBar: what has little more than a caption.
+// Frame, CommandButton, CheckBox, ProgressBar: what has little more than a caption.
 #include <algorithm>
 
 #include "win32/ControlWindow.h"
@@ -7,29 +7,6 @@
 namespace win32 {
 
 namespace {
-
-// The form draws it.
-class LabelPeer : public ui::Control::Peer {
-public:
-    explicit LabelPeer(ui::Label& label)
-        : label_(label), form_(*label.form().peerAs<FormPeer>()), place_(label.absoluteBounds()) {}
-
-    void applyBounds() override {
-        form_.redraw(place_);
-        place_ = label_.absoluteBounds();
-        form_.redraw(place_);
-    }
-    void applyShowing() override { form_.redraw(place_); }
-    void applyEnabled() override { form_.redraw(place_); }
-    void applyText() override { form_.redraw(place_); }
-    void applyFocus() override {}
-    void applyToolTip() override {}
-
-private:
-    ui::Label& label_;
-    FormPeer& form_;
-    ui::Bounds place_;  // where it is drawn
-};
 
 class FramePeer : public CaptionPeer<ui::Frame> {
 public:
@@ -87,9 +64,6 @@ private:
 
 }  // namespace
 
-std::unique_ptr<ui::Control::Peer> makePeer(ui::Label& label) {
-    return std::make_unique<LabelPeer>(label);
-}
 std::unique_ptr<ui::Control::Peer> makePeer(ui::Frame& frame) {
     return std::make_unique<FramePeer>(frame);
 }

@@ -10,7 +10,7 @@
 struct IconFixture : testing::Test {
     TestSystem system;
     ui::Form holder{system.desktop, ui::Form::Kind::Dialog, "holder", "", {6000, 6000}};
-    ui::PictureBox box{holder, "box", {0, 0, 480, 480}};
+    ui::Image box{holder, "box", {0, 0, 480, 480}};
 
     void TearDown() override {
         EXPECT_EQ(system.modules.loaded(), 0) << "module left open";

@@ -9,19 +9,21 @@ namespace {
 // The form's own drawing within a place, white where nothing is drawn, as 24-bit pixels.
 std::string drawn(const ui::Form& form, const RECT& place) {
     BITMAPINFO info = {};
-    info.bmiHeader = {
-        sizeof info.bmiHeader, place.right - place.left, place.bottom - place.top, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = place.right - place.left;
+    info.bmiHeader.biHeight = place.bottom - place.top;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 24;
     void* bits = nullptr;
     const win32::MemoryContext context(CreateCompatibleDC(nullptr));
     const win32::Bitmap bitmap(CreateDIBSection(context.get(), &info, DIB_RGB_COLORS, &bits, nullptr, 0));
     const win32::Selected selected(context.get(), bitmap.get());
-    PatBlt(context.get(), 0, 0, info.bmiHeader.biWidth, info.bmiHeader.biHeight, WHITENESS);
+    const LONG stride = (info.bmiHeader.biWidth * 3 + 3) / 4 * 4;
+    std::fill_n(static_cast<char*>(bits), stride * info.bmiHeader.biHeight, '\xFF');
     SetViewportOrgEx(context.get(), -place.left, -place.top, nullptr);
     SendMessageA(windowOf(form), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(context.get()), PRF_CLIENT);
     GdiFlush();
-    BITMAP made = {};
-    GetObjectA(bitmap.get(), sizeof made, &made);
-    return {static_cast<const char*>(bits), static_cast<std::size_t>(made.bmWidthBytes * made.bmHeight)};
+    return {static_cast<const char*>(bits), static_cast<std::size_t>(stride * info.bmiHeader.biHeight)};
 }
 
 using DrawingTest = WindowsTest;
@@ -45,10 +47,10 @@ TEST_F(DrawingTest, ALabelIsDrawnWithEveryChangeAndWhereItIs) {
         RECT asked = {}, common = {};
         EXPECT_TRUE(GetUpdateRect(windowOf(form), &asked, FALSE) && IntersectRect(&common, &asked, &place)) << what;
         pictures.push_back(drawn(form, place));
-        for (std::size_t i = 0; i + 1 < pictures.size(); ++i) EXPECT_NE(pictures[i], pictures.back()) << what;
+        for (std::size_t i = 0; i + 1 < pictures.size(); ++i) EXPECT_TRUE(pictures[i] != pictures.back()) << what;
     }
     form.label.setVisible(false);
-    EXPECT_EQ(drawn(form, place), nothing);
+    EXPECT_TRUE(drawn(form, place) == nothing);
     form.unload();
 }
 
@@ -58,7 +60,26 @@ TEST_F(DrawingTest, ALabelIsBoldOnlyWhereItSaysSo) {
     const RECT place = win32::Screen().pixels(form.label.absoluteBounds());
     const std::string plain = drawn(form, place);
     form.label.makeBold();
-    EXPECT_NE(drawn(form, place), plain);
+    EXPECT_TRUE(drawn(form, place) != plain);
+    form.unload();
+}
+
+TEST_F(DrawingTest, AnImageIsDrawnAtItsPlaceUntilItIsTakenAway) {
+    EveryControl form(desktop);
+    form.show();
+    const RECT place = win32::Screen().pixels(form.image.absoluteBounds());
+    const std::string nothing(drawn(form, place).size(), '\xFF');
+    EXPECT_TRUE(drawn(form, place) == nothing);
+    form.image.setPicture(plainIcon());
+    const std::string icon = drawn(form, place);
+    EXPECT_TRUE(icon != nothing);
+    form.image.setPicture(plainBitmap());
+    EXPECT_TRUE(drawn(form, place) != icon);
+    EXPECT_TRUE(drawn(form, place) != nothing);
+    RECT asked = {}, common = {};
+    EXPECT_TRUE(GetUpdateRect(windowOf(form), &asked, FALSE) && IntersectRect(&common, &asked, &place));
+    form.image.clear();
+    EXPECT_TRUE(drawn(form, place) == nothing);
     form.unload();
 }
 

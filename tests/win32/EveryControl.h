@@ -32,6 +32,7 @@ struct EveryControl : ui::Form {
 
     ui::ImageList icons{*this, "icons", 32};
     ui::Label label{*this, "label", {100, 100, 1500, 225}, "&Name:"};
+    ui::Image image{*this, "image", {5800, 100, 500, 500}};
     ui::TextBox text{*this, "text", {1700, 100, 1500, 315}};
     ui::CheckBox check{*this, "check", {100, 500, 1500, 315}, "&Check"};
     ui::ComboBox combo{*this, "combo", {1700, 500, 1500, 315}};
