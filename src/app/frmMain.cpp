@@ -304,9 +304,9 @@ void frmMain::DeleteSelectedZone() {
         return;
     }
 
-    const std::uint32_t before = registry.Failures();
+    const clsRegistry::FailureWatch watch(registry);
     const basMain::ZoneSites sites = basMain::CheckForDomains(registry, program_.strings, zone);
-    if (registry.Failures() != before) {
+    if (watch.failed()) {
         // The next zone comes to this one's number: sites that are overlooked would be in that zone.
         desktop().messageBox("The registry could not be read. The zone is unchanged.", AppTitle,
                              ui::MessageStyle::Exclamation);
@@ -327,7 +327,7 @@ void frmMain::DeleteSelectedZone() {
         }
     }
     registry.DeleteAndRename(zones::ZonesKey, zone);
-    if (registry.Failures() != before)
+    if (watch.failed())
         desktop().messageBox("The registry refused a change. Not everything has been deleted.", AppTitle,
                              ui::MessageStyle::Exclamation);
     RebuildList();

@@ -62,7 +62,7 @@ std::string read(platform::Platform& platform, const std::string& path, std::siz
 }
 
 BackupFile::BackupFile(platform::Platform& platform, const clsRegistry& registry, const std::string& name)
-    : platform_(platform), registry_(registry), failuresBefore_(registry.Failures()), path_(folder(platform) + name) {
+    : platform_(platform), watch_(registry), path_(folder(platform) + name) {
     makeFolder(platform, folder(platform));
 }
 
@@ -92,7 +92,7 @@ void BackupFile::writePending() {
 
 void BackupFile::close() {
     writePending();
-    if (registry_.Failures() == failuresBefore_) return;
+    if (!watch_.failed()) return;
     throw basErrors::Error(basErrors::NumberFileAccess, "backup",
                            "The registry could not be read as a whole. The backup \"" + path_ + "\" is not complete.");
 }

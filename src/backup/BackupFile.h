@@ -5,8 +5,7 @@
 #include <string_view>
 
 #include "platform/Platform.h"
-
-class clsRegistry;
+#include "registry/clsRegistry.h"
 
 namespace backup {
 
@@ -49,8 +48,7 @@ private:
     platform::Result append(std::uint32_t& written);
 
     platform::Platform& platform_;
-    const clsRegistry& registry_;
-    std::uint32_t failuresBefore_;
+    clsRegistry::FailureWatch watch_;
     std::string path_;
     std::string pending_;
 };

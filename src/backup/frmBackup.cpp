@@ -45,7 +45,7 @@ void frmBackup::cmdCancel_Click() {
 // the backup, half of which would be of no use; a second press would write both files twice.
 void frmBackup::cmdBackup_Click() {
     procedure("frmBackup.cmdBackup_Click", [&] {
-        setPointer(ui::Pointer::Hourglass);
+        const ui::Hourglass hourglass(*this);
         cmdBackup.setEnabled(false);
         const std::string name = backup::baseName(program_.platform.system.GetLocalTime());
         std::string description(util::trimmed(txtDescription.text()));
@@ -53,7 +53,6 @@ void frmBackup::cmdBackup_Click() {
 
         SaveRegFile(name);
         SaveZoneFile(name, description);
-        setPointer(ui::Pointer::Default);
         unload();
     });
 }

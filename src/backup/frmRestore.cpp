@@ -85,9 +85,8 @@ void frmRestore::Form_Load() {
     procedure("frmRestore.Form_Load", [&] {
         basMain::Hook(*this);
         ListView1.setColumn("File", ListView1.width());
-        setPointer(ui::Pointer::Hourglass);
+        const ui::Hourglass hourglass(*this);
         ListBackups();
-        setPointer(ui::Pointer::Default);
     });
 }
 
@@ -230,9 +229,9 @@ void frmRestore::cmdRestore_Click() {
             throw basErrors::Error(basErrors::NumberFileNotFound, "frmRestore", "The Windows folder cannot be found.");
         const std::string file = backup::partnerOf(selected_);
         if (!basSystem::FileExists(program_.platform, file)) KeepWhatWouldBeLost();
-        const std::uint32_t before = program_.registry.Failures();
+        const clsRegistry::FailureWatch watch(program_.registry);
         program_.registry.DeleteZone(zones::ZonesKey);
-        const bool deleted = program_.registry.Failures() == before;
+        const bool deleted = !watch.failed();
 
         // By its full path: a file of that name beside the program is never run.
         const std::string editor = basSystem::QualifyPath(folder) + "regedit.exe";

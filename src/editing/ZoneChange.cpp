@@ -16,9 +16,9 @@ bool goToZoneByPlace(clsRegistry& registry, const std::string& zone) {
 }
 
 bool change(Program& program, const std::string& zone, const std::function<void()>& change) {
-    const std::uint32_t before = program.registry.Failures();
+    const clsRegistry::FailureWatch watch(program.registry);
     change();
-    if (program.registry.Failures() == before) return true;
+    if (!watch.failed()) return true;
     const char* text = exists(program, zone)
                            ? "The registry refused a change. The zone does not have all of the new values."
                            : "The registry has no such zone. The changes could not be saved.";

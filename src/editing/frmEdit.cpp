@@ -282,11 +282,7 @@ bool frmEdit::SaveTemplate(int level) {
 
 void frmEdit::cmdSecurity_Click() {
     procedure("frmEdit.cmdSecurity_Click", [&] {
-        struct Hourglass {
-            frmEdit& form;
-            ~Hourglass() { form.setPointer(ui::Pointer::Default); }
-        } hourglass{*this};
-        setPointer(ui::Pointer::Hourglass);
+        const ui::Hourglass hourglass(*this);
         frmSecurity settings(program_);
         settings.onWritten = [this] { GetRecMinSettings(); };
         general.details.ShowOn(settings);

@@ -60,12 +60,12 @@ void frmOESecurity::lsvOEZones_ItemClick(int item) {
             throw basErrors::Error(basErrors::NumberNotANumber, "frmOESecurity",
                                    "The zone \"" + key + "\" has no number that Outlook Express could keep.");
         clsRegistry& registry = program_.registry;
-        const std::uint32_t before = registry.Failures();
+        const clsRegistry::FailureWatch watch(registry);
         registry.cD("\\");
         registry.cD(IdentityPath);
         registry.ValueOf(mail::ZoneValue, ValueType::Dword, static_cast<double>(*zone));
         registry.ValueOf(mail::LockValue, ValueType::Dword, 1.0);
-        if (registry.Failures() != before)
+        if (watch.failed())
             desktop().messageBox("The registry refused a change. Outlook Express may still be in another zone.",
                                  AppTitle, ui::MessageStyle::Exclamation);
         unload();

@@ -76,10 +76,18 @@ public:
     // Part 1: the hexadecimal form in a DWORD's text as DirValue gives it; part 2: the decimal form; else "".
     std::string ParseDWord(const std::string& text, int part);
 
-    // Grows with each value that cannot be written and each key that cannot be made, and when listing, reading or
-    // deleting fails for another reason than that there is nothing of that name. The session drops all that in silence;
-    // whoever has to tell the user compares the number before and after.
-    std::uint32_t Failures() const { return failures_; }
+    // Tells whether anything has failed since it was made: a value that could not be written, a key that could not be
+    // made, or listing, reading or deleting for another reason than that there is nothing of that name. The session
+    // drops all that in silence.
+    class FailureWatch {
+    public:
+        explicit FailureWatch(const clsRegistry& registry) : registry_(registry), before_(registry.failures_) {}
+        bool failed() const { return registry_.failures_ != before_; }
+
+    private:
+        const clsRegistry& registry_;
+        std::uint32_t before_;
+    };
 
     // Whether DirKey would list anything, without listing it.
     bool HasKeys();

@@ -175,8 +175,7 @@ void ComboBox::replay() {
     peerAs<Peer>()->applyListIndex();
 }
 
-// Image and PictureBox
-// ----------------------------------------------------------------------------------------------------
+// Image and PictureBox ------------------------------------------------------------------------------------------
 
 Image::Image(Place place, std::string name, Bounds bounds, int index)
     : Control(place, std::move(name), bounds, index) {}

@@ -51,11 +51,11 @@ void SaveSecurityLevel(clsRegistry& registry, const std::string& zone, int level
 
 void SetDefaults(clsRegistry& registry, const std::string& zone) {
     procedure("frmAdd.SetDefaults", [&] {
-        const std::uint32_t before = registry.Failures();
+        const clsRegistry::FailureWatch watch(registry);
         copyTemplate(registry, Levels[High], zone, [] {});
         // A template that could not be listed must not be taken for an empty one: what is written into it would reach
         // every zone that is given its level.
-        if (registry.Failures() != before) goToZone(registry, zone);
+        if (watch.failed()) goToZone(registry, zone);
         registry.ValueOf("", ValueType::String, std::string());
         for (const char* level : {"CurrentLevel", "RecommendedLevel", "MinLevel"})
             writeNumber(registry, level, Levels[High].number);
