@@ -88,14 +88,24 @@ TEST_F(Smoke, RunsOnTheWindowsAskedFor) {
     EXPECT_EQ(text, numbers.at(windowsVersion));
 }
 
-TEST_F(Smoke, ListsTheZonesAndShowsTheSelectedOne) {
-    EXPECT_EQ(SendMessageA(zones, LVM_GETITEMCOUNT, 0, 0), 7);
-    for (int i = 6; i >= 0; --i) {
-        select(i);
-        user.waitFor("name of zone " + std::to_string(i), [&] { return user.shows(window, nameOfZone(i)); });
+TEST_F(Smoke, ListsTheZonesAndOpensTheSelectedOne) {
+    EXPECT_EQ(user.items(window), 7);
+    const HWND remove = user.control(window, "BUTTON", "Delete Zone");
+    const auto expectZone = [&](int zone) {
+        constexpr int LastOfTheSystem = 4;
+        user.waitFor("button for zone " + std::to_string(zone),
+                     [&] { return (zone > LastOfTheSystem) == (IsWindowEnabled(remove) != FALSE); });
+        user.chooseMenu('E', 'T');
+        user.control(user.waitForWindow("Edit Zone"), "EDIT", nameOfZone(zone));
+        user.press(VK_ESCAPE);
+        user.waitForWindow(MainTitle);
+    };
+    for (int zone = 6; zone >= 0; --zone) {
+        select(zone);
+        expectZone(zone);
     }
     user.press(VK_RIGHT);
-    user.waitFor("name of the zone to the right", [&] { return user.shows(window, nameOfZone(1)); });
+    expectZone(1);
 }
 
 TEST_F(Smoke, OpensAndClosesEveryDialog) {
@@ -158,11 +168,11 @@ TEST_F(Smoke, RenamesAZoneAndBringsItBackFromABackup) {
     user.chooseMenu('F', 'R');
     const HWND restore = user.waitForWindow("Preview/Restore Backup");
     user.clickItem(user.control(restore, WC_LISTVIEWA), 0);
-    user.waitFor("zones of the backup", [&] { return user.shows(restore, nameOfZone(0)); });
+    user.waitFor("zones of the backup", [&] { return user.items(restore) == 1 + 7; });
     user.press(VK_RETURN);
     user.waitForWindow(MainTitle);
     user.waitFor("old name in the registry", [&] { return nameOfZone(5) == name; });
-    user.waitFor("restored list", [&] { return SendMessageA(zones, LVM_GETITEMCOUNT, 0, 0) == 7; });
+    user.waitFor("restored list", [&] { return user.items(window) == 7; });
 }
 
 }  // namespace

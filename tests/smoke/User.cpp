@@ -141,10 +141,12 @@ HWND User::control(HWND window, const std::string& className, const std::string&
     return found;
 }
 
-bool User::shows(HWND window, const std::string& text) {
+int User::items(HWND window) {
+    int count = 0;
     for (const HWND child : visibleBelow(window))
-        if (textOf(child) == text) return true;
-    return false;
+        if (lstrcmpiA(classOf(child).c_str(), WC_LISTVIEWA) == 0)
+            count += static_cast<int>(send(child, LVM_GETITEMCOUNT, 0, 0));
+    return count;
 }
 
 // Doing -----------------------------------------------------------------------------------------------------------
