@@ -50,9 +50,11 @@ LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM w, L
     return result;
 }
 
+// Asked each time: a progress bar gives itself an edge, and lists get bars to scroll them.
 bool ControlWindow::framed() const {
-    return (GetWindowLongPtrA(window_, GWL_STYLE) & (WS_BORDER | WS_HSCROLL | WS_VSCROLL)) ||
-           (GetWindowLongPtrA(window_, GWL_EXSTYLE) & WS_EX_CLIENTEDGE);
+    constexpr DWORD Edges = WS_EX_CLIENTEDGE | WS_EX_STATICEDGE | WS_EX_WINDOWEDGE | WS_EX_DLGMODALFRAME;
+    return (GetWindowLongPtrA(window_, GWL_STYLE) & (WS_BORDER | WS_DLGFRAME | WS_HSCROLL | WS_VSCROLL)) ||
+           (GetWindowLongPtrA(window_, GWL_EXSTYLE) & Edges);
 }
 
 LRESULT ControlWindow::apply(UINT message, WPARAM w, LPARAM l) {
