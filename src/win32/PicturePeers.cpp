@@ -31,6 +31,14 @@ public:
                             box.border() == ui::PictureBox::Border::Sunken ? DWORD{WS_EX_CLIENTEDGE} : DWORD{0}}) {}
 
     void applyPicture() override { InvalidateRect(window(), nullptr, TRUE); }
+    void applyBounds() override {
+        ControlPeer::applyBounds();
+        clean();
+    }
+    void applyShowing() override {
+        ControlPeer::applyShowing();
+        clean();
+    }
 
 private:
     std::optional<LRESULT> message(UINT message, WPARAM w, LPARAM l) override {
@@ -56,6 +64,11 @@ private:
             default:
                 return std::nullopt;
         }
+    }
+
+    // A page erases nothing, and the page before may have left something in its place.
+    void clean() {
+        if (page_ && control_.showing()) form().redraw(control_.absoluteBounds());
     }
 
     void press() {

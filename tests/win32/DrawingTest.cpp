@@ -83,6 +83,21 @@ TEST_F(DrawingTest, AnImageIsDrawnAtItsPlaceUntilItIsTakenAway) {
     form.unload();
 }
 
+TEST_F(DrawingTest, APageThatComesBackIsCleanedOfThePageBefore) {
+    EveryControl form(desktop);
+    form.show();
+    const ui::Twips left = form.page.left();
+    form.page.setLeft(-10000);
+    UpdateWindow(windowOf(form));
+    form.page.setLeft(left);
+    const RECT place = win32::Screen().pixels(form.page.absoluteBounds());
+    RECT asked = {}, common = {};
+    GetUpdateRect(windowOf(form), &asked, FALSE);
+    IntersectRect(&common, &asked, &place);
+    EXPECT_TRUE(EqualRect(&common, &place));
+    form.unload();
+}
+
 TEST_F(DrawingTest, ALineIsAPixelThick) {
     EveryControl form(desktop);
     form.show();
