@@ -1,7 +1,4 @@
 // PictureBox and ImageList.
-#include <algorithm>
-#include <utility>
-
 #include "win32/ControlWindow.h"
 #include "win32/Graphics.h"
 #include "win32/Peers.h"
