@@ -1,7 +1,7 @@
 // The measures on the real system, one file each.
 #pragma once
 
-#include "app/Program.h"
+#include "app/Application.h"
 #include "bench/Rows.h"
 #include "win32/Services.h"
 
@@ -10,7 +10,7 @@ namespace bench {
 struct Machine {
     win32::Services services;
     platform::Platform platform = services.platform();
-    Program program{platform};
+    app::Application program{platform};
 
     // Windows as the user has them handle their messages.
     void settle() { services.desktop.doEvents(); }

@@ -4,7 +4,7 @@
 
 #include <psapi.h>
 
-#include "app/PendingEvents.h"
+#include "ui/PendingEvents.h"
 #include "backup/BackupFile.h"
 #include "backup/ExportFile.h"
 #include "backup/ZoneFile.h"
@@ -30,13 +30,13 @@ WorkingSet workingSet() {
 }
 
 // What the backup dialog does when its button is pressed.
-void backUp(Program& program, const std::string& name) {
+void backUp(forms::Context& program, const std::string& name) {
     PendingEvents pending(program.platform);
     backup::writeExport(program, name, [&] { pending.handleWhenDue(); });
 }
 
 // From starting the registry editor to its end.
-void exportWithEditor(Program& program, const std::string& file) {
+void exportWithEditor(forms::Context& program, const std::string& file) {
     platform::Launcher::Process process = 0;
     platform::Launcher& launcher = program.platform.launcher;
     launcher.start(program.platform.system.GetWindowsDirectoryA() + "\\regedit.exe",
@@ -76,7 +76,7 @@ void listing(Machine& machine, const std::string& folder) {
 }  // namespace
 
 void backups(Machine& machine) {
-    Program& program = machine.program;
+    forms::Context& program = machine.program;
     const std::string folder = backup::folder(program.platform);
     forgetBackups(folder);
     seedZones(Zones, Settings);

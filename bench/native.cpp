@@ -4,12 +4,12 @@
 #include <cstring>
 #include <map>
 
-#include "app/Program.h"
-#include "app/ZoneList.h"
+#include "app/Application.h"
+#include "forms/ZoneList.h"
 #include "backup/ExportFile.h"
 #include "backup/ZoneFile.h"
 #include "bench/Rows.h"
-#include "errors/basErrors.h"
+#include "util/trace.h"
 #include "support/TestSystem.h"
 #include "ui/Form.h"
 
@@ -80,7 +80,7 @@ void zoneList(benchmark::State& state) {
     TestSystem system;
     system.seedModules();
     seedZones(system, state.range(0), 2);
-    Program program(system.platform());
+    app::Application program(system.platform());
     ui::Form form(system.desktop, ui::Form::Kind::Main, "form", "", {6000, 6000});
     ui::ListView list(form, "list", {0, 0, 6000, 6000}, ui::ListView::View::Icon, ui::ListView::Clicks::OnSelect);
     ui::ImageList images(form, "images", 32);
@@ -98,7 +98,7 @@ void exportCalls(benchmark::State& state) {
     constexpr int Zones = 1000, Settings = 50;
     TestSystem system;
     seedZones(system, Zones, Settings);
-    Program program(system.platform());
+    app::Application program(system.platform());
     int run = 0;
     for (auto _ : state) {
         system.registry.watch.reset();

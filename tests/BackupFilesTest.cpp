@@ -1,8 +1,9 @@
 #include "backup/BackupFile.h"
 #include "backup/ExportFile.h"
 #include "backup/ZoneFile.h"
-#include "errors/basErrors.h"
 #include "support/BackupFixture.h"
+#include "util/Error.h"
+#include "util/clsStrings.h"
 
 using namespace backup;
 using Lines = std::vector<std::string>;
@@ -28,7 +29,7 @@ TEST_F(ExportLine, CarriesNumbersAndTextAndDoublesBackslashesInTheIconOnly) {
         {{"{7839DA25-F5FE-11D0-883B-0080C726DCBB}", "1 A0", ValueType::Binary}, "(none)"},
     };
     for (const auto& [value, expected] : cases) {
-        const auto line = exportLine(program.registry, program.strings, value);
+        const auto line = exportLine(program.registry, value);
         EXPECT_EQ(line.value_or("(none)"), expected) << value.name;
     }
 }
@@ -57,5 +58,5 @@ TEST(ZoneFileLines, OfSevenOrThreeFieldsAreTakenAndOthersRepeatTheZoneBefore) {
         EXPECT_EQ(afterReading({seven, std::string(separators, ';')}), separators == 6   ? ";;;;;;"
                                                                        : separators == 2 ? ";;;1;2;3;4"
                                                                                          : seven);
-    EXPECT_THROW(afterReading({"i;\"n\"m;d"}), basErrors::Error);
+    EXPECT_THROW(afterReading({"i;\"n\"m;d"}), util::Error);
 }

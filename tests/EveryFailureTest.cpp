@@ -10,9 +10,10 @@
 #include "app/basMain.h"
 #include "backup/frmBackup.h"
 #include "backup/frmRestore.h"
-#include "errors/basErrors.h"
+#include "errors/ErrorReporter.h"
 #include "mail/frmOESecurity.h"
 #include "support/EditingFixture.h"
+#include "util/trace.h"
 
 namespace {
 
@@ -60,7 +61,7 @@ public:
     void end() {
         if (running.window) running.window->unload();
         running.window.reset();
-        running.program.reset();
+        running.application.reset();
     }
     frmMain& window() { return *running.window; }
     ScriptedDesktop& user() { return system.desktop; }
@@ -381,7 +382,7 @@ private:
 
     void check(bool silent) {
         expectReleased(1);  // the session's current key
-        EXPECT_FALSE(basErrors::errorPending());
+        EXPECT_FALSE(errors::errorPending());
         EXPECT_LE(world_.system.desktop.forms().size(), 1u);
         EXPECT_LE(world_.user().told.size(), 3u);
         EXPECT_TRUE(!world_.running.window || world_.window().pointer() == ui::Pointer::Default);

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "app/Program.h"
-#include "errors/basErrors.h"
+#include "app/Application.h"
 #include "support/IconFixture.h"
+#include "util/trace.h"
 
 namespace {
 
@@ -15,7 +15,7 @@ constexpr const char* Library = "zones.cpl";
 constexpr std::uint8_t OwnSeed = 9, LibrarySeed = 5;
 
 struct ExtractIconTest : IconFixture {
-    Program program{system.platform()};
+    app::Application program{system.platform()};
     const std::size_t running = basErrors::ProcStack.size();
 
     ExtractIconTest() {
@@ -24,7 +24,7 @@ struct ExtractIconTest : IconFixture {
         addIcon(Library, "NAMED", {16}, LibrarySeed);
     }
     const ui::Picture& extract(const std::string& reference, int size = 32) {
-        basMain::ExtractIcon(program, reference, "#", size, box);
+        basMain::ExtractIcon(program.platform, reference, "#", size, box);
         return box.picture();
     }
 };
@@ -99,15 +99,15 @@ TEST_F(ExtractIconTest, APictureComesFromAnIconABitmapOrAProgramFile) {
         {"", {}},
     };
     for (const auto& [reference, expected] : cases)
-        EXPECT_EQ(basMain::LoadPicture(program, reference), expected) << reference;
-    EXPECT_EQ(basMain::LoadPicture(program, system.path("a.ico"), 48), picture(48, 4));
+        EXPECT_EQ(basMain::LoadPicture(program.platform, reference), expected) << reference;
+    EXPECT_EQ(basMain::LoadPicture(program.platform, system.path("a.ico"), 48), picture(48, 4));
 }
 
 TEST_F(ExtractIconTest, ACutOffOrLyingBitmapFileGivesNoPicture) {
     const Bytes whole = bitmapFile(bitmapOf(2, 2));
     const auto load = [&](const Bytes& bytes) {
         writeFile("a.bmp", bytes);
-        return basMain::LoadPicture(program, system.path("a.bmp"));
+        return basMain::LoadPicture(program.platform, system.path("a.bmp"));
     };
     for (std::size_t length = 0; length < whole.size(); ++length)
         EXPECT_TRUE(load(whole.substr(0, length)).empty()) << length;

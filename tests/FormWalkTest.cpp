@@ -13,27 +13,31 @@ namespace {
 using FormPointer = std::unique_ptr<ui::Form>;
 
 template <class F>
-FormPointer makeForm(Program& program) {
+FormPointer makeForm(forms::Context& program) {
     return std::make_unique<F>(program);
 }
 
 // Every form there is.
-const std::pair<const char*, std::function<FormPointer(Program&)>> Forms[] = {
+const std::pair<const char*, std::function<FormPointer(forms::Context&)>> Forms[] = {
     {"frmMain", makeForm<frmMain>},
-    {"frmEdit", makeForm<frmEdit>},
+    {"frmEdit",
+     [](forms::Context& program) {
+         return std::make_unique<frmEdit>(program, zones::Selection{"2", {}, {}});
+     }},
     {"frmAdd", makeForm<frmAdd>},
-    {"frmSecurity", makeForm<frmSecurity>},
+    {"frmSecurity", [](forms::Context& program) { return std::make_unique<frmSecurity>(program, "2"); }},
     {"frmBackup", makeForm<frmBackup>},
     {"frmRestore", makeForm<frmRestore>},
     {"frmOESecurity", makeForm<frmOESecurity>},
-    {"frmError", [](Program& program) { return std::make_unique<frmError>(program.platform.desktop); }},
+    {"frmError", [](forms::Context& program) { return std::make_unique<frmError>(program.platform.desktop); }},
     {"frmIconSelector",
-     [](Program& program) {
+     [](forms::Context& program) {
          // Its target stands on a form of its own, which the selector never touches but to draw.
          static simulated::Desktop desktop;
          static ui::Form owner(desktop, ui::Form::Kind::Dialog, "owner", "", {});
          static ui::Image target(owner, "target", {});
-         return std::make_unique<frmIconSelector>(program, "C:\\WINDOWS\\SYSTEM\\shell32.dll", target);
+         return std::make_unique<frmIconSelector>(program.platform, "C:\\WINDOWS\\SYSTEM\\shell32.dll", target,
+                                                  nullptr);
      }},
 };
 
@@ -61,7 +65,7 @@ protected:
     }
 
     TestSystem system_;
-    Program program_{system_.platform()};
+    app::Application program_{system_.platform()};
     FormPointer form_ = Forms[GetParam()].second(program_);
 };
 

@@ -1,4 +1,8 @@
-#include "errors/basErrors.h"
+#include "errors/ErrorReporter.h"
+#include "errors/errorLog.h"
+#include "util/Error.h"
+#include "util/procedure.h"
+#include "util/trace.h"
 
 #include <new>
 
@@ -8,6 +12,8 @@
 namespace {
 
 using namespace basErrors;
+using namespace errors;
+using namespace util;
 
 const std::string Stars(60, '*');
 
@@ -60,7 +66,7 @@ TEST_F(Errors, EveryErrorHasANumberAndATextForPeople) {
     EXPECT_FALSE(errorPending());
     const auto end = [] { procedure("a.Inner", [] { throw ui::EndProgram(); }); };
     EXPECT_THROW(procedure("a.Outer", end), ui::EndProgram) << "no error, and passes every trap";
-    reporting = {};
+    stopReporting();
     fail("a.BeforeTheProgramIsSetUp");
     EXPECT_EQ(Err.number, 5u) << "recorded only";
 }
@@ -104,14 +110,12 @@ TEST_F(Errors, ADayHasOneLogWithOneHeader) {
     EXPECT_EQ(count("Created: 12-31-2001\r\n") + count("Time:     00:00:09\r\n"), 2);
 }
 
-TEST_F(Errors, ReportingLeavesSessionAndTokenizerWhereTheyWere) {
+TEST_F(Errors, ReportingLeavesTheSessionWhereItWas) {
     system.setText(TestsKey, "Name", "value");
     registry.cD(TestsKey);
-    strings.Initialise("a,b", ",");
     expectError("It does not work.");
     fail("a.P");
     EXPECT_EQ(registry.ValueOf("Name")->text, "value");
-    EXPECT_EQ(strings.ElementAsString(2), "b");
 }
 
 // Folder, file, disk: whatever refuses, the error itself is shown, once, and says that it could not be logged.

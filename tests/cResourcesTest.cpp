@@ -1,8 +1,8 @@
 #include "icons/cResources.h"
 
-#include "errors/basErrors.h"
 #include "icons/basResouce.h"
 #include "support/IconFixture.h"
+#include "util/Error.h"
 
 namespace {
 
@@ -16,7 +16,7 @@ struct cResourcesTest : IconFixture {
     std::vector<std::string> types() {
         try {
             return basResouce::GetResourceTypes(system.platform(), system.path(Library));
-        } catch (const basErrors::Error& error) {
+        } catch (const util::Error& error) {
             return {error.what()};
         }
     }

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "errors/basErrors.h"
 #include "icons/ModuleFile.h"
 #include "support/IconFixture.h"
+#include "util/Error.h"
 
 namespace {
 
@@ -26,7 +26,7 @@ struct clsFileIconTest : IconFixture {
         try {
             operation();
             return "";
-        } catch (const basErrors::Error& error) {
+        } catch (const util::Error& error) {
             EXPECT_EQ(error.source(), "Tavimor.clsFileIcon");
             return error.what();
         }

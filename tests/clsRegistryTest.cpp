@@ -131,7 +131,7 @@ TEST_F(clsRegistry_, TenThousandOperationsLeaveNoHandleOpen) {
     const std::string names[] = {"A", "B", "A\\B"};
     auto& watch = system.registry.watch;
     {
-        clsRegistry session(system.platform(), strings);
+        clsRegistry session(system.platform());
         std::string name;
         const std::function<void()> operations[] = {
             [&] { session.cD(absolute[random() % std::size(absolute)]); },

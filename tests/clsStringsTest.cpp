@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "errors/basErrors.h"
+#include "util/Error.h"
 
 namespace {
 
@@ -44,7 +44,7 @@ TEST(clsStrings, ACharacterBehindAClosingQuoteIsRefusedAndLeavesNoElements) {
         try {
             strings.Initialise(text, ",");
             FAIL() << text;
-        } catch (const basErrors::Error& error) {
+        } catch (const util::Error& error) {
             EXPECT_EQ(error.number(), 0x80040064);
         }
         EXPECT_EQ(strings.ElementAsString(1) + strings.ElementAsString(2), "");

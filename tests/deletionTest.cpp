@@ -70,7 +70,7 @@ TEST_F(Deletion, SitesOfAZoneAreFoundTwoLevelsDeepAndTheirKeysAreWhatGoes) {
     for (const auto& [below, name, zone] : numbers) system.setDword(Domains + "\\" + below, name, zone);
     system.setText(Domains + "\\example.com\\text", "http", "00000005 (0,000,000,005)");
     system.makeKey(Domains + "\\bare.net");
-    const auto find = [&](const char* zone) { return basMain::CheckForDomains(registry, strings, zone); };
+    const auto find = [&](const char* zone) { return basMain::CheckForDomains(registry, zone); };
     const auto found = find("5");
     EXPECT_EQ(found.sites, (std::vector<std::string>{"ftp://......", "http://b .blank ", "http://www.example.com",
                                                      "https://www.example.com"}));

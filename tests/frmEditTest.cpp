@@ -123,7 +123,7 @@ TEST_F(frmEditTest, AnIconIsChosenFromAFileAndSavedWithApply) {
         chooseIcon(form, file, 1);
         EXPECT_NE(picture.picture(), before);
         EXPECT_EQ(saved("2", "Icon"), "inetcpl.cpl#00004480");
-        EXPECT_EQ(program.selection.iconFile, "inetcpl.cpl") << "the main window's zone has not changed";
+        EXPECT_EQ(window->selection().iconFile, "inetcpl.cpl") << "the main window's zone has not changed";
         form.general.cmdGeneral(Apply).click();
         EXPECT_EQ(saved("2", "Icon"), file + "#100");
     });

@@ -1,5 +1,6 @@
 #include "errors/frmError.h"
 
+#include "errors/ErrorReporter.h"
 #include "support/Core.h"
 
 namespace {
@@ -7,7 +8,7 @@ namespace {
 struct frmError_ : testing::Test, Core {
     void show(const std::string& description, std::function<void(frmError&)> script) {
         system.desktop.expectForm<frmError>(std::move(script));
-        procedure("frmMain.mnuFile_Click", [&] { throw basErrors::Error(0x80040001, "Test", description); });
+        procedure("frmMain.mnuFile_Click", [&] { throw util::Error(0x80040001, "Test", description); });
         system.desktop.settle();
     }
 };
@@ -15,7 +16,7 @@ struct frmError_ : testing::Test, Core {
 TEST_F(frmError_, ShowsWhatWentWrongAndWhere) {
     const std::uint8_t image[] = {40, 0, 0, 0};
     const ui::Picture exclamation(ui::Picture::Kind::Icon, image, 32, 32);
-    basErrors::reporting.exclamation = [&] { return exclamation; };
+    errors::reporting.exclamation = [&] { return exclamation; };
     show("Q & A", [&](frmError& dialog) {
         EXPECT_EQ(dialog.lblModule.caption() + "." + dialog.lblProcedure.caption(), "frmMain.mnuFile_Click");
         EXPECT_EQ(dialog.lblErrNumber.caption(), "-2147221503");

@@ -1,23 +1,26 @@
 #include "icons/frmIconSelector.h"
 
-#include "app/Program.h"
+#include "app/Application.h"
 #include "errors/frmError.h"
 #include "support/IconFixture.h"
 
 namespace {
 
 struct frmIconSelectorTest : IconFixture {
-    Program program{system.platform()};
+    app::Application program{system.platform()};
+    std::string chosen = "none";
+    frmIconSelector::Chosen choose = [this](const std::string& file, const std::string& resource) {
+        chosen = file + "#" + resource;
+    };
 
     frmIconSelectorTest() {
-        program.selection = {"2", "old.dll", "0018"};
         addIcon("some.dll", "MAIN", {16, 32}, 1);
         addIcon("some.dll", std::uint16_t{7}, {16, 32}, 2);
         addIcon("some.dll", std::uint16_t{4480}, {48}, 3);
     }
     // Runs the dialog on a file of the program folder, as a user who does `script` once the file has been read.
     void use(const std::string& file, const std::function<void(frmIconSelector&)>& script) {
-        frmIconSelector selector(program, system.path(file), box);
+        frmIconSelector selector(program.platform, system.path(file), box, choose);
         system.desktop.use<frmIconSelector>(
             [&](frmIconSelector& shown) {
                 shown.tmrLoad.tick();
@@ -43,7 +46,7 @@ TEST_F(frmIconSelectorTest, EveryIconOfTheFileIsListedInBothSizes) {
         EXPECT_TRUE(form.lvwIcons.focused());
         EXPECT_FALSE(form.Progress.showing());
     });
-    EXPECT_EQ(program.selection.iconFile, "old.dll") << "giving up changes nothing";
+    EXPECT_EQ(chosen, "none") << "giving up changes nothing";
     EXPECT_TRUE(box.picture().empty());
 }
 
@@ -71,19 +74,19 @@ TEST_F(frmIconSelectorTest, OnlyLibrariesProgramsAndControlsAreListed) {
 TEST_F(frmIconSelectorTest, AClickChoosesTheIconAndTheTimerClosesTheDialog) {
     use("some.dll", [&](frmIconSelector& form) {
         form.lvwIcons.choose(1);
-        EXPECT_EQ(program.selection.iconFile, "old.dll") << "the arrow keys only look";
+        EXPECT_EQ(chosen, "none") << "the arrow keys only look";
         form.lvwIcons.click(2);
         EXPECT_TRUE(form.loaded()) << "the list is not done with the click";
         form.tmrUnload.tick();
         EXPECT_FALSE(form.loaded());
     });
-    EXPECT_EQ(program.selection.iconFile + "#" + program.selection.iconResource, system.path("some.dll") + "#7");
+    EXPECT_EQ(chosen, system.path("some.dll") + "#7");
     EXPECT_EQ(box.picture(), picture(32, 2));
 }
 
 TEST_F(frmIconSelectorTest, ProgressIsShownOnASlowMachineUntilTheUserClosesTheDialog) {
     std::string seen;
-    frmIconSelector selector(program, system.path("some.dll"), box);
+    frmIconSelector selector(program.platform, system.path("some.dll"), box, choose);
     system.desktop.onDoEvents = [&] {
         EXPECT_TRUE(selector.Progress.showing() && !selector.lvwIcons.showing());
         seen += selector.lblInfo.caption() + " " + std::to_string(selector.Progress.value()) + "\n";
@@ -124,7 +127,7 @@ TEST_F(frmIconSelectorTest, DamagedIconsAreOneErrorAndTheOthersAreListed) {
         EXPECT_TRUE(form.lvwIcons.showing());
         form.closeBox();
     });
-    frmIconSelector(program, system.path("bad.dll"), box).showModal();
+    frmIconSelector(program.platform, system.path("bad.dll"), box, choose).showModal();
 }
 
 }  // namespace

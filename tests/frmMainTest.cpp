@@ -1,7 +1,7 @@
 #include "app/frmMain.h"
 
-#include "errors/basErrors.h"
 #include "support/BackupFixture.h"
+#include "util/trace.h"
 
 namespace {
 
@@ -101,7 +101,7 @@ TEST_F(MainWindow, ShowsTheProgramsOwnIconWhereAZoneHasNone) {
     for (const auto& [icon, kept] : cases) {
         system.setText(zoneKey("1"), "Icon", icon);
         summary(2);
-        EXPECT_EQ(program.selection.iconFile + "#" + program.selection.iconResource, kept ? icon : own);
+        EXPECT_EQ(window().selection().iconFile + "#" + window().selection().iconResource, kept ? icon : own);
         EXPECT_FALSE(window().picZoneIcon.picture().empty()) << icon;
     }
 }

@@ -154,7 +154,7 @@ TEST_F(Restoring, HandsTheExportToTheRegistryEditorAndDoesNotWait) {
     system.endPrograms();
     window.tmrImport.tick();
     EXPECT_EQ(texts(window.lvwZones), (Texts{"Zero", "One"}));
-    EXPECT_EQ(program.selection.zone, "1");
+    EXPECT_EQ(window.selection().zone, "1");
     EXPECT_FALSE(window.tmrImport.enabled());
     EXPECT_TRUE(system.launcher.open.empty());
 }

@@ -157,10 +157,10 @@ TEST_F(frmSecurityTest, WorksOnTheEditedZoneAlsoAfterTheMainWindowHasMovedOn) {
     describeOne();
     edit("4", [&](frmEdit& form) {
         form.general.cmdGeneral(1).click();
-        EXPECT_EQ(program.selection.zone, "1");
+        EXPECT_EQ(window->selection().zone, "1");
         form.TabStrip1.choose(SecurityPage);
         openSettings(form, [&](frmSecurity& settings) { settings.TVMRTreeView1.click(3); });
-        EXPECT_EQ(program.selection.zone, "1");
+        EXPECT_EQ(window->selection().zone, "1");
     });
     EXPECT_EQ(system.dword(key("4"), "1201"), 0u);
     EXPECT_EQ(system.dword(key("1"), "CurrentLevel"), 66816u);

@@ -1,13 +1,16 @@
 #include "app/frmMain.h"
 
-#include "app/basMain.h"
 #include "editing/frmAdd.h"
 #include "editing/frmEdit.h"
-#include "errors/basErrors.h"
+#include "errors/ErrorReporter.h"
+#include "errors/messages.h"
+#include "forms/EtchedLine.h"
+#include "forms/WindowProc.h"
 #include "icons/ExtractIcon.h"
-#include "ui/Desktop.h"
 #include "ui/Layout.h"
+#include "util/application.h"
 #include "util/basSystem.h"
+#include "util/procedure.h"
 #include "zones/siteMap.h"
 
 namespace {
@@ -20,8 +23,8 @@ constexpr ui::Twips LogoHeight = 810, LogoAt = FrameAt + FrameHeight + frmMain::
 
 }  // namespace
 
-frmMain::frmMain(Program& program)
-    : Form(program.platform.desktop, Kind::Main, "frmMain", AppTitle, {Width, LogoAt + LogoHeight + Margin}),
+frmMain::frmMain(forms::Context& context)
+    : Form(context.platform.desktop, Kind::Main, "frmMain", AppTitle, {Width, LogoAt + LogoHeight + Margin}),
       // ---- the zones
       lvwZones(*this, "lvwZones", {Margin, Margin, Inner, 2310}, ui::ListView::View::Icon,
                ui::ListView::Clicks::OnSelect),
@@ -51,18 +54,19 @@ frmMain::frmMain(Program& program)
       mnuFile(menu().add("mnuFile", "&File")),
       mnuFileBackup(mnuFile.add("mnuFileBackup", "&Backup Zones...")),
       mnuFileRestore(mnuFile.add("mnuFileRestore", "&Restore Zones...")),
-      mnuFileExit((mnuFile.add("zzzMnuFileSep", "-"), mnuFile.add("mnuFileExit", "E&xit"))),
+      zzzMnuFileSep(mnuFile.add("zzzMnuFileSep", "-")),
+      mnuFileExit(mnuFile.add("mnuFileExit", "E&xit")),
       mnuEdit(menu().add("mnuEdit", "&Edit")),
       mnuEditEdit(mnuEdit.add("mnuEditEdit", "Edi&t Zone...")),
       mnuEditAdd(mnuEdit.add("mnuEditAdd", "&Add Zone...")),
       mnuEditDelete(mnuEdit.add("mnuEditDelete", "&Delete Zone")),
-      mnuEditOESecurity(
-          (mnuEdit.add("zzzmnuEditSep", "-"), mnuEdit.add("mnuEditOESecurity", "&Outlook Express Security"))),
+      zzzmnuEditSep(mnuEdit.add("zzzmnuEditSep", "-")),
+      mnuEditOESecurity(mnuEdit.add("mnuEditOESecurity", "&Outlook Express Security")),
       mnuView(menu().add("mnuView", "&View")),
       mnuViewBasic(mnuView.add("mnuViewBasic", "&Basic")),
       mnuViewAdv(mnuView.add("mnuViewAdv", "&Advanced")),
       mnuHelp(menu().add("mnuHelp", "&Help")),
-      program_(program) {
+      context_(context) {
     const char* commands[] = {"Edit Zone", "Add Zone", "Delete Zone"};
     for (int i = 0; i < 3; ++i) {
         const ui::Twips fromRight = (3 - i) * ButtonWidth + (2 - i) * Margin;
@@ -99,14 +103,14 @@ frmMain::frmMain(Program& program)
     mnuEditOESecurity.add("mnuOEUser", "(no identities)", 0).setEnabled(false);
 
     setHeight(heightFor(LogoAt, LogoHeight));
-    program_.mainWindow = this;
-    basErrors::reporting.mainWindow = this;
+    context_.mainWindow = this;
+    errors::reporting.mainWindow = this;
 }
 
 frmMain::~frmMain() {
     EndImport();
-    program_.mainWindow = nullptr;
-    basErrors::reporting.mainWindow = nullptr;
+    context_.mainWindow = nullptr;
+    errors::reporting.mainWindow = nullptr;
 }
 
 // Load and unload -----------------------------------------------------------------------------------------------
@@ -150,7 +154,7 @@ void frmMain::Form_Resize() {
 
 // From the program's own file; "|" because no file name has it, while a folder may well have a "#".
 void frmMain::ShowLogo() {
-    basMain::ExtractBitmap(program_, basSystem::ProgramFile(program_.platform) + "|1", "|", zzzpicLogo);
+    basMain::ExtractBitmap(context_.platform, basSystem::ProgramFile(context_.platform) + "|1", "|", zzzpicLogo);
 }
 
 void frmMain::DrawEtchedLine() {
@@ -161,16 +165,16 @@ void frmMain::DrawEtchedLine() {
 
 // The browser counts its repairs of the zones here; a count left over makes it repair what the user changed.
 void frmMain::DeleteSelfHealCount() {
-    zones::goToZones(program_.registry);
-    if (program_.registry.ValueOf("SelfHealCount")) program_.registry.DeleteValue("SelfHealCount");
+    zones::goToZones(context_.registry);
+    if (context_.registry.ValueOf("SelfHealCount")) context_.registry.DeleteValue("SelfHealCount");
 }
 
 // The list of zones ---------------------------------------------------------------------------------------------
 
 void frmMain::FillListView() {
     procedure("frmMain.FillListView", [&] {
-        basMain::IconCache icons(program_.platform);
-        fillZoneList(program_, zoneList(), icons);
+        basMain::IconCache icons(context_.platform);
+        fillZoneList(context_, zoneList(), icons);
         SelectUsualZone(icons);
     });
 }
@@ -189,36 +193,35 @@ void frmMain::RebuildList() {
 
 void frmMain::tmrIconSpace_Timer() {
     procedure("frmMain.tmrIconSpace_Timer", [&] {
-        if (!basErrors::errorPending()) lvwZones.setIconSpacing({75, 75});
+        if (!errors::errorPending()) lvwZones.setIconSpacing({75, 75});
         tmrIconSpace.setEnabled(false);
     });
 }
 
 void frmMain::lvwZones_ItemClick(int item) {
-    basMain::IconCache icons(program_.platform);
+    basMain::IconCache icons(context_.platform);
     ShowZone(item, icons);
 }
 
 void frmMain::ShowZone(int item, basMain::IconCache& icons) {
     procedure("frmMain.lvwZones_ItemClick", [&] {
-        clsRegistry& registry = program_.registry;
-        zones::Selection& selection = program_.selection;
-        selection.zone = lvwZones.item(item).tag;
+        clsRegistry& registry = context_.registry;
+        selection_.zone = lvwZones.item(item).tag;
 
         zones::goToZones(registry);
         if (registry.HasKeys()) {
             picZoneIcon.clear();
-            zones::goToZone(registry, selection.zone);
-            const ZoneIcon icon = zoneIconOf(program_, registry.ValueOf("Icon"));
+            zones::goToZone(registry, selection_.zone);
+            const ZoneIcon icon = zoneIconOf(context_, registry.ValueOf("Icon"));
             basMain::ExtractIcon(icons, icon.reference, "#", 32, picZoneIcon);
-            selection.iconFile = icon.file;
-            selection.iconResource = icon.resource;
+            selection_.iconFile = icon.file;
+            selection_.iconResource = icon.resource;
         }
         lblZoneName.setCaption(textOr(registry.ValueOf("DisplayName"), "Missing Name"));
         lblZoneCaption.setCaption(textOr(registry.ValueOf("Description"), "Missing Description"));
-        UpdateLabels(selection.zone);
+        UpdateLabels(selection_.zone);
 
-        cmdZoneOption(2).setEnabled(!zones::isBuiltIn(selection.zone));
+        cmdZoneOption(2).setEnabled(!zones::isBuiltIn(selection_.zone));
         mnuEditDelete.setEnabled(false);  // always: deleting is offered by the button alone
     });
 }
@@ -232,7 +235,7 @@ void frmMain::UpdateLabels(const std::string& zone) {
 
 std::string frmMain::GetFlags(const std::string& zone) {
     return procedure("frmMain.GetFlags", [&]() -> std::string {
-        clsRegistry& registry = program_.registry;
+        clsRegistry& registry = context_.registry;
         zones::goToZones(registry);
         if (!registry.HasKeys()) return {};
         zones::goToZone(registry, zone);
@@ -244,7 +247,7 @@ std::string frmMain::GetFlags(const std::string& zone) {
 // A level that is absent or none of the five leaves its label as it was for the zone before.
 void frmMain::GetRecMinSettings(const std::string& zone) {
     procedure("frmMain.GetRecMinSettings", [&] {
-        clsRegistry& registry = program_.registry;
+        clsRegistry& registry = context_.registry;
         zones::goToZone(registry, zone);
         const struct {
             const char* value;
@@ -275,7 +278,7 @@ void frmMain::cmdZoneOption_Click(int index) {
 
 void frmMain::EditSelectedZone() {
     if (lvwZones.selected() == 0) return;
-    frmEdit dialog(program_);
+    frmEdit dialog(context_, selection_);
     dialog.load();
     dialog.general.details.txtZoneName.setText(lblZoneName.caption());
     dialog.general.details.txtZoneDescription.setText(lblZoneCaption.caption());
@@ -284,38 +287,36 @@ void frmMain::EditSelectedZone() {
 }
 
 void frmMain::AddZone() {
-    frmAdd dialog(program_);
+    frmAdd dialog(context_);
     dialog.load();
-    dialog.details.DrawIcon(program_.registry.GetIconForOS());
+    dialog.details.DrawIcon(context_.registry.GetIconForOS());
     dialog.showModal(this);
 }
 
 void frmMain::DeleteSelectedZone() {
-    clsRegistry& registry = program_.registry;
-    const std::string zone = program_.selection.zone;
+    clsRegistry& registry = context_.registry;
+    const std::string zone = selection_.zone;
     zones::goToZones(registry);
     const auto keys = registry.DirKey();
     const auto number = zones::numberOf(zone);
     if (!keys || !number || *number >= keys->size()) {
         // Zones are taken by their place: another zone would be deleted in this one's stead.
-        desktop().messageBox("The zone \"" + lblZoneName.caption() +
-                                 "\" cannot be deleted: the zones are not numbered from 0 on without gaps.",
-                             AppTitle, ui::MessageStyle::Exclamation);
+        errors::tell(context_.platform, "The zone \"" + lblZoneName.caption() +
+                                            "\" cannot be deleted: the zones are not numbered from 0 on without gaps.");
         return;
     }
 
     const clsRegistry::FailureWatch watch(registry);
-    const basMain::ZoneSites sites = basMain::CheckForDomains(registry, program_.strings, zone);
+    const basMain::ZoneSites sites = basMain::CheckForDomains(registry, zone);
     if (watch.failed()) {
         // The next zone comes to this one's number: sites that are overlooked would be in that zone.
-        desktop().messageBox("The registry could not be read. The zone is unchanged.", AppTitle,
-                             ui::MessageStyle::Exclamation);
+        errors::tell(context_.platform, "The registry could not be read. The zone is unchanged.");
         return;
     }
     if (!sites.sites.empty()) {
         const std::string question =
             "There are site in the zone: \"" + lblZoneName.caption() + "\"\r\nWould you like to delete them also?";
-        const ui::Answer answer = desktop().messageBox(question, AppTitle, ui::MessageStyle::ExclamationYesNo);
+        const ui::Answer answer = errors::ask(context_.platform, question);
         if (answer != ui::Answer::Yes && answer != ui::Answer::No) return;  // the system could not ask
         if (answer == ui::Answer::Yes) {
             for (const std::string& key : sites.keys) {
@@ -328,8 +329,7 @@ void frmMain::DeleteSelectedZone() {
     }
     registry.DeleteAndRename(zones::ZonesKey, zone);
     if (watch.failed())
-        desktop().messageBox("The registry refused a change. Not everything has been deleted.", AppTitle,
-                             ui::MessageStyle::Exclamation);
+        errors::tell(context_.platform, "The registry refused a change. Not everything has been deleted.");
     RebuildList();
 }
 

@@ -1,17 +1,18 @@
-// The main window: the list of zones, a summary of the selected one, and every command of the program.
+// The main window: the list of zones, a summary of the selected one, and every command of the context.
 //
 // Other windows call FillListView after they have added or renamed zones and UpdateLabels after they have changed a
 // zone's flags or levels.
 #pragma once
 
-#include "app/Program.h"
-#include "app/ZoneList.h"
+#include "forms/Context.h"
+#include "forms/ZoneList.h"
 #include "ui/Form.h"
 #include "ui/ListView.h"
+#include "zones/zones.h"
 
-class frmMain : public ui::Form {
+class frmMain : public ui::Form, public forms::MainWindow {
 public:
-    explicit frmMain(Program& program);
+    explicit frmMain(forms::Context& context);
     ~frmMain() override;
 
     // The layout rule of both views: where the logo stands below the frame, and a window high enough for the logo, its
@@ -24,13 +25,12 @@ public:
     // Rebuilds the list and selects its second zone, or the only one. Without zones selecting fails, and says so.
     void FillListView();
     // Empties the list and fills it again.
-    void RebuildList();
-    // Shows the zones as they are now, and once more when `import` has ended: the registry editor writes them while the
-    // program goes on. Having no zones, or only some, is nothing to report then. Takes over the process, which may be
-    // 0.
-    void ReloadWhileImporting(platform::Launcher::Process import);
-    // The "At a glance" values of a zone.
-    void UpdateLabels(const std::string& zone);
+    void RebuildList() override;
+    void UpdateLabels(const std::string& zone) override;
+    int zoneCount() const override { return lvwZones.count(); }
+    void ReloadWhileImporting(platform::Launcher::Process import) override;
+    // The zone that was clicked last, and its icon.
+    const zones::Selection& selection() const { return selection_; }
 
     ui::ListView lvwZones;
     ui::ImageList ilsZoneIcons;
@@ -48,11 +48,13 @@ public:
     ui::MenuItem& mnuFile;
     ui::MenuItem& mnuFileBackup;
     ui::MenuItem& mnuFileRestore;
+    ui::MenuItem& zzzMnuFileSep;
     ui::MenuItem& mnuFileExit;
     ui::MenuItem& mnuEdit;
     ui::MenuItem& mnuEditEdit;
     ui::MenuItem& mnuEditAdd;
     ui::MenuItem& mnuEditDelete;
+    ui::MenuItem& zzzmnuEditSep;
     ui::MenuItem& mnuEditOESecurity;
     ui::MenuItem& mnuView;
     ui::MenuItem& mnuViewBasic;
@@ -97,6 +99,7 @@ private:
     void EndImport();
     ZoneListControls zoneList() { return {lvwZones, ilsZoneIcons, picDummy, picHolder}; }
 
-    Program& program_;
+    forms::Context& context_;
+    zones::Selection selection_;
     platform::Launcher::Process import_ = 0;  // the registry editor while it restores a backup
 };

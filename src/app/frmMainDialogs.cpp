@@ -2,23 +2,23 @@
 #include "app/frmMain.h"
 #include "backup/frmBackup.h"
 #include "backup/frmRestore.h"
-#include "errors/basErrors.h"
 #include "mail/frmOESecurity.h"
 #include "mail/identities.h"
 #include "ui/Desktop.h"
+#include "util/procedure.h"
 
 // Backup and restore --------------------------------------------------------------------------------------------
 
 void frmMain::mnuFileBackup_Click() {
     procedure("frmMain.mnuFileBackup_Click", [&] {
-        frmBackup dialog(program_);
+        frmBackup dialog(context_);
         dialog.showModal(this);
     });
 }
 
 void frmMain::mnuFileRestore_Click() {
     procedure("frmMain.mnuFileRestore_Click", [&] {
-        frmRestore dialog(program_);
+        frmRestore dialog(context_);
         dialog.showModal(this);
     });
 }
@@ -33,15 +33,15 @@ void frmMain::ReloadWhileImporting(platform::Launcher::Process import) {
 void frmMain::ReloadAsItIs() {
     procedure("frmMain.ReloadAsItIs", [&] {
         clearZoneList(zoneList());
-        basMain::IconCache icons(program_.platform);
-        fillZoneList(program_, zoneList(), icons);
+        basMain::IconCache icons(context_.platform);
+        fillZoneList(context_, zoneList(), icons);
         if (lvwZones.count() > 0) SelectUsualZone(icons);
     });
 }
 
 void frmMain::tmrImport_Timer() {
     procedure("frmMain.tmrImport_Timer", [&] {
-        if (program_.platform.launcher.running(import_)) return;
+        if (context_.platform.launcher.running(import_)) return;
         // An open dialog works on the selected zone, which a new list would change under it. It is read on a later
         // tick.
         if (desktop().forms().size() > 1) return;
@@ -52,7 +52,7 @@ void frmMain::tmrImport_Timer() {
 
 void frmMain::EndImport() {
     tmrImport.setEnabled(false);
-    if (import_ != 0) program_.platform.launcher.close(import_);
+    if (import_ != 0) context_.platform.launcher.close(import_);
     import_ = 0;
 }
 
@@ -60,15 +60,15 @@ void frmMain::EndImport() {
 
 void frmMain::LoadIdentities() {
     procedure("frmMain.LoadIdentities",
-              [&] { mail::fillMenu(program_, mnuEditOESecurity, [this](int index) { mnuOEUser_Click(index); }); });
+              [&] { mail::fillMenu(context_, mnuEditOESecurity, [this](int index) { mnuOEUser_Click(index); }); });
 }
 
 void frmMain::mnuOEUser_Click(int index) {
     procedure("frmMain.mnuOEUser_Click", [&] {
-        frmOESecurity dialog(program_);
+        frmOESecurity dialog(context_);
         dialog.load();
         const std::string identity = mnuEditOESecurity.items()[static_cast<std::size_t>(index)].tag();
-        dialog.lblZone.setCaption(mail::zoneNameOf(program_, identity) + " zone");
+        dialog.lblZone.setCaption(mail::zoneNameOf(context_, identity) + " zone");
         dialog.IdentityPath = mail::settingsPath(identity);
         dialog.showModal(this);
     });

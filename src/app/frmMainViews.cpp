@@ -1,10 +1,11 @@
 // The main window's two views, and what it keeps of its layout between runs.
 #include "app/frmMain.h"
-#include "errors/basErrors.h"
+#include "util/Error.h"
+#include "util/procedure.h"
 
 namespace {
 
-// The settings key of the program, and what stands in it.
+// The settings key of the context, and what stands in it.
 constexpr const char* SettingsKey = "Software\\Pellweather Inc.\\Tavimor";
 constexpr const char* MainHeight = "Main Height";
 constexpr const char* FrameTop = "Frame Top";
@@ -21,7 +22,7 @@ void frmMain::mnuViewAdv_Click() {
         zzzfraInfo.setVisible(true);
         zzzpicLogo.setTop(zzzfraInfo.top() + zzzfraInfo.height() + FrameToLogo);
         setHeight(heightFor(zzzpicLogo.top(), zzzpicLogo.height()));
-        program_.registry.cD(std::string("\\HKEY_CURRENT_USER\\") + SettingsKey);
+        context_.registry.cD(std::string("\\HKEY_CURRENT_USER\\") + SettingsKey);
         WriteNumber(MainHeight, height());
         WriteNumber(FrameTop, zzzfraInfo.top());
         WriteNumber(LogoTop, zzzpicLogo.top());
@@ -34,7 +35,7 @@ void frmMain::mnuViewBasic_Click() {
     procedure("frmMain.mnuViewBasic_Click", [&] {
         zzzpicLogo.setTop(zzzfraInfo.top());
         setHeight(heightFor(zzzpicLogo.top(), zzzpicLogo.height()));
-        program_.registry.cD(std::string("\\HKEY_CURRENT_USER\\") + SettingsKey);
+        context_.registry.cD(std::string("\\HKEY_CURRENT_USER\\") + SettingsKey);
         WriteNumber(MainHeight, height());
         WriteNumber(LogoTop, zzzpicLogo.top());
         WriteNumber(View, BasicView);
@@ -54,7 +55,7 @@ void frmMain::ShowView(double view) {
 
 void frmMain::SetFormAttributes() {
     procedure("frmMain.SetFormAttributes", [&] {
-        clsRegistry& registry = program_.registry;
+        clsRegistry& registry = context_.registry;
         const bool firstRun = !registry.IsValidKey(platform::HKeyCurrentUser, SettingsKey);
         registry.cD("\\HKEY_CURRENT_USER");
         if (firstRun) registry.MakeKey(SettingsKey);
@@ -83,13 +84,13 @@ void frmMain::ReadAttributes() {
 ui::Twips frmMain::ReadLength(const char* name) {
     constexpr double Tallest = 32767;  // what a window may measure in twips
     ValueType type = ValueType::String;
-    const auto value = program_.registry.ValueOf(name, type);
+    const auto value = context_.registry.ValueOf(name, type);
     if (!value || type != ValueType::Dword || value->number > Tallest)
-        throw basErrors::Error(basErrors::NumberNotANumber, "frmMain",
-                               std::string("The saved setting \"") + name + "\" is missing or is not a length.");
+        throw util::Error(util::NumberNotANumber, "frmMain",
+                          std::string("The saved setting \"") + name + "\" is missing or is not a length.");
     return static_cast<ui::Twips>(value->number);
 }
 
 void frmMain::WriteNumber(const char* name, double number) {
-    program_.registry.ValueOf(name, ValueType::Dword, number);
+    context_.registry.ValueOf(name, ValueType::Dword, number);
 }

@@ -2,10 +2,11 @@
 
 #include <algorithm>
 
-#include "errors/basErrors.h"
 #include "registry/clsRegistry.h"
+#include "util/Error.h"
 #include "util/basSystem.h"
 #include "util/numbers.h"
+#include "util/systemText.h"
 
 namespace backup {
 
@@ -13,16 +14,14 @@ namespace {
 
 constexpr std::size_t WorthWriting = std::size_t{32} * 1024;
 
-[[noreturn]] void fail(platform::Platform& platform, basErrors::ErrorNumber number, const std::string& what,
+[[noreturn]] void fail(platform::Platform& platform, util::ErrorNumber number, const std::string& what,
                        platform::Result code) {
-    std::string reason = platform.modules.FormatMessageA(code);
-    if (reason.empty()) reason = "The system gives code " + std::to_string(code) + ".";
-    throw basErrors::Error(number, "backup", what + " " + reason);
+    throw util::Error(number, "backup", what + " " + util::systemText(platform, code));
 }
 
-basErrors::ErrorNumber numberOf(platform::Result code) {
+util::ErrorNumber numberOf(platform::Result code) {
     const bool missing = code == platform::FileNotFound || code == platform::PathNotFound;
-    return missing ? basErrors::NumberFileNotFound : basErrors::NumberFileAccess;
+    return missing ? util::NumberFileNotFound : util::NumberFileAccess;
 }
 
 void makeFolder(platform::Platform& platform, const std::string& path) {
@@ -30,7 +29,7 @@ void makeFolder(platform::Platform& platform, const std::string& path) {
     const platform::Result code = platform.files.createFolder(basSystem::UnQualifyPath(path));
     // A file of that name is in the way, if it is not another program that has just made the folder.
     if (code != platform::Success && !basSystem::FolderExists(platform, path))
-        fail(platform, basErrors::NumberFileAccess, "The folder \"" + path + "\" cannot be made.", code);
+        fail(platform, util::NumberFileAccess, "The folder \"" + path + "\" cannot be made.", code);
 }
 
 }  // namespace
@@ -86,15 +85,15 @@ void BackupFile::writePending() {
     const platform::Result code = append(written);
     pending_.clear();  // also what did not arrive: the file must not go on behind a gap
     if (code != platform::Success || written < size)
-        fail(platform_, basErrors::NumberFileAccess, "The backup \"" + path_ + "\" is not complete.",
+        fail(platform_, util::NumberFileAccess, "The backup \"" + path_ + "\" is not complete.",
              code != platform::Success ? code : platform::DiskFull);
 }
 
 void BackupFile::close() {
     writePending();
     if (!watch_.failed()) return;
-    throw basErrors::Error(basErrors::NumberFileAccess, "backup",
-                           "The registry could not be read as a whole. The backup \"" + path_ + "\" is not complete.");
+    throw util::Error(util::NumberFileAccess, "backup",
+                      "The registry could not be read as a whole. The backup \"" + path_ + "\" is not complete.");
 }
 
 platform::Result BackupFile::append(std::uint32_t& written) {

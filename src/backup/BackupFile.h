@@ -9,7 +9,7 @@
 
 namespace backup {
 
-// "Backups" beside the program, with a backslash behind it.
+// "Backups" beside the context, with a backslash behind it.
 std::string folder(platform::Platform& platform);
 
 // The name both files of a backup share: month-day-year, a blank, two digits of hour, then minute and second without
@@ -19,15 +19,15 @@ std::string baseName(const platform::LocalTime& time);
 // The registry export that belongs to a zone backup: the same path with "reg" in the place of its last three letters.
 std::string partnerOf(const std::string& zoneFile);
 
-// Deletes a file, or throws basErrors::Error.
+// Deletes a file, or throws util::Error.
 void remove(platform::Platform& platform, const std::string& path);
 
-// Reads a file, or its first `limit` bytes, or throws basErrors::Error.
+// Reads a file, or its first `limit` bytes, or throws util::Error.
 std::string read(platform::Platform& platform, const std::string& path, std::size_t limit = platform::Files::Whole);
 
 // A text file being appended to, a few tens of kilobytes at a time. Every line ends in CR LF.
 //
-// What the disk refuses throws basErrors::Error; what was written before stays.
+// What the disk refuses throws util::Error; what was written before stays.
 class BackupFile {
 public:
     // A file in the backups folder, which is made when it is missing; what goes into it is read from `registry`.

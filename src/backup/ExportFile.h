@@ -9,15 +9,15 @@
 #include <optional>
 #include <string>
 
-#include "app/Program.h"
+#include "forms/Context.h"
 
 namespace backup {
 
 // The line of one value, without line end; nothing for a value the file does not carry.
-std::optional<std::string> exportLine(clsRegistry& registry, clsStrings& strings, const ListedValue& value);
+std::optional<std::string> exportLine(clsRegistry& registry, const ListedValue& value);
 
 // Adds an export of all zones to the backup's ".reg" file, which is created when absent. `afterValue` runs after each
-// value and each zone. Throws basErrors::Error when the disk refuses.
-void writeExport(Program& program, const std::string& baseName, const std::function<void()>& afterValue);
+// value and each zone. Throws util::Error when the disk refuses.
+void writeExport(forms::Context& context, const std::string& baseName, const std::function<void()>& afterValue);
 
 }  // namespace backup

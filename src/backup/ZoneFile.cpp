@@ -3,8 +3,9 @@
 
 #include <cstdint>
 
-#include "app/ZoneList.h"
 #include "backup/BackupFile.h"
+#include "forms/ZoneList.h"
+#include "zones/zones.h"
 
 namespace backup {
 
@@ -33,25 +34,25 @@ std::string fieldText(clsRegistry& registry, const FieldSource& source) {
     return type == ValueType::Dword ? value->display : std::string();
 }
 
-ZoneFields readZone(Program& program, const std::string& zone) {
-    zones::goToZone(program.registry, zone);
+ZoneFields readZone(forms::Context& context, const std::string& zone) {
+    zones::goToZone(context.registry, zone);
     ZoneFields fields;
-    fields[Icon] = zoneIconOf(program, program.registry.ValueOf(Sources[Icon].value)).reference;
+    fields[Icon] = zoneIconOf(context, context.registry.ValueOf(Sources[Icon].value)).reference;
     for (std::size_t field = Name; field < FieldCount; ++field)
-        fields[field] = fieldText(program.registry, Sources[field]);
+        fields[field] = fieldText(context.registry, Sources[field]);
     return fields;
 }
 
 }  // namespace
 
-void writeZones(Program& program, const std::string& baseName, const std::string& description) {
-    BackupFile file(program.platform, program.registry, baseName + ".tvf");
+void writeZones(forms::Context& context, const std::string& baseName, const std::string& description) {
+    BackupFile file(context.platform, context.registry, baseName + ".tvf");
     file.line(std::string(DescriptionMark) + description);
 
-    zones::goToZones(program.registry);
-    if (const auto keys = program.registry.DirKey()) {
+    zones::goToZones(context.registry);
+    if (const auto keys = context.registry.DirKey()) {
         for (const std::string& zone : *keys) {
-            file.line(joined(readZone(program, zone)));
+            file.line(joined(readZone(context, zone)));
             file.endOfZone();
         }
     }

@@ -13,7 +13,9 @@
 #include <vector>
 
 class clsStrings;
-struct Program;
+namespace forms {
+struct Context;
+}
 
 namespace backup {
 
@@ -24,9 +26,9 @@ using ZoneFields = std::array<std::string, FieldCount>;
 // The fields with ";" between them.
 std::string joined(const ZoneFields& fields);
 
-// Adds a backup of all zones to the backup's ".tvf" file, which is created when absent. Throws basErrors::Error when
+// Adds a backup of all zones to the backup's ".tvf" file, which is created when absent. Throws util::Error when
 // the disk refuses.
-void writeZones(Program& program, const std::string& baseName, const std::string& description);
+void writeZones(forms::Context& context, const std::string& baseName, const std::string& description);
 
 // The lines of a file; a last line without end counts, an empty rest behind the last end does not.
 std::vector<std::string> splitLines(std::string_view bytes);

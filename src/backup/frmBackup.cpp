@@ -1,13 +1,13 @@
 #include "backup/frmBackup.h"
 
-#include "app/PendingEvents.h"
-#include "app/basMain.h"
 #include "backup/BackupFile.h"
 #include "backup/ExportFile.h"
 #include "backup/ZoneFile.h"
-#include "errors/basErrors.h"
+#include "forms/EtchedLine.h"
 #include "ui/Layout.h"
-#include "util/numbers.h"
+#include "ui/PendingEvents.h"
+#include "util/characters.h"
+#include "util/procedure.h"
 
 namespace {
 
@@ -16,8 +16,8 @@ constexpr ui::Twips Width = 4680, Inner = Width - 2 * Margin, ButtonsTop = 1065;
 
 }  // namespace
 
-frmBackup::frmBackup(Program& program)
-    : Form(program.platform.desktop, Kind::Dialog, "frmBackup", "Backup Security Zones",
+frmBackup::frmBackup(forms::Context& context)
+    : Form(context.platform.desktop, Kind::Dialog, "frmBackup", "Backup Security Zones",
            {Width, ButtonsTop + ButtonHeight + Margin}),
       lblInfo(*this, "lblInfo", {Margin, Margin, Inner, 225}, "Please enter a short description for this file."),
       txtDescription(*this, "txtDescription", {Margin, 405, Inner, 285}),
@@ -25,7 +25,7 @@ frmBackup::frmBackup(Program& program)
       cmdBackup(*this, "cmdBackup", {Width - 2 * (Margin + ButtonWidth), ButtonsTop, ButtonWidth, ButtonHeight},
                 "Back it up!"),
       cmdCancel(*this, "cmdCancel", {Width - Margin - ButtonWidth, ButtonsTop, ButtonWidth, ButtonHeight}, "Cancel"),
-      program_(program) {
+      context_(context) {
     cmdBackup.onClick = [this] { cmdBackup_Click(); };
     cmdCancel.onClick = [this] { cmdCancel_Click(); };
     setDefaultButton(cmdBackup);
@@ -47,7 +47,7 @@ void frmBackup::cmdBackup_Click() {
     procedure("frmBackup.cmdBackup_Click", [&] {
         const ui::Hourglass hourglass(*this);
         cmdBackup.setEnabled(false);
-        const std::string name = backup::baseName(program_.platform.system.GetLocalTime());
+        const std::string name = backup::baseName(context_.platform.system.GetLocalTime());
         std::string description(util::trimmed(txtDescription.text()));
         if (description.empty()) description = name;
 
@@ -59,11 +59,11 @@ void frmBackup::cmdBackup_Click() {
 
 void frmBackup::SaveRegFile(const std::string& fileName) {
     procedure("frmBackup.SaveRegFile", [&] {
-        PendingEvents pending(program_.platform);
-        backup::writeExport(program_, fileName, [&] { pending.handleWhenDue(); });
+        ui::PendingEvents pending(context_.platform);
+        backup::writeExport(context_, fileName, [&] { pending.handleWhenDue(); });
     });
 }
 
 void frmBackup::SaveZoneFile(const std::string& fileName, const std::string& description) {
-    procedure("frmBackup.SaveZoneFile", [&] { backup::writeZones(program_, fileName, description); });
+    procedure("frmBackup.SaveZoneFile", [&] { backup::writeZones(context_, fileName, description); });
 }

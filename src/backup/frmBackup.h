@@ -1,12 +1,12 @@
 // Asks for a description and writes a backup of all zones: a registry export and a zone backup of one name.
 #pragma once
 
-#include "app/Program.h"
+#include "forms/Context.h"
 #include "ui/Form.h"
 
 class frmBackup : public ui::Form {
 public:
-    explicit frmBackup(Program& program);
+    explicit frmBackup(forms::Context& context);
 
     ui::Label lblInfo;
     ui::TextBox txtDescription;
@@ -21,5 +21,5 @@ private:
     void SaveRegFile(const std::string& fileName);
     void SaveZoneFile(const std::string& fileName, const std::string& description);
 
-    Program& program_;
+    forms::Context& context_;
 };

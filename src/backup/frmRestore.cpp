@@ -1,15 +1,17 @@
 #include "backup/frmRestore.h"
 
-#include "app/basMain.h"
-#include "app/frmMain.h"
 #include "backup/BackupFile.h"
 #include "backup/ExportFile.h"
 #include "backup/ZoneFile.h"
-#include "errors/basErrors.h"
+#include "errors/messages.h"
+#include "forms/WindowProc.h"
 #include "icons/ExtractIcon.h"
-#include "ui/Desktop.h"
 #include "ui/Layout.h"
+#include "util/Error.h"
 #include "util/basSystem.h"
+#include "util/clsStrings.h"
+#include "util/procedure.h"
+#include "zones/zones.h"
 
 namespace {
 
@@ -27,8 +29,8 @@ constexpr ui::Twips RowTop = 285, Row = 240;
 
 }  // namespace
 
-frmRestore::frmRestore(Program& program)
-    : Form(program.platform.desktop, Kind::Dialog, "frmRestore", "Preview/Restore Backup",
+frmRestore::frmRestore(forms::Context& context)
+    : Form(context.platform.desktop, Kind::Dialog, "frmRestore", "Preview/Restore Backup",
            {Width, ButtonsTop + ButtonHeight + Margin}),
       // ---- left: the backups
       Label1(*this, "Label1", {Margin, Margin, Left, 225}, "Please select a file to preview"),
@@ -59,7 +61,7 @@ frmRestore::frmRestore(Program& program)
       picHolder(*this, "picHolder", {0, 0, 480, 480}),
       picDummy(*this, "picDummy", {0, 0, 480, 480}),
       tmrWatch(*this, "tmrWatch", WatchInterval),
-      program_(program) {
+      context_(context) {
     ui::Twips top = RowTop;
     for (const char* caption : {"Current Level: ", "Minimum Level: ", "Recommended Level: ", "Flags:"}) {
         zzzlblInfo.add(zzzfraInfo, {Margin, top, ValueLeft - Margin, 225}, caption);
@@ -108,7 +110,7 @@ void frmRestore::tmrWatch_Timer() {
 // The backups ---------------------------------------------------------------------------------------------------
 
 void frmRestore::ListBackups() {
-    GetFileInformation(backup::folder(program_.platform), "*.tvf");
+    GetFileInformation(backup::folder(context_.platform), "*.tvf");
 }
 
 void frmRestore::GetFileInformation(const std::string& folder, const std::string& pattern) {
@@ -119,7 +121,7 @@ void frmRestore::GetFileInformation(const std::string& folder, const std::string
         lblZoneCaption.setCaption("");
         lblZoneName.setCaption("");
 
-        platform::Files& files = program_.platform.files;
+        platform::Files& files = context_.platform.files;
         platform::Files::Search search = 0;
         platform::FoundFile found;
         if (files.findFirst(folder + pattern, search, found) != platform::Success) return;
@@ -140,9 +142,9 @@ std::string frmRestore::ParseFile(const std::string& path) {
     return procedure("frmRestore.ParseFile", [&] {
         // The first lines of a thousand backups, not a thousand backups. A longer one is read whole.
         constexpr std::size_t UsualFirstLine = 1024;
-        std::string start = backup::read(program_.platform, path, UsualFirstLine);
+        std::string start = backup::read(context_.platform, path, UsualFirstLine);
         if (start.size() == UsualFirstLine && start.find_first_of("\r\n") == std::string::npos)
-            start = backup::read(program_.platform, path);
+            start = backup::read(context_.platform, path);
         return backup::descriptionOf(start.substr(0, start.find_first_of("\r\n")));
     });
 }
@@ -160,8 +162,8 @@ void frmRestore::cmdDelete_Click() {
     procedure("frmRestore.cmdDelete_Click", [&] {
         if (selected_.empty()) return;
         // The export first: when it is not there, the zone backup stays and the user is told.
-        backup::remove(program_.platform, backup::partnerOf(selected_));
-        backup::remove(program_.platform, selected_);
+        backup::remove(context_.platform, backup::partnerOf(selected_));
+        backup::remove(context_.platform, selected_);
         ListBackups();
         selected_.clear();
     });
@@ -172,7 +174,7 @@ void frmRestore::cmdDelete_Click() {
 void frmRestore::FillList(const std::string& path) {
     procedure("frmRestore.FillList", [&] {
         lines_.clear();
-        lines_ = backup::splitLines(backup::read(program_.platform, path));
+        lines_ = backup::splitLines(backup::read(context_.platform, path));
         ParseInfo();
     });
 }
@@ -185,17 +187,18 @@ void frmRestore::ParseInfo() {
         } release{lines_};
 
         ilsZoneIcons.add(picDummy.picture());
-        basMain::IconCache icons(program_.platform);
+        basMain::IconCache icons(context_.platform);
+        clsStrings strings;
         backup::ZoneFields zone;
         for (std::size_t line = 1; line < lines_.size(); ++line) {
-            backup::readZoneLine(program_.strings, lines_[line], zone);
+            backup::readZoneLine(strings, lines_[line], zone);
             basMain::ExtractIcon(icons, zone[backup::Icon], "#", 32, picHolder);
             const int image = ilsZoneIcons.add(picHolder.picture());
             lvwZones.add({zone[backup::Name], image, backup::joined(zone), {}});
             picHolder.clear();
         }
         if (lvwZones.count() == 0)
-            throw basErrors::Error(basErrors::NumberOutOfRange, "frmRestore", "This backup holds no zones.");
+            throw util::Error(util::NumberOutOfRange, "frmRestore", "This backup holds no zones.");
         lvwZones.setSelected(1);
         lvwZones_ItemClick(1);
     });
@@ -204,7 +207,7 @@ void frmRestore::ParseInfo() {
 void frmRestore::lvwZones_ItemClick(int item) {
     procedure("frmRestore.lvwZones_ItemClick", [&] {
         picZoneIcon.clear();
-        clsStrings& strings = program_.strings;
+        clsStrings strings;
         const std::int32_t fields = strings.Initialise(lvwZones.item(item).tag, ";");
         const auto field = [&](backup::Field which) { return strings.ElementAsString(which + 1); };
         if (fields == backup::FieldCount) {
@@ -215,7 +218,7 @@ void frmRestore::lvwZones_ItemClick(int item) {
         }
         lblZoneName.setCaption(field(backup::Name));
         lblZoneCaption.setCaption(field(backup::Description));
-        basMain::ExtractIcon(program_, field(backup::Icon), "#", 32, picZoneIcon);
+        basMain::ExtractIcon(context_.platform, field(backup::Icon), "#", 32, picZoneIcon);
     });
 }
 
@@ -224,28 +227,28 @@ void frmRestore::lvwZones_ItemClick(int item) {
 void frmRestore::cmdRestore_Click() {
     procedure("frmRestore.cmdRestore_Click", [&] {
         if (selected_.empty()) return;
-        const std::string folder = basSystem::GetWinDir(program_.platform);
+        const std::string folder = basSystem::GetWinDir(context_.platform);
         if (folder.empty())
-            throw basErrors::Error(basErrors::NumberFileNotFound, "frmRestore", "The Windows folder cannot be found.");
+            throw util::Error(util::NumberFileNotFound, "frmRestore", "The Windows folder cannot be found.");
         const std::string file = backup::partnerOf(selected_);
-        if (!basSystem::FileExists(program_.platform, file)) KeepWhatWouldBeLost();
-        const clsRegistry::FailureWatch watch(program_.registry);
-        program_.registry.DeleteZone(zones::ZonesKey);
+        if (!basSystem::FileExists(context_.platform, file)) KeepWhatWouldBeLost();
+        const clsRegistry::FailureWatch watch(context_.registry);
+        context_.registry.DeleteZone(zones::ZonesKey);
         const bool deleted = !watch.failed();
 
         // By its full path: a file of that name beside the program is never run.
         const std::string editor = basSystem::QualifyPath(folder) + "regedit.exe";
-        platform::Launcher& launcher = program_.platform.launcher;
+        platform::Launcher& launcher = context_.platform.launcher;
         platform::Launcher::Process import = 0;
         const platform::Result code = launcher.start(editor, "/s \"" + file + "\"", import);
-        if (program_.mainWindow) program_.mainWindow->ReloadWhileImporting(import);
+        if (context_.mainWindow) context_.mainWindow->ReloadWhileImporting(import);
         if (code != platform::Success)
-            throw basErrors::Error(basErrors::NumberFileNotFound, "frmRestore",
-                                   "The registry editor \"" + editor + "\" cannot be started. " +
-                                       program_.platform.modules.FormatMessageA(code));
+            throw util::Error(util::NumberFileNotFound, "frmRestore",
+                              "The registry editor \"" + editor + "\" cannot be started. " +
+                                  context_.platform.modules.FormatMessageA(code));
         if (!deleted)
-            desktop().messageBox("The registry refused to delete some zones. What they hold beyond the backup stays.",
-                                 AppTitle, ui::MessageStyle::Exclamation);
+            errors::tell(context_.platform,
+                         "The registry refused to delete some zones. What they hold beyond the backup stays.");
         selected_.clear();
         unload();
     });
@@ -255,8 +258,8 @@ void frmRestore::cmdRestore_Click() {
 // there is none. So the zones are first backed up themselves, under a description that tells why: the user finds them
 // in this very list. When that cannot be done nothing is deleted.
 void frmRestore::KeepWhatWouldBeLost() {
-    const std::string name = backup::baseName(program_.platform.system.GetLocalTime());
-    backup::writeExport(program_, name, [] {});
-    backup::writeZones(program_, name,
+    const std::string name = backup::baseName(context_.platform.system.GetLocalTime());
+    backup::writeExport(context_, name, [] {});
+    backup::writeZones(context_, name,
                        "Zones before restoring \"" + ParseFile(selected_) + "\", whose registry export is missing");
 }

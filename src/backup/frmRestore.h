@@ -3,13 +3,13 @@
 
 #include <vector>
 
-#include "app/Program.h"
+#include "forms/Context.h"
 #include "ui/Form.h"
 #include "ui/ListView.h"
 
 class frmRestore : public ui::Form {
 public:
-    explicit frmRestore(Program& program);
+    explicit frmRestore(forms::Context& context);
 
     ui::Label Label1;
     ui::ListView ListView1;      // the backups
@@ -46,7 +46,7 @@ private:
     void ParseInfo();
     void KeepWhatWouldBeLost();
 
-    Program& program_;
+    forms::Context& context_;
     std::string selected_;            // path of the ".tvf" file, "" for none
     std::vector<std::string> lines_;  // of the backup being shown
 };

@@ -1,4 +1,4 @@
-// The file-open dialogs of the program, ready to be asked.
+// The file-open dialogs of the context, ready to be asked.
 #pragma once
 
 #include <optional>

@@ -1,13 +1,11 @@
 #include "editing/ZoneDetails.h"
 
-#include <utility>
-
 #include "editing/GCommonDialog.h"
-#include "errors/basErrors.h"
+#include "errors/messages.h"
 #include "icons/ExtractIcon.h"
 #include "icons/frmIconSelector.h"
-#include "ui/Desktop.h"
 #include "ui/Layout.h"
+#include "util/procedure.h"
 #include "zones/Defaults.h"
 
 namespace {
@@ -24,7 +22,8 @@ void SelectText(ui::TextBox& box) {
 
 }  // namespace
 
-ZoneDetails::ZoneDetails(Program& program, ui::Place place, ui::Twips width, const char* hint, const Traces& traces)
+ZoneDetails::ZoneDetails(forms::Context& context, ui::Place place, ui::Twips width, const char* hint,
+                         const Traces& traces)
     // Zone Name
     // [................................]
     : zzzlblName(place, "zzzlblName", {Margin, 120, width - 2 * Margin, LabelHeight}, "Zone Name"),
@@ -36,7 +35,7 @@ ZoneDetails::ZoneDetails(Program& program, ui::Place place, ui::Twips width, con
       // [icon]  <-- Click to change icon.
       picIcon(place, "picIcon", {Margin, 1530, IconSize, IconSize}, ui::PictureBox::Border::Sunken),
       zzzlblHint(place, "zzzlblHint", {780, 1688, width - 780 - Margin, LabelHeight}, hint),
-      program_(program) {
+      context_(context) {
     txtZoneName.setMaxLength(LongestName);
     txtZoneDescription.setMaxLength(LongestDescription);
     picIcon.setTabStop(true);
@@ -49,12 +48,12 @@ ZoneDetails::ZoneDetails(Program& program, ui::Place place, ui::Twips width, con
 }
 
 void ZoneDetails::DrawIcon(const std::string& reference) {
-    basMain::ExtractIcon(program_, reference, "#", 32, picIcon);
+    basMain::ExtractIcon(context_.platform, reference, "#", 32, picIcon);
 }
 
 bool ZoneDetails::Complete() {
     if (selection.iconFile.empty()) {
-        selection.iconFile = zones::fallbackIconFile(program_.platform);
+        selection.iconFile = zones::fallbackIconFile(context_.platform);
         selection.iconResource = zones::FallbackIconResource;
     }
     return Given(txtZoneName, "You must give this zone a name.") &&
@@ -63,31 +62,25 @@ bool ZoneDetails::Complete() {
 
 bool ZoneDetails::Given(ui::TextBox& box, const char* message) {
     if (box.text().find_first_not_of(' ') != std::string::npos) return true;
-    program_.platform.desktop.messageBox(message, AppTitle, ui::MessageStyle::Exclamation);
+    errors::tell(context_.platform, message);
     box.setFocus();
     SelectText(box);  // also when the box had the focus all the time
     return false;
 }
 
 void ZoneDetails::Write() {
-    clsRegistry& registry = program_.registry;
+    clsRegistry& registry = context_.registry;
     registry.ValueOf("DisplayName", ValueType::String, txtZoneName.text());
     registry.ValueOf("Description", ValueType::String, txtZoneDescription.text());
     registry.ValueOf("Icon", ValueType::String, selection.iconFile + "#" + selection.iconResource);
 }
 
 void ZoneDetails::ChooseIcon() {
-    const auto file = GCommonDialog::BrowseForIcons(program_.platform, selection.iconFile);
+    const auto file = GCommonDialog::BrowseForIcons(context_.platform, selection.iconFile);
     if (!file) return;
-    frmIconSelector selector(program_, *file, picIcon);
-    ShowOn(selector);
-}
-
-void ZoneDetails::ShowOn(ui::Form& dialog) {
-    struct Lent {
-        zones::Selection &own, &programs;
-        zones::Selection mainWindows = std::exchange(programs, own);
-        ~Lent() { own = std::exchange(programs, std::move(mainWindows)); }
-    } lent{selection, program_.selection};
-    dialog.showModal(&picIcon.form());
+    frmIconSelector selector(context_.platform, *file, picIcon, [this](const auto& chosenFile, const auto& resource) {
+        selection.iconFile = chosenFile;
+        selection.iconResource = resource;
+    });
+    selector.showModal(&picIcon.form());
 }

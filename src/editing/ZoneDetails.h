@@ -1,8 +1,9 @@
 // Name, description and icon of a zone, as the dialogs for an existing and for a new zone ask for them.
 #pragma once
 
-#include "app/Program.h"
+#include "forms/Context.h"
 #include "ui/Controls.h"
+#include "zones/zones.h"
 
 class ZoneDetails {
 public:
@@ -13,7 +14,7 @@ public:
         const char* iconClick;
     };
     // Stands at the top of `place` with the usual margins; `width` is that of the place.
-    ZoneDetails(Program& program, ui::Place place, ui::Twips width, const char* hint, const Traces& traces);
+    ZoneDetails(forms::Context& context, ui::Place place, ui::Twips width, const char* hint, const Traces& traces);
     static constexpr ui::Twips Height = 2310;  // with the margins
 
     ui::Label zzzlblName;
@@ -23,8 +24,7 @@ public:
     ui::PictureBox picIcon;
     ui::Label zzzlblHint;
 
-    // The zone being edited, and its icon as chosen so far. Its own: the main window's selection moves on with each
-    // rebuild of the list.
+    // The zone being edited, and its icon as chosen so far.
     zones::Selection selection;
 
     // Draws the icon of a reference, or that of the selection.
@@ -36,12 +36,10 @@ public:
     bool Complete();
     // Writes the three values into the key where the session stands.
     void Write();
-    // Shows a dialog that works on the program-wide selection: meanwhile that is this one.
-    void ShowOn(ui::Form& dialog);
 
 private:
     void ChooseIcon();
     bool Given(ui::TextBox& box, const char* message);
 
-    Program& program_;
+    forms::Context& context_;
 };

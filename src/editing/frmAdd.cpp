@@ -1,10 +1,10 @@
 #include "editing/frmAdd.h"
 
-#include "app/frmMain.h"
-#include "editing/ZoneChange.h"
-#include "errors/basErrors.h"
+#include "forms/ZoneChange.h"
 #include "ui/Layout.h"
+#include "util/procedure.h"
 #include "zones/Templates.h"
+#include "zones/zones.h"
 
 namespace {
 
@@ -17,11 +17,11 @@ constexpr ZoneDetails::Traces AddTraces{"frmAdd.txtZoneName_GotFocus", "frmAdd.t
 
 }  // namespace
 
-frmAdd::frmAdd(Program& program)
-    : Form(program.platform.desktop, Kind::Dialog, "frmAdd", "Add Zone", {Width, ButtonTop + ButtonHeight + Margin}),
-      details(program, *this, Width, "<-- Click to select icon.", AddTraces),
+frmAdd::frmAdd(forms::Context& context)
+    : Form(context.platform.desktop, Kind::Dialog, "frmAdd", "Add Zone", {Width, ButtonTop + ButtonHeight + Margin}),
+      details(context, *this, Width, "<-- Click to select icon.", AddTraces),
       cmdGeneral(*this, "cmdGeneral", {Width - Margin - ButtonWidth, ButtonTop, ButtonWidth, ButtonHeight}, "Apply"),
-      program_(program) {
+      context_(context) {
     setDefaultButton(cmdGeneral);
     cmdGeneral.onClick = [this] { cmdGeneral_Click(); };
 }
@@ -31,15 +31,15 @@ void frmAdd::cmdGeneral_Click() {
         if (!details.Complete()) return;
         // The zones are numbered from 0 on, so their count is the next number. With a gap it is a zone that exists,
         // whose values are written over.
-        const std::string zone = std::to_string(program_.mainWindow->lvwZones.count());
-        editing::change(program_, zone, [&] { CreateZone(zone); });
-        program_.mainWindow->RebuildList();
-        if (editing::exists(program_, zone)) unload();
+        const std::string zone = std::to_string(context_.mainWindow->zoneCount());
+        forms::change(context_, zone, [&] { CreateZone(zone); });
+        context_.mainWindow->RebuildList();
+        if (forms::exists(context_, zone)) unload();
     });
 }
 
 void frmAdd::CreateZone(const std::string& zone) {
-    clsRegistry& registry = program_.registry;
+    clsRegistry& registry = context_.registry;
     zones::goToZones(registry);
     registry.MakeKey(zone);
     registry.cD(zone);

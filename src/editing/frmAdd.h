@@ -6,7 +6,7 @@
 
 class frmAdd : public ui::Form {
 public:
-    explicit frmAdd(Program& program);
+    explicit frmAdd(forms::Context& context);
 
     ZoneDetails details;
     ui::CommandButton cmdGeneral;
@@ -15,5 +15,5 @@ private:
     void cmdGeneral_Click();
     void CreateZone(const std::string& zone);
 
-    Program& program_;
+    forms::Context& context_;
 };

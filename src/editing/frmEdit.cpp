@@ -3,14 +3,13 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "app/frmMain.h"
-#include "editing/ZoneChange.h"
 #include "editing/frmSecurity.h"
-#include "errors/basErrors.h"
+#include "errors/messages.h"
+#include "forms/ZoneChange.h"
 #include "icons/ExtractIcon.h"
-#include "ui/Desktop.h"
 #include "ui/Layout.h"
 #include "util/numbers.h"
+#include "util/procedure.h"
 #include "zones/Defaults.h"
 #include "zones/Templates.h"
 
@@ -33,17 +32,18 @@ enum { Default = 0, Apply = 1 };  // of cmdGeneral and cmdFlags
 
 }  // namespace
 
-frmEdit::frmEdit(Program& program)
-    : Form(program.platform.desktop, Kind::Dialog, "frmEdit", "Edit Zone", Client),
+frmEdit::frmEdit(forms::Context& context, zones::Selection selected)
+    : Form(context.platform.desktop, Kind::Dialog, "frmEdit", "Edit Zone", Client),
       // ---- General | Flags | Security
       TabStrip1(*this, "TabStrip1", Tabs, {"General", "Flags", "Security"}),
       Picture1("Picture1"),
-      general(program, addPage()),
+      general(context, addPage()),
       flags(addPage()),
       levels(addPage()),
       // ----                       [Close]
       cmdClose(*this, "cmdClose", {Tabs.right() - ButtonWidth, CloseTop, ButtonWidth, ButtonHeight}, "Close"),
-      program_(program) {
+      context_(context) {
+    general.details.selection = std::move(selected);
     setCancelButton(cmdClose);
     ConnectEvents();
     ShowPage(GeneralTab);
@@ -89,9 +89,8 @@ void frmEdit::Form_Load() {
 
 void frmEdit::TakeSelection() {
     zones::Selection& own = general.details.selection;
-    own = program_.selection;
-    zones::goToZone(program_.registry, own.zone);
-    const auto icon = program_.registry.ValueOf("Icon");
+    zones::goToZone(context_.registry, own.zone);
+    const auto icon = context_.registry.ValueOf("Icon");
     if (icon && icon->text.find('#') != std::string::npos) return;
     // The main window shows the program's icon for a zone that has none; that is not to become the zone's.
     own.iconFile.clear();
@@ -100,12 +99,12 @@ void frmEdit::TakeSelection() {
 
 // Whichever zone is edited. A lowest level of 0 is none that the browser offers.
 void frmEdit::RepairMyComputer() {
-    clsRegistry& registry = program_.registry;
+    clsRegistry& registry = context_.registry;
     zones::goToZone(registry, "0");
     ValueType type = ValueType::String;
     const auto minimum = registry.ValueOf("MinLevel", type);
     if (!minimum || type != ValueType::Dword || minimum->number != 0) return;
-    editing::change(program_, "0", [&] {
+    forms::change(context_, "0", [&] {
         constexpr double Low = 65536;
         registry.ValueOf("MinLevel", ValueType::Dword, Low);
         registry.ValueOf("RecommendedLevel", ValueType::Dword, Low);
@@ -145,11 +144,11 @@ void frmEdit::cmdGeneral_Click(int index) {
 }
 
 void frmEdit::SaveGeneral() {
-    editing::change(program_, zone(), [&] {
-        zones::goToZone(program_.registry, zone());
+    forms::change(context_, zone(), [&] {
+        zones::goToZone(context_.registry, zone());
         general.details.Write();
     });
-    program_.mainWindow->RebuildList();
+    context_.mainWindow->RebuildList();
 }
 
 void frmEdit::GetDefaults() {
@@ -169,7 +168,7 @@ void frmEdit::GetDefaults() {
 
 void frmEdit::GetFlags() {
     procedure("frmEdit.GetFlags", [&] {
-        clsRegistry& registry = program_.registry;
+        clsRegistry& registry = context_.registry;
         zones::goToZones(registry);
         std::uint32_t bits = zones::MissingFlags;
         if (registry.HasKeys()) {
@@ -191,7 +190,7 @@ void frmEdit::cmdFlags_Click(int index) {
         } else {
             SaveFlags();
         }
-        program_.mainWindow->UpdateLabels(zone());
+        context_.mainWindow->UpdateLabels(zone());
     });
 }
 
@@ -200,9 +199,9 @@ void frmEdit::SaveFlags() {
     std::uint32_t sum = 0;
     for (const ui::CheckBox& box : flags.chkProperties)
         if (box.checked()) sum += util::wholeNumber(box.tag()).value_or(0);
-    editing::change(program_, zone(), [&] {
-        zones::goToZone(program_.registry, zone());
-        program_.registry.ValueOf("Flags", ValueType::Dword, static_cast<double>(sum));
+    forms::change(context_, zone(), [&] {
+        zones::goToZone(context_.registry, zone());
+        context_.registry.ValueOf("Flags", ValueType::Dword, static_cast<double>(sum));
     });
 }
 
@@ -210,7 +209,7 @@ void frmEdit::SaveFlags() {
 
 void frmEdit::GetRecMinSettings() {
     procedure("frmEdit.GetRecMinSettings", [&] {
-        const bool found = editing::goToZoneByPlace(program_.registry, zone());
+        const bool found = forms::goToZoneByPlace(context_.registry, zone());
         for (int i = 0; i < levels.cboSetting.size(); ++i) {
             if (found) ReadLevel(i);
             cboSetting_Click(i);
@@ -222,7 +221,7 @@ void frmEdit::GetRecMinSettings() {
 void frmEdit::ReadLevel(int index) {
     const auto row = static_cast<std::size_t>(index);
     ValueType type = ValueType::String;
-    const auto value = program_.registry.ValueOf(LevelRows[row].value, type);
+    const auto value = context_.registry.ValueOf(LevelRows[row].value, type);
     if (!value || type != ValueType::Dword) return;
     const auto level = zones::levelIndex(value->number);
     if (!level) return;
@@ -245,14 +244,14 @@ void frmEdit::cmdApply_Click(int index) {
     procedure("frmEdit.cmdApply_Click", [&] {
         const std::string chosen = levels.cboSetting(index).text();
         bool there = true;
-        const bool written = editing::change(program_, zone(), [&] { there = SaveLevel(index, chosen); });
+        const bool written = forms::change(context_, zone(), [&] { there = SaveLevel(index, chosen); });
         if (there && written) levels.cmdApply(index).setEnabled(false);
     });
 }
 
 // False when there is nothing of that name to be written.
 bool frmEdit::SaveLevel(int index, const std::string& chosen) {
-    clsRegistry& registry = program_.registry;
+    clsRegistry& registry = context_.registry;
     const auto level = std::find_if(zones::Levels.begin(), zones::Levels.end(),
                                     [&](const zones::Level& known) { return chosen == known.name; });
     const bool known = level != zones::Levels.end();
@@ -269,22 +268,21 @@ bool frmEdit::SaveLevel(int index, const std::string& chosen) {
 }
 
 bool frmEdit::SaveTemplate(int level) {
-    if (!zones::hasTemplate(program_.registry, level)) {
-        desktop().messageBox(std::string("The browser has no settings for the level \"") +
-                                 zones::Levels[static_cast<std::size_t>(level)].name +
-                                 "\" on this computer. The zone is unchanged.",
-                             AppTitle, ui::MessageStyle::Exclamation);
+    if (!zones::hasTemplate(context_.registry, level)) {
+        errors::tell(context_.platform, std::string("The browser has no settings for the level \"") +
+                                            zones::Levels[static_cast<std::size_t>(level)].name +
+                                            "\" on this computer. The zone is unchanged.");
         return false;
     }
-    zones::SaveSecurityLevel(program_.registry, zone(), level);
+    zones::SaveSecurityLevel(context_.registry, zone(), level);
     return true;
 }
 
 void frmEdit::cmdSecurity_Click() {
     procedure("frmEdit.cmdSecurity_Click", [&] {
         const ui::Hourglass hourglass(*this);
-        frmSecurity settings(program_);
+        frmSecurity settings(context_, zone());
         settings.onWritten = [this] { GetRecMinSettings(); };
-        general.details.ShowOn(settings);
+        settings.showModal(this);
     });
 }

@@ -3,14 +3,14 @@
 // A page is read from the registry each time its tab is chosen, and saved by its own "Apply".
 #pragma once
 
-#include "app/Program.h"
 #include "editing/frmEditPages.h"
+#include "forms/Context.h"
 #include "ui/Form.h"
 
 class frmEdit : public ui::Form {
 public:
-    // Edits the zone that is selected when it is loaded.
-    explicit frmEdit(Program& program);
+    // Edits the zone of `selected`, which shows that icon.
+    frmEdit(forms::Context& context, zones::Selection selected);
 
     ui::TabStrip TabStrip1;
     ui::ControlArray<ui::PictureBox> Picture1;  // the pages
@@ -50,5 +50,5 @@ private:
     void GetRecMinSettings();
     void ReadLevel(int index);
 
-    Program& program_;
+    forms::Context& context_;
 };

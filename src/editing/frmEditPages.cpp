@@ -20,8 +20,8 @@ void addButtons(ui::ControlArray<ui::CommandButton>& buttons, ui::Control& page)
 
 }  // namespace
 
-GeneralPage::GeneralPage(Program& program, ui::Control& page)
-    : details(program, page, PageSize.width, "<-- Click to change icon.", GeneralTraces), cmdGeneral("cmdGeneral") {
+GeneralPage::GeneralPage(forms::Context& context, ui::Control& page)
+    : details(context, page, PageSize.width, "<-- Click to change icon.", GeneralTraces), cmdGeneral("cmdGeneral") {
     addButtons(cmdGeneral, page);
 }
 

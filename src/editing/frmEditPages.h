@@ -10,7 +10,7 @@
 inline constexpr ui::Size PageSize{7290, 3195};
 
 struct GeneralPage {
-    GeneralPage(Program& program, ui::Control& page);
+    GeneralPage(forms::Context& context, ui::Control& page);
 
     ZoneDetails details;
     ui::ControlArray<ui::CommandButton> cmdGeneral;  // 0 "Default", 1 "Apply"

@@ -4,12 +4,13 @@
 #include <unordered_map>
 #include <vector>
 
-#include "app/frmMain.h"
-#include "editing/ZoneChange.h"
-#include "errors/basErrors.h"
+#include "forms/ZoneChange.h"
 #include "icons/ExtractIcon.h"
 #include "ui/Layout.h"
+#include "util/clsStrings.h"
 #include "util/numbers.h"
+#include "util/procedure.h"
+#include "zones/zones.h"
 
 namespace {
 
@@ -46,25 +47,25 @@ void forEachKey(clsRegistry& registry, Visit visit) {
 
 }  // namespace
 
-// The selected zone's values while the tree is being filled: a session of their own, as the shared one stands among
+// The zone's values while the tree is being filled: a session of their own, as the shared one stands among
 // the settings then, and each value read once for all options of its setting.
 struct frmSecurity::ZoneValues {
-    explicit ZoneValues(Program& program)
-        : session(program.platform, program.strings),
-          found(editing::goToZoneByPlace(session, program.selection.zone)) {}
+    ZoneValues(platform::Platform& platform, const std::string& zone)
+        : session(platform), found(forms::goToZoneByPlace(session, zone)) {}
 
     clsRegistry session;
     bool found;
     std::unordered_map<std::string, std::optional<std::int32_t>> read;
 };
 
-frmSecurity::frmSecurity(Program& program)
-    : Form(program.platform.desktop, Kind::Dialog, "frmSecurity", "Custom Security", Client),
+frmSecurity::frmSecurity(forms::Context& context, std::string zone)
+    : Form(context.platform.desktop, Kind::Dialog, "frmSecurity", "Custom Security", Client),
       TVMRTreeView1(*this, "TVMRTreeView1", {Margin, Margin, Inner, TreeHeight}),
       ilsGroups(*this, "ilsGroups", 16),
       picTemp(*this, "picTemp", {0, 0, 240, 240}),
       cmdClose(*this, "cmdClose", {Client.width - Margin - ButtonWidth, ButtonTop, ButtonWidth, ButtonHeight}, "Close"),
-      program_(program) {
+      context_(context),
+      zone_(std::move(zone)) {
     picTemp.setVisible(false);
     TVMRTreeView1.setImages(&ilsGroups);
     setDefaultButton(cmdClose);
@@ -86,8 +87,8 @@ void frmSecurity::cmdClose_Click() {
 
 void frmSecurity::FillTree() {
     procedure("frmSecurity.FillTree", [&] {
-        ZoneValues values(program_);
-        clsRegistry& registry = program_.registry;
+        ZoneValues values(context_.platform, zone_);
+        clsRegistry& registry = context_.registry;
         registry.cD("\\");
         registry.cD(SettingsKey);
         forEachKey(registry, [&] { AddGroup(values); });
@@ -96,7 +97,7 @@ void frmSecurity::FillTree() {
 }
 
 void frmSecurity::AddGroup(ZoneValues& values) {
-    clsRegistry& registry = program_.registry;
+    clsRegistry& registry = context_.registry;
     ui::TreeNode group;
     group.text = textOf(registry, "Text");
     group.image = AddPicture(textOf(registry, "Bitmap"));
@@ -109,14 +110,14 @@ void frmSecurity::AddSetting(ZoneValues& values, int group) {
     setting.text = SettingCaption();
     setting.parent = group;
     const int number = TVMRTreeView1.add(setting);
-    forEachKey(program_.registry, [&] { AddOption(values, number); });
+    forEachKey(context_.registry, [&] { AddOption(values, number); });
 }
 
 // A caption that begins with "%" only stands for the text in the browser's resources.
 std::string frmSecurity::SettingCaption() {
-    std::string text = textOf(program_.registry, "Text");
+    std::string text = textOf(context_.registry, "Text");
     if (!text.empty() && text.front() != '%') return text;
-    const std::string reference = textOf(program_.registry, "PlugUIText");
+    const std::string reference = textOf(context_.registry, "PlugUIText");
     return text.empty() && reference.empty() ? text : ExtractString(reference);
 }
 
@@ -124,7 +125,7 @@ std::string frmSecurity::SettingCaption() {
 // them it is shown, but there is nothing that a click could write. Value names are hexadecimal numbers; a "," or a
 // quote would take the tag apart at the wrong place.
 void frmSecurity::AddOption(ZoneValues& values, int setting) {
-    clsRegistry& registry = program_.registry;
+    clsRegistry& registry = context_.registry;
     const std::string name = textOf(registry, "ValueName");
     ValueType type = ValueType::String;
     const auto checked = registry.ValueOf("CheckedValue", type);
@@ -144,23 +145,24 @@ void frmSecurity::AddOption(ZoneValues& values, int setting) {
 
 int frmSecurity::AddPicture(const std::string& bitmap) {
     if (bitmap.empty()) return 0;
-    picTemp.setPicture(basMain::LoadPicture(program_, ExpandPath(bitmap), ilsGroups.size()));
+    picTemp.setPicture(basMain::LoadPicture(context_.platform, ExpandPath(bitmap), ilsGroups.size()));
     return picTemp.picture().empty() ? 0 : ilsGroups.add(picTemp.picture());
 }
 
 std::string frmSecurity::ExpandPath(const std::string& path) {
     return procedure("frmSecurity.ExpandPath",
-                     [&] { return program_.platform.system.ExpandEnvironmentStringsA(path); });
+                     [&] { return context_.platform.system.ExpandEnvironmentStringsA(path); });
 }
 
 std::string frmSecurity::ExtractString(const std::string& reference) {
     return procedure("frmSecurity.ExtractString", [&]() -> std::string {
         if (reference.empty() || reference.find('"') != std::string::npos) return NoString;  // no file has quotes
-        program_.strings.Initialise(reference.substr(1), ",");
-        const std::string file = program_.strings.ElementAsString(1);
-        const std::string number = program_.strings.ElementAsString(2);
+        clsStrings parts;
+        parts.Initialise(reference.substr(1), ",");
+        const std::string file = parts.ElementAsString(1);
+        const std::string number = parts.ElementAsString(2);
         const auto id = number.empty() ? std::nullopt : util::wholeNumber(number.substr(1));
-        platform::Modules& modules = program_.platform.modules;
+        platform::Modules& modules = context_.platform.modules;
         const platform::Module module = id ? modules.LoadLibraryExA(file) : 0;
         if (!module) return NoString;
         std::string text = modules.LoadStringA(module, *id);
@@ -187,20 +189,20 @@ std::optional<std::int32_t> frmSecurity::GetValue(ZoneValues& values, const std:
 
 void frmSecurity::TVMRTreeView1_OptionClick(int node) {
     procedure("frmSecurity.TVMRTreeView1_OptionClick", [&] {
-        program_.strings.Initialise(TVMRTreeView1.node(node).tag, ",");
-        const std::string name = program_.strings.ElementAsString(1);
-        const auto number = util::wholeNumber(program_.strings.ElementAsString(2));
+        clsStrings tag;
+        tag.Initialise(TVMRTreeView1.node(node).tag, ",");
+        const std::string name = tag.ElementAsString(1);
+        const auto number = util::wholeNumber(tag.ElementAsString(2));
         if (!number) return;
 
-        clsRegistry& registry = program_.registry;
-        const std::string& zone = program_.selection.zone;
-        const bool written = editing::change(program_, zone, [&] {
-            zones::goToZone(registry, zone);
+        clsRegistry& registry = context_.registry;
+        const bool written = forms::change(context_, zone_, [&] {
+            zones::goToZone(registry, zone_);
             registry.ValueOf("CurrentLevel", ValueType::Dword, 0.0);
             registry.ValueOf(name, ValueType::Dword, static_cast<double>(*number));
         });
         ui::raise(onWritten);
-        program_.mainWindow->UpdateLabels(zone);
+        context_.mainWindow->UpdateLabels(zone_);
         if (written) return;
         // The option is not in force: show what is.
         TVMRTreeView1.clear();

@@ -1,4 +1,4 @@
-// The dialog for the single security settings of the selected zone.
+// The dialog for the single security settings of a zone.
 //
 // It knows no setting itself: groups, settings and options come from the browser's own description of them in the
 // registry. An option that is clicked is written at once.
@@ -8,13 +8,13 @@
 #include <optional>
 #include <string>
 
-#include "app/Program.h"
 #include "editing/TVMRTreeView.h"
+#include "forms/Context.h"
 #include "ui/Form.h"
 
 class frmSecurity : public ui::Form {
 public:
-    explicit frmSecurity(Program& program);
+    frmSecurity(forms::Context& context, std::string zone);
 
     // Raised after a setting has been written: the zone's level is custom now.
     ui::Event onWritten;
@@ -45,5 +45,6 @@ private:
     void TVMRTreeView1_OptionClick(int node);
     void cmdClose_Click();
 
-    Program& program_;
+    forms::Context& context_;
+    std::string zone_;
 };

@@ -1,13 +1,16 @@
 // The day's error log.
 #include <initializer_list>
 
-#include "errors/basErrors.h"
+#include "errors/ErrorReporter.h"
+#include "errors/errorLog.h"
 #include "platform/Platform.h"
 #include "registry/clsRegistry.h"
+#include "util/Error.h"
 #include "util/application.h"
 #include "util/basSystem.h"
-#include "util/clsStrings.h"
 #include "util/numbers.h"
+#include "util/systemText.h"
+#include "util/trace.h"
 
 namespace basErrors {
 namespace {
@@ -49,7 +52,7 @@ std::string fileHeader(const platform::LocalTime& now) {
     const IEInfo browser = GetIEInfo();
     const std::string created = dateOf(now, 2);
     return joined({
-        heading("Error log for: " + reporting.platform->system.programName() + " - Created: " + created),
+        heading("Error log for: " + errors::reporting.platform->system.programName() + " - Created: " + created),
         line(),
         heading("General Info"),
         labelled("Application:", AppTitle),
@@ -75,16 +78,14 @@ std::string stackDump() {
 }
 
 [[noreturn]] void refuse(const std::string& what, const std::string& path, platform::Result code) {
-    std::string reason = reporting.platform->modules.FormatMessageA(code);
-    if (reason.empty()) reason = "Result code " + util::toDecimal(code) + ".";
-    throw Error(NumberFileAccess, "basErrors.WriteErrorLog", what + " \"" + path + "\": " + reason);
+    throw util::Error(util::NumberFileAccess, "basErrors.WriteErrorLog",
+                      what + " \"" + path + "\": " + util::systemText(*errors::reporting.platform, code));
 }
 
 }  // namespace
 
 IEInfo GetIEInfo() {
-    clsStrings strings;
-    clsRegistry registry(*reporting.platform, strings);
+    clsRegistry registry(*errors::reporting.platform);
     const auto text = [&](const char* name, const char* missing) {
         const auto value = registry.ValueOf(name);
         return value ? value->text : std::string(missing);
@@ -103,7 +104,7 @@ IEInfo GetIEInfo() {
 
 void WriteErrorLog(const std::string& module, const std::string& procedure, const std::string& lineNumber,
                    const std::string& errorNumber, const std::string& description) {
-    platform::Platform& platform = *reporting.platform;
+    platform::Platform& platform = *errors::reporting.platform;
     const platform::LocalTime now = platform.system.GetLocalTime();
     const std::string folder = basSystem::QualifyPath(platform.system.programFolder()) + "Logs";
     const std::string path = folder + "\\ErrorLog-" + dateOf(now, 1) + ".log";

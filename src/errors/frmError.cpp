@@ -2,9 +2,11 @@
 
 #include <algorithm>
 
-#include "errors/basErrors.h"
+#include "errors/ErrorReporter.h"
+#include "errors/errorLog.h"
 #include "ui/Desktop.h"
 #include "ui/Layout.h"
+#include "util/procedure.h"
 
 namespace {
 
@@ -53,7 +55,7 @@ frmError::frmError(ui::Desktop& desktop)
 }
 
 void frmError::Form_Load() {
-    const basErrors::Report report = basErrors::currentReport();
+    const errors::Report report = errors::currentReport();
     lblLine.setCaption(report.line);
     lblErrNumber.setCaption(report.number);
     lblErrDescription.setCaption(report.description);
@@ -66,7 +68,7 @@ void frmError::Form_Load() {
         // report would be refused as well.
         lblInfo(LogInfo).setCaption(std::string("This could not be logged to file. ") + refused.what());
     }
-    if (basErrors::reporting.exclamation) imgExclaim.setPicture(basErrors::reporting.exclamation());
+    if (errors::reporting.exclamation) imgExclaim.setPicture(errors::reporting.exclamation());
     layOut();
 }
 

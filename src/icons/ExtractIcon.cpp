@@ -1,12 +1,12 @@
 #include "icons/ExtractIcon.h"
 
-#include "app/Program.h"
-#include "errors/basErrors.h"
 #include "icons/Bitmaps.h"
 #include "icons/ModuleFile.h"
 #include "icons/clsFileIcon.h"
+#include "util/Error.h"
 #include "util/basSystem.h"
 #include "util/clsStrings.h"
+#include "util/procedure.h"
 
 namespace basMain {
 
@@ -29,14 +29,14 @@ Location ownIcon(platform::Platform& platform) {
     return {basSystem::ProgramFile(platform), "1"};
 }
 
-// Throws basErrors::Error when the system makes no icon of the image: a box could not draw it either.
+// Throws util::Error when the system makes no icon of the image: a box could not draw it either.
 ui::Picture pictureOf(const clsFileIcon& icon, int size) {
     const int image = icon.ImageForWidth(size);
     icon.IconHandle(image);
     return icon.IconPicture(image);
 }
 
-// Throws basErrors::Error when there is no such icon or it cannot be drawn.
+// Throws util::Error when there is no such icon or it cannot be drawn.
 ui::Picture iconAt(platform::Platform& platform, const Location& location, int size) {
     clsFileIcon icon(platform);
     icon.LoadIconFromEXE(location.file, icons::toIdentifier(location.identifier));
@@ -48,7 +48,7 @@ template <class Load>
 ui::Picture pictureOrNone(Load load) {
     try {
         return load();
-    } catch (const basErrors::Error&) {
+    } catch (const util::Error&) {
         return {};
     }
 }
@@ -108,17 +108,18 @@ void ExtractIcon(IconCache& cache, const std::string& reference, const std::stri
     procedure("basMain.ExtractIcon", [&] { box.setPicture(cache.Icon(reference, separator, size)); });
 }
 
-void ExtractIcon(Program& program, const std::string& reference, const std::string& separator, int size,
+void ExtractIcon(platform::Platform& platform, const std::string& reference, const std::string& separator, int size,
                  ui::Image& box) {
-    IconCache cache(program.platform);
+    IconCache cache(platform);
     ExtractIcon(cache, reference, separator, size, box);
 }
 
-void ExtractBitmap(Program& program, const std::string& reference, const std::string& separator, ui::Image& box) {
+void ExtractBitmap(platform::Platform& platform, const std::string& reference, const std::string& separator,
+                   ui::Image& box) {
     procedure("basMain.ExtractBitmap", [&] {
         box.setPicture(pictureOrNone([&] {
             const Location location = split(reference, separator);
-            const icons::ModuleFile module(program.platform.modules, location.file);
+            const icons::ModuleFile module(platform.modules, location.file);
             if (!module.opened()) return ui::Picture();
             const auto name = icons::toIdentifier(location.identifier);
             return icons::bitmapFromResource(module.read(name, platform::RtBitmap).bytes);
@@ -126,16 +127,16 @@ void ExtractBitmap(Program& program, const std::string& reference, const std::st
     });
 }
 
-ui::Picture LoadPicture(Program& program, const std::string& reference, int size) {
+ui::Picture LoadPicture(platform::Platform& platform, const std::string& reference, int size) {
     return procedure("basMain.LoadPicture", [&] {
         return pictureOrNone([&] {
             const std::size_t comma = reference.rfind(',');
             if (comma != std::string::npos) {
                 const std::string number = reference.substr(comma + 1);
                 if (std::holds_alternative<std::uint16_t>(icons::toIdentifier(number)))
-                    return iconAt(program.platform, {reference.substr(0, comma), number}, size);
+                    return iconAt(platform, {reference.substr(0, comma), number}, size);
             }
-            return pictureFile(program.platform, reference, size);
+            return pictureFile(platform, reference, size);
         });
     });
 }

@@ -8,7 +8,6 @@
 #include "platform/Platform.h"
 #include "ui/Controls.h"
 
-struct Program;
 namespace icons {
 class ModuleFile;
 }
@@ -20,7 +19,7 @@ std::string DefaultIconReference(platform::Platform& platform);
 
 // Draws the icon that `reference` names (file, `separator`, number or name) into `box`: the image of `size` pixels.
 // What cannot be drawn is no error: the box then shows the program's own icon.
-void ExtractIcon(Program& program, const std::string& reference, const std::string& separator, int size,
+void ExtractIcon(platform::Platform& platform, const std::string& reference, const std::string& separator, int size,
                  ui::Image& box);
 
 // Pictures already found. Held for the time of one list fill, so that zones with the same icon open its file once;
@@ -48,10 +47,11 @@ void ExtractIcon(IconCache& cache, const std::string& reference, const std::stri
                  ui::Image& box);
 
 // The same for a bitmap resource, in its own size. What cannot be drawn leaves the box empty.
-void ExtractBitmap(Program& program, const std::string& reference, const std::string& separator, ui::Image& box);
+void ExtractBitmap(platform::Platform& platform, const std::string& reference, const std::string& separator,
+                   ui::Image& box);
 
 // The picture that `reference` names: the path of an ".ico" or ".bmp" file, or "file,number" for an icon of a program
 // file. `size`: the width in pixels that suits best, of an icon. What cannot be loaded gives an empty picture.
-ui::Picture LoadPicture(Program& program, const std::string& reference, int size = 16);
+ui::Picture LoadPicture(platform::Platform& platform, const std::string& reference, int size = 16);
 
 }  // namespace basMain

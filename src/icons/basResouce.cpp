@@ -1,6 +1,7 @@
 #include "icons/basResouce.h"
 
 #include "icons/cResources.h"
+#include "util/systemText.h"
 
 namespace basResouce {
 
@@ -22,8 +23,7 @@ std::vector<std::string> GetResourceNames(platform::Platform& platform, const st
 }
 
 std::string WinError(platform::Platform& platform, platform::Result code) {
-    const std::string text = platform.modules.FormatMessageA(code);
-    return text.empty() ? "System error " + std::to_string(code) + "." : text;
+    return util::systemText(platform, code);
 }
 
 }  // namespace basResouce

@@ -1,6 +1,6 @@
 // What resources a program file has, as text. (The spelling of the name is historical.)
 //
-// Failures throw a basErrors::Error with the program's name + ".cResource" as source and the system's own message in
+// Failures throw a util::Error with the program's name + ".cResource" as source and the system's own message in
 // the text.
 #pragma once
 

@@ -1,6 +1,6 @@
 #include "icons/cMemory.h"
 
-#include "errors/basErrors.h"
+#include "util/Error.h"
 
 cMemory::cMemory(platform::Memory& memory, std::size_t bytes) : memory_(memory), block_(memory.GlobalAlloc(bytes)) {
     if (std::uint8_t* start = block_ ? memory_.GlobalLock(block_) : nullptr) {
@@ -8,7 +8,7 @@ cMemory::cMemory(platform::Memory& memory, std::size_t bytes) : memory_(memory),
         return;
     }
     FreeMemory();
-    throw basErrors::Error(basErrors::NumberOutOfMemory, "cMemory", "Out of memory.");
+    throw util::Error(util::NumberOutOfMemory, "cMemory", "Out of memory.");
 }
 
 void cMemory::UnlockMemory() {

@@ -8,7 +8,7 @@
 
 class cMemory {
 public:
-    // Zeroed and locked. Throws basErrors::Error when there is not enough memory.
+    // Zeroed and locked. Throws util::Error when there is not enough memory.
     cMemory(platform::Memory& memory, std::size_t bytes);
     ~cMemory() { FreeMemory(); }
     cMemory(const cMemory&) = delete;

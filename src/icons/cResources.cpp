@@ -2,8 +2,8 @@
 
 #include <array>
 
-#include "errors/basErrors.h"
 #include "icons/basResouce.h"
+#include "util/Error.h"
 
 namespace {
 
@@ -29,8 +29,8 @@ cResources::cResources(platform::Platform& platform, const std::string& fileName
 }
 
 void cResources::raiseError(std::uint32_t number, const char* what, platform::Result code) const {
-    throw basErrors::Error(number, platform_.system.programName() + ".cResource",
-                           what + basResouce::WinError(platform_, code));
+    throw util::Error(number, platform_.system.programName() + ".cResource",
+                      what + basResouce::WinError(platform_, code));
 }
 
 void cResources::check(platform::Result code) const {

@@ -6,9 +6,9 @@
 #include <tuple>
 #include <unordered_map>
 
-#include "errors/basErrors.h"
 #include "icons/ModuleFile.h"
 #include "icons/cMemory.h"
+#include "util/Error.h"
 
 namespace {
 
@@ -86,7 +86,7 @@ int clsFileIcon::Image::depth() const {
 void clsFileIcon::raiseError(ErrorNumber number) const {
     const auto message = std::find_if(std::begin(Messages), std::end(Messages),
                                       [number](const Message& candidate) { return candidate.number == number; });
-    throw basErrors::Error(number, platform_.system.programName() + ".clsFileIcon", message->text);
+    throw util::Error(number, platform_.system.programName() + ".clsFileIcon", message->text);
 }
 
 const clsFileIcon::Image& clsFileIcon::at(int image) const {
@@ -150,8 +150,8 @@ void clsFileIcon::LoadIcon(const std::string& fileName) {
     forget(fileName, std::string());
     try {
         images_ = readFile(fileName);
-    } catch (const basErrors::Error& error) {
-        throw basErrors::Error(error.number(), error.source(), std::string("Failed to load icon: ") + error.what());
+    } catch (const util::Error& error) {
+        throw util::Error(error.number(), error.source(), std::string("Failed to load icon: ") + error.what());
     }
 }
 

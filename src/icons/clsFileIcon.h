@@ -3,7 +3,7 @@
 // An image is the icon in one size and depth: its bytes exactly as stored (bitmap header, colour table, XOR and AND
 // masks). An entry is its line in the icon's directory. Images are counted from 0, and keep the order of the file.
 //
-// Whatever fails throws a basErrors::Error with a number of ErrorNumber and the program's name + ".clsFileIcon" as
+// Whatever fails throws a util::Error with a number of ErrorNumber and the program's name + ".clsFileIcon" as
 // source. After a load that failed there are no images; FileName and ResourceID tell what was asked for.
 #pragma once
 

@@ -5,12 +5,12 @@
 #include <exception>
 #include <string_view>
 
-#include "app/PendingEvents.h"
-#include "app/Program.h"
-#include "errors/basErrors.h"
 #include "icons/cResources.h"
 #include "icons/clsFileIcon.h"
 #include "ui/Layout.h"
+#include "ui/PendingEvents.h"
+#include "util/Error.h"
+#include "util/procedure.h"
 
 namespace {
 
@@ -76,8 +76,8 @@ private:
     frmIconSelector& form_;
 };
 
-frmIconSelector::frmIconSelector(Program& program, std::string file, ui::Image& target)
-    : Form(program.platform.desktop, Kind::Dialog, "frmIconSelector", "Select Icon", Client),
+frmIconSelector::frmIconSelector(platform::Platform& platform, std::string file, ui::Image& target, Chosen chosen)
+    : Form(platform.desktop, Kind::Dialog, "frmIconSelector", "Select Icon", Client),
       lblIconCount(*this, "lblIconCount", {Margin, Margin, Inner, LabelHeight}, ""),
       lvwIcons(*this, "lvwIcons", ListBounds, ui::ListView::View::Icon, ui::ListView::Clicks::OnActivate),
       Picture1(*this, "Picture1", ListBounds, ui::PictureBox::Border::Sunken),
@@ -88,9 +88,10 @@ frmIconSelector::frmIconSelector(Program& program, std::string file, ui::Image& 
       ilsIcons16(*this, "ilsIcons16", 16),
       tmrLoad(*this, "tmrLoad", 1),
       tmrUnload(*this, "tmrUnload", 50),
-      program_(program),
+      platform_(platform),
       file_(std::move(file)),
-      target_(target) {
+      target_(target),
+      chosen_(std::move(chosen)) {
     Picture1.setVisible(false);
     picParent.setVisible(false);
     lvwIcons.setImages(&ilsIcons32, &ilsIcons16);
@@ -120,7 +121,7 @@ void frmIconSelector::ShowFile(const std::string& path) {
         file_ = path;
         ClearIcons();
         const std::string name = lower(path.substr(path.rfind('\\') + 1));
-        const std::uint32_t count = contains(Excluded, name) ? 0 : program_.platform.modules.countIcons(path);
+        const std::uint32_t count = contains(Excluded, name) ? 0 : platform_.modules.countIcons(path);
         lblIconCount.setCaption(countText(count, name));
         const std::string extension = upper(path.substr(path.size() - std::min<std::size_t>(path.size(), 3)));
         if (count > 0 && contains(Listed, extension)) LoadIcons(path);
@@ -137,14 +138,14 @@ void frmIconSelector::ClearIcons() {
 // from: a file with a hundred damaged icons is one error to the user.
 void frmIconSelector::LoadIcons(const std::string& path) {
     procedure("frmIconSelector.LoadIcons", [&] {
-        const cResources resources(program_.platform, path);
+        const cResources resources(platform_, path);
         const std::vector<platform::ResourceId> names = resources.Names(platform::RtGroupIcon);
         const int count = static_cast<int>(names.size());
         std::vector<std::string> identifiers;
         std::exception_ptr failure;
         {
             const ProgressDisplay display(*this);
-            PendingEvents pending(program_.platform, ProgressInterval);
+            ui::PendingEvents pending(platform_, ProgressInterval);
             for (int i = 1; i <= count; ++i) {
                 if (pending.due()) {
                     lblInfo.setCaption("Loading icon: " + std::to_string(i) + " of " + std::to_string(count));
@@ -154,7 +155,7 @@ void frmIconSelector::LoadIcons(const std::string& path) {
                 }
                 try {
                     identifiers.push_back(LoadIcon(resources.module(), names[static_cast<std::size_t>(i - 1)]));
-                } catch (const basErrors::Error&) {
+                } catch (const util::Error&) {
                     if (!failure) failure = std::current_exception();
                 }
             }
@@ -167,7 +168,7 @@ void frmIconSelector::LoadIcons(const std::string& path) {
 
 // Adds the icon's pictures to both image lists, or to none, and gives its identifier.
 std::string frmIconSelector::LoadIcon(const icons::ModuleFile& module, const platform::ResourceId& name) {
-    clsFileIcon icon(program_.platform);
+    clsFileIcon icon(platform_);
     icon.LoadIconFromEXE(module, file_, name);
     const auto draw = [&](int width) {
         icon.DrawIconImage(icon.ImageForWidth(width), picParent);
@@ -193,8 +194,7 @@ void frmIconSelector::lvwIcons_ItemClick(int item) {
     procedure("frmIconSelector.lvwIcons_ItemClick", [&] {
         const ui::ListItem& chosen = lvwIcons.item(item);
         target_.setPicture(ilsIcons32.picture(chosen.image));
-        program_.selection.iconFile = file_;
-        program_.selection.iconResource = chosen.tag;
+        chosen_(file_, chosen.tag);
         tmrUnload.setEnabled(true);
     });
 }

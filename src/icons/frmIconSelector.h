@@ -1,23 +1,26 @@
 // The dialog that shows every icon of one program file; clicking one chooses it.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
-#include "platform/Modules.h"
+#include "platform/Platform.h"
 #include "ui/Form.h"
 #include "ui/ListView.h"
 
-struct Program;
 namespace icons {
 class ModuleFile;
 }
 
 class frmIconSelector : public ui::Form {
 public:
-    // `file`: full path. The chosen icon is drawn into `target`, and its file and identifier go into the program's
-    // selection; both stay as they are when the user gives up.
-    frmIconSelector(Program& program, std::string file, ui::Image& target);
+    // What the user has chosen: a file, and the number or name of an icon in it.
+    using Chosen = std::function<void(const std::string& file, const std::string& resource)>;
+
+    // `file`: full path. The chosen icon is drawn into `target` and told to `chosen`; neither happens when the user
+    // gives up.
+    frmIconSelector(platform::Platform& platform, std::string file, ui::Image& target, Chosen chosen);
 
     ui::Label lblIconCount;
     ui::ListView lvwIcons;
@@ -48,8 +51,9 @@ private:
     void tmrLoad_Timer();
     void tmrUnload_Timer();
 
-    Program& program_;
+    platform::Platform& platform_;
     std::string file_;
     ui::Image& target_;
+    Chosen chosen_;
     bool loading_ = false;
 };

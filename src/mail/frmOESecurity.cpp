@@ -1,10 +1,11 @@
 #include "mail/frmOESecurity.h"
 
-#include "errors/basErrors.h"
+#include "errors/messages.h"
 #include "mail/identities.h"
-#include "ui/Desktop.h"
 #include "ui/Layout.h"
+#include "util/Error.h"
 #include "util/numbers.h"
+#include "util/procedure.h"
 
 namespace {
 
@@ -14,8 +15,8 @@ constexpr ui::Twips ListTop = 1050, ListHeight = 2550;
 
 }  // namespace
 
-frmOESecurity::frmOESecurity(Program& program)
-    : Form(program.platform.desktop, Kind::Dialog, "frmOESecurity", "OE Security Zone",
+frmOESecurity::frmOESecurity(forms::Context& context)
+    : Form(context.platform.desktop, Kind::Dialog, "frmOESecurity", "OE Security Zone",
            {Width, ListTop + ListHeight + Margin}),
       lblInfo("lblInfo"),
       // ---- Outlook Express is currently in:
@@ -28,7 +29,7 @@ frmOESecurity::frmOESecurity(Program& program)
                  ui::ListView::Clicks::OnActivate),
       picDummy(*this, "picDummy", {0, 0, 480, 480}),
       picHolder(*this, "picHolder", {0, 0, 480, 480}),
-      program_(program) {
+      context_(context) {
     lblInfo.add(*this, {Margin, Margin, Inner, 225}, "Outlook Express is currently in:");
     lblInfo.add(*this, {Margin, 735, Inner, 225}, "Select a zone to change.");
     lblZone.makeBold();
@@ -47,8 +48,8 @@ void frmOESecurity::Form_Unload() {
 
 void frmOESecurity::FillList() {
     procedure("frmOESecurity.FillList", [&] {
-        basMain::IconCache icons(program_.platform);
-        fillZoneList(program_, {lsvOEZones, ilsZoneIcons, picDummy, picHolder}, icons);
+        basMain::IconCache icons(context_.platform);
+        fillZoneList(context_, {lsvOEZones, ilsZoneIcons, picDummy, picHolder}, icons);
     });
 }
 
@@ -57,17 +58,17 @@ void frmOESecurity::lsvOEZones_ItemClick(int item) {
         const std::string& key = lsvOEZones.item(item).tag;
         const auto zone = util::wholeNumber(key);
         if (!zone)
-            throw basErrors::Error(basErrors::NumberNotANumber, "frmOESecurity",
-                                   "The zone \"" + key + "\" has no number that Outlook Express could keep.");
-        clsRegistry& registry = program_.registry;
+            throw util::Error(util::NumberNotANumber, "frmOESecurity",
+                              "The zone \"" + key + "\" has no number that Outlook Express could keep.");
+        clsRegistry& registry = context_.registry;
         const clsRegistry::FailureWatch watch(registry);
         registry.cD("\\");
         registry.cD(IdentityPath);
         registry.ValueOf(mail::ZoneValue, ValueType::Dword, static_cast<double>(*zone));
         registry.ValueOf(mail::LockValue, ValueType::Dword, 1.0);
         if (watch.failed())
-            desktop().messageBox("The registry refused a change. Outlook Express may still be in another zone.",
-                                 AppTitle, ui::MessageStyle::Exclamation);
+            errors::tell(context_.platform,
+                         "The registry refused a change. Outlook Express may still be in another zone.");
         unload();
     });
 }

@@ -1,13 +1,13 @@
 // Shows the zone that an identity of the mail client reads its mail in, and changes it with one click.
 #pragma once
 
-#include "app/Program.h"
-#include "app/ZoneList.h"
+#include "forms/Context.h"
+#include "forms/ZoneList.h"
 #include "ui/Form.h"
 
 class frmOESecurity : public ui::Form {
 public:
-    explicit frmOESecurity(Program& program);
+    explicit frmOESecurity(forms::Context& context);
 
     // The full path of the identity's mail settings.
     std::string IdentityPath;
@@ -26,5 +26,5 @@ private:
     void FillList();
     void lsvOEZones_ItemClick(int item);
 
-    Program& program_;
+    forms::Context& context_;
 };

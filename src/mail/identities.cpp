@@ -1,8 +1,11 @@
 #include "mail/identities.h"
 
-#include "app/ZoneList.h"
-#include "errors/basErrors.h"
+#include "forms/ZoneList.h"
+#include "util/Error.h"
+#include "util/characters.h"
+#include "util/clsStrings.h"
 #include "util/numbers.h"
+#include "zones/zones.h"
 
 namespace mail {
 
@@ -15,8 +18,8 @@ std::string menuCaption(const std::string& name) {
     return clsStrings().Replace(name, "&", "&&");
 }
 
-void fillMenu(Program& program, ui::MenuItem& menu, const std::function<void(int index)>& onClick) {
-    clsRegistry& registry = program.registry;
+void fillMenu(forms::Context& context, ui::MenuItem& menu, const std::function<void(int index)>& onClick) {
+    clsRegistry& registry = context.registry;
     registry.cD("\\");
     registry.cD(IdentitiesKey);
     const auto keys = registry.DirKey();
@@ -36,13 +39,13 @@ void fillMenu(Program& program, ui::MenuItem& menu, const std::function<void(int
     }
 }
 
-std::string zoneNameOf(Program& program, const std::string& identity) {
-    clsRegistry& registry = program.registry;
+std::string zoneNameOf(forms::Context& context, const std::string& identity) {
+    clsRegistry& registry = context.registry;
     const std::string settings = settingsPath(identity);
     const std::size_t root = settings.find('\\');
     if (!registry.IsValidKey(platform::HKeyCurrentUser, std::string(util::trimmed(settings.substr(root + 1)))))
-        throw basErrors::Error(basErrors::NumberFileNotFound, "frmMain",
-                               "This identity has no mail settings: Outlook Express has not been used with it yet.");
+        throw util::Error(util::NumberFileNotFound, "frmMain",
+                          "This identity has no mail settings: Outlook Express has not been used with it yet.");
     registry.cD("\\");
     registry.cD(settings);
     // A fresh installation has not written a zone: then there is none to name, like for a zone that does not exist.

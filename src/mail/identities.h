@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "app/Program.h"
+#include "forms/Context.h"
 #include "ui/Menu.h"
 
 namespace mail {
@@ -23,9 +23,9 @@ std::string menuCaption(const std::string& name);
 
 // Makes an item of `menu` for each identity: its name as caption, its key as tag. The first takes over the item that
 // is there already, which is enabled then; without identities that one stays as it is.
-void fillMenu(Program& program, ui::MenuItem& menu, const std::function<void(int index)>& onClick);
+void fillMenu(forms::Context& context, ui::MenuItem& menu, const std::function<void(int index)>& onClick);
 
-// The name of the zone that an identity reads its mail in. Throws basErrors::Error for one without mail settings.
-std::string zoneNameOf(Program& program, const std::string& identity);
+// The name of the zone that an identity reads its mail in. Throws util::Error for one without mail settings.
+std::string zoneNameOf(forms::Context& context, const std::string& identity);
 
 }  // namespace mail

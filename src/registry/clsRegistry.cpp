@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <array>
 
-#include "errors/basErrors.h"
 #include "registry/buffers.h"
 #include "registry/regTexts.h"
-#include "util/numbers.h"
+#include "util/characters.h"
+#include "util/procedure.h"
+#include "util/trace.h"
 
 using namespace platform;
 
@@ -26,17 +27,9 @@ constexpr std::array<Root, 6> Roots{{
     {"HKEY_CURRENT_CONFIG", HKeyCurrentConfig},
 }};
 
-// Bytes above 127 stay: the registry itself compares names without regard to case.
-std::string upperCase(std::string_view text) {
-    std::string upper(text);
-    for (char& c : upper)
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-    return upper;
-}
-
 }  // namespace
 
-clsRegistry::clsRegistry(Platform& platform, clsStrings& strings) : platform_(platform), strings_(strings) {
+clsRegistry::clsRegistry(Platform& platform) : platform_(platform) {
     procedure("clsRegistry.Class_Initialize", [] {});
 }
 
@@ -55,7 +48,7 @@ void clsRegistry::cD(const std::string& path) {
 
 void clsRegistry::CdExt(const std::string& wanted, AccessMask access) {
     procedure("clsRegistry.CdExt", [&] {
-        std::string path = upperCase(util::trimmed(wanted));
+        std::string path = util::upper(util::trimmed(wanted));
         if (path == "\\") {
             Take(0, 0);
             currentPath_.clear();

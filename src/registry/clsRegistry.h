@@ -17,8 +17,6 @@
 
 #include "platform/Platform.h"
 
-class clsStrings;
-
 // Value types as callers see them.
 enum class ValueType { String = 0, Binary = 1, Dword = 2 };
 
@@ -35,6 +33,7 @@ struct ListedValue {
     std::string name;
     std::string text;
     ValueType type = ValueType::String;
+    std::uint32_t number = 0;  // of a DWORD
 };
 
 // A value on its way into the registry. A DWORD must come as a double: an integer is a type mismatch.
@@ -42,7 +41,7 @@ using Variant = std::variant<std::string, platform::Bytes, double, std::int32_t>
 
 class clsRegistry {
 public:
-    clsRegistry(platform::Platform& platform, clsStrings& strings);
+    explicit clsRegistry(platform::Platform& platform);
     ~clsRegistry();
     clsRegistry(const clsRegistry&) = delete;
     clsRegistry& operator=(const clsRegistry&) = delete;
@@ -112,7 +111,6 @@ private:
     std::optional<std::uint32_t> CountKeys();                   // nothing when the key cannot be asked
 
     platform::Platform& platform_;
-    clsStrings& strings_;
     std::string currentPath_;
     platform::HKey handle_ = 0;
     platform::AccessMask access_ = 0;  // what handle_ was asked for

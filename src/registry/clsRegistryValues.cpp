@@ -1,12 +1,13 @@
 // Values: reading, listing, writing, deleting.
 #include <cmath>
 
-#include "errors/basErrors.h"
 #include "registry/buffers.h"
 #include "registry/clsRegistry.h"
 #include "registry/regTexts.h"
+#include "util/characters.h"
 #include "util/clsStrings.h"
 #include "util/numbers.h"
+#include "util/procedure.h"
 
 using namespace platform;
 
@@ -115,7 +116,9 @@ std::optional<std::vector<ListedValue>> clsRegistry::DirValue() {
             CheckApiResult(code);
             if (code != Success) break;  // values went while they were being listed
             const ValueType type = typeOf(stored);
-            values.push_back({name.substr(0, length), listedText(type, {data.data(), size}), type});
+            const std::span<const std::uint8_t> listed(data.data(), size);
+            const std::uint32_t number = type == ValueType::Dword ? storedNumber(listed) : 0;
+            values.push_back({name.substr(0, length), listedText(type, listed), type, number});
         }
         if (values.empty()) return std::nullopt;
         return values;
@@ -147,8 +150,9 @@ void clsRegistry::DeleteValue(const std::string& name) {
 std::string clsRegistry::ParseDWord(const std::string& text, int part) {
     return procedure("clsRegistry.ParseDWord", [&] {
         if (part != 1 && part != 2) return std::string();
-        strings_.Initialise(text, "(");
-        std::string form = strings_.ElementAsString(part);
+        clsStrings forms;
+        forms.Initialise(text, "(");
+        std::string form = forms.ElementAsString(part);
         if (!form.empty()) form.pop_back();
         return form;
     });

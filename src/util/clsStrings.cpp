@@ -1,6 +1,7 @@
 #include "util/clsStrings.h"
 
-#include "errors/basErrors.h"
+#include "util/Error.h"
+#include "util/procedure.h"
 
 namespace {
 // Where the scan stands: at the start of an element, in an unquoted one, between quotes, behind a closing quote.
@@ -45,8 +46,8 @@ void clsStrings::SplitQuoted(const std::string& delimiters) {
         } else if (state == State::Closed) {
             // Of a refused text nothing is left that could be taken for an element.
             Initialise({}, delimiters);
-            throw basErrors::Error(0x80040064, "Elements.Initialise",
-                                   "Invalid character in an element that contains a quoted string");
+            throw util::Error(0x80040064, "Elements.Initialise",
+                              "Invalid character in an element that contains a quoted string");
         } else if (state != State::Quoted) {
             state = State::Plain;
         }

@@ -8,7 +8,7 @@
 class clsStrings {
 public:
     // Splits `text` at every character of `delimiters` outside double quotes and gives the number of elements, at
-    // least 1. Throws basErrors::Error 0x80040064 where a character follows a closing quote.
+    // least 1. Throws util::Error 0x80040064 where a character follows a closing quote.
     std::int32_t InitialiseVar(const std::string& text, const std::string& delimiters);
     std::int32_t Initialise(const std::string& text, const std::string& delimiters);
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <charconv>
 
+#include "util/characters.h"
+
 namespace util {
 
 std::optional<std::uint32_t> wholeNumber(std::string_view text) {
@@ -32,12 +34,6 @@ std::string toDigits(std::uint32_t number, int width, int base) {
     const auto length = static_cast<std::size_t>(std::to_chars(digits, std::end(digits), number, base).ptr - digits);
     const auto wanted = static_cast<std::size_t>(width);
     return std::string(wanted - std::min(wanted, length), '0').append(digits, length);
-}
-
-std::string_view trimmed(std::string_view text) {
-    const auto first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
 }  // namespace util

@@ -18,7 +18,4 @@ std::string toSignedDecimal(std::uint32_t number);
 // With zeros in front up to `width` digits (32 at most); letters of base 16 are small.
 std::string toDigits(std::uint32_t number, int width, int base = 10);
 
-// Without the blanks at both ends.
-std::string_view trimmed(std::string_view text);
-
 }  // namespace util

@@ -1,8 +1,7 @@
 #include "zones/Templates.h"
 
-#include "errors/basErrors.h"
 #include "registry/clsRegistry.h"
-#include "util/numbers.h"
+#include "util/procedure.h"
 #include "zones/zones.h"
 
 namespace zones {
@@ -28,7 +27,7 @@ void copyTemplate(clsRegistry& registry, const Level& level, const std::string& 
     goToZone(registry, zone);
     for (const ListedValue& setting : *settings) {
         if (setting.type == ValueType::Dword && setting.name != "TemplateIndex")
-            writeNumber(registry, setting.name, util::wholeNumber(registry.ParseDWord(setting.text, 2)).value_or(0));
+            writeNumber(registry, setting.name, setting.number);
         behind();
     }
 }

@@ -1,7 +1,8 @@
 // What the registry session does for zones: deleting and renumbering them, and tidying the site map.
-#include "errors/basErrors.h"
 #include "registry/clsRegistry.h"
+#include "util/Error.h"
 #include "util/numbers.h"
+#include "util/procedure.h"
 #include "zones/Defaults.h"
 #include "zones/zones.h"
 
@@ -12,7 +13,7 @@ std::vector<std::string> listZones(clsRegistry& registry, const std::string& pat
     registry.cD("\\");
     registry.cD(path);
     auto names = registry.DirKey();
-    if (!names) throw basErrors::Error(basErrors::NumberOutOfRange, "clsRegistry", "There are no zones to delete.");
+    if (!names) throw util::Error(util::NumberOutOfRange, "clsRegistry", "There are no zones to delete.");
     return *std::move(names);
 }
 
@@ -32,8 +33,8 @@ void clsRegistry::DeleteAndRename(const std::string& zonesPath, const std::strin
         const auto first = zones::numberOf(zoneNumber);
         // "007" is not zone 7: that one would be lost in its stead.
         if (!first)
-            throw basErrors::Error(basErrors::NumberNotANumber, "clsRegistry",
-                                   "The zone \"" + zoneNumber + "\" has no number and cannot be deleted.");
+            throw util::Error(util::NumberNotANumber, "clsRegistry",
+                              "The zone \"" + zoneNumber + "\" has no number and cannot be deleted.");
         for (std::uint32_t n = *first; n <= last; ++n) {
             const std::string zone = util::toDecimal(n);
             if (n == last) return DeleteKey(zone);
@@ -43,8 +44,8 @@ void clsRegistry::DeleteAndRename(const std::string& zonesPath, const std::strin
             cD(zonesPath + "\\" + util::toDecimal(n + 1));
             const auto values = DirValue();
             if (failures_ != before)
-                throw basErrors::Error(basErrors::NumberInternal, "clsRegistry",
-                                       "The zone \"" + util::toDecimal(n + 1) + "\" cannot be read, and is not moved.");
+                throw util::Error(util::NumberInternal, "clsRegistry",
+                                  "The zone \"" + util::toDecimal(n + 1) + "\" cannot be read, and is not moved.");
             cD("\\");
             cD(zonesPath);
             DeleteKey(zone);

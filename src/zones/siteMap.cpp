@@ -1,9 +1,8 @@
 #include "zones/siteMap.h"
 
-#include "errors/basErrors.h"
 #include "registry/clsRegistry.h"
-#include "util/clsStrings.h"
 #include "util/numbers.h"
+#include "util/procedure.h"
 #include "zones/zones.h"
 
 namespace basMain {
@@ -16,7 +15,7 @@ void goTo(clsRegistry& registry, const std::string& path) {
 
 }  // namespace
 
-ZoneSites CheckForDomains(clsRegistry& registry, clsStrings& strings, const std::string& zoneNumber) {
+ZoneSites CheckForDomains(clsRegistry& registry, const std::string& zoneNumber) {
     return procedure("basMain.CheckForDomains", [&] {
         ZoneSites found;
         const auto zone = util::wholeNumber(zoneNumber);
@@ -34,11 +33,7 @@ ZoneSites CheckForDomains(clsRegistry& registry, clsStrings& strings, const std:
                 const auto protocols = registry.DirValue();
                 if (!protocols) continue;
                 for (const ListedValue& protocol : *protocols) {
-                    if (protocol.type != ValueType::Dword) continue;
-                    strings.InitialiseVar(protocol.text, "(");
-                    const std::string bracketed = strings.ElementAsString(2);  // "0,000,000,002)"
-                    const auto number = util::wholeNumber(bracketed.substr(0, bracketed.size() - 1));
-                    if (!number || number != zone) continue;
+                    if (protocol.type != ValueType::Dword || protocol.number != zone) continue;
                     found.sites.push_back(protocol.name + "://" + host + "." + domain);
                     found.keys.push_back(domain + "\\" + host);
                 }

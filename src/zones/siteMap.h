@@ -5,7 +5,6 @@
 #include <vector>
 
 class clsRegistry;
-class clsStrings;
 
 namespace basMain {
 
@@ -17,7 +16,7 @@ struct ZoneSites {
 
 // Finds the sites of a zone: protocol values two levels deep (domain, host part). Values that stand on a domain itself
 // are not looked at.
-ZoneSites CheckForDomains(clsRegistry& registry, clsStrings& strings, const std::string& zoneNumber);
+ZoneSites CheckForDomains(clsRegistry& registry, const std::string& zoneNumber);
 
 // Removes the domain keys that have no subkeys, whatever values they hold.
 void DeleteEmptyDomains(clsRegistry& registry);

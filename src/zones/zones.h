@@ -57,7 +57,7 @@ inline constexpr std::array<const char*, 8> FlagCaptions{
 };
 inline constexpr std::uint32_t MissingFlags = 3;  // what a zone without "Flags" counts as
 
-// The zone being worked on, program-wide: set by the main window, read and changed by the dialogs.
+// The zone being worked on.
 struct Selection {
     std::string zone;          // key name below ZonesKey
     std::string iconFile;      // before the "#" of the zone's icon reference

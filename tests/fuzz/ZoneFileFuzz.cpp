@@ -5,11 +5,12 @@
 #include <cstdlib>
 
 #include "backup/ZoneFile.h"
-#include "errors/basErrors.h"
+#include "util/Error.h"
 #include "util/clsStrings.h"
+#include "util/procedure.h"
 
 // Here nobody traps or shows what is thrown.
-void basErrors::runProcedure(const char*, void (*step)(void* context), void* context) {
+void util::runProcedure(const char*, void (*step)(void* context), void* context) {
     step(context);
 }
 
@@ -46,7 +47,7 @@ void checkZoneLine(clsStrings& strings, const std::string& line, backup::ZoneFie
         for (std::int32_t i = 2; i <= count; ++i) rejoined.append(1, ';').append(strings.ElementAsString(i));
         expect(rejoined == line, "the elements are the line");
         backup::readZoneLine(strings, line, fields);
-    } catch (const basErrors::Error& error) {
+    } catch (const util::Error& error) {
         expect(count == 0 && error.number() == 0x80040064, "a line is refused for its quotes alone");
         expect(line.find('"') != std::string::npos, "a line without quotes is taken");
     }

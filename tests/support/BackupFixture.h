@@ -3,15 +3,16 @@
 
 #include <gtest/gtest.h>
 
-#include "app/Program.h"
+#include "app/Application.h"
 #include "errors/frmError.h"
 #include "support/TestSystem.h"
+#include "zones/zones.h"
 
 struct BackupFixture : testing::Test {
     using Texts = std::vector<std::string>;
 
     TestSystem system;
-    Program program{system.platform()};
+    app::Application program{system.platform()};
     ScriptedDesktop& desktop = system.desktop;
 
     static std::string zoneKey(const std::string& zone) { return std::string(zones::ZonesKey) + "\\" + zone; }

@@ -3,10 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include "app/Program.h"
-#include "errors/basErrors.h"
+#include "app/Application.h"
 #include "errors/frmError.h"
 #include "support/TestSystem.h"
+#include "util/Error.h"
+#include "util/procedure.h"
+#include "util/trace.h"
 
 // Below which tests may do what they like.
 inline const std::string TestsKey = "HKEY_CURRENT_USER\\Software\\Tavimor Tests";
@@ -14,8 +16,7 @@ inline const std::string TestsKey = "HKEY_CURRENT_USER\\Software\\Tavimor Tests"
 class Core {
 public:
     TestSystem system;
-    Program program{system.platform()};
-    clsStrings& strings = program.strings;
+    app::Application program{system.platform()};
     clsRegistry& registry = program.registry;
 
     Core() {

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "app/Application.h"
 #include "app/frmMain.h"
 #include "editing/frmAdd.h"
 #include "editing/frmEdit.h"
@@ -13,7 +14,7 @@
 
 struct EditingFixture : testing::Test {
     TestSystem system;
-    Program program{system.platform()};
+    app::Application program{system.platform()};
     std::unique_ptr<frmMain> window;
 
     EditingFixture() {

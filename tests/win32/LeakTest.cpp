@@ -4,10 +4,12 @@
 
 #include "backup/frmBackup.h"
 #include "backup/frmRestore.h"
-#include "errors/basErrors.h"
 #include "errors/frmError.h"
 #include "mail/frmOESecurity.h"
 #include "support/EditingFixture.h"
+#include "util/Error.h"
+#include "util/procedure.h"
+#include "util/trace.h"
 #include "win32/WindowsHeaders.h"
 
 // clang-format off
@@ -83,7 +85,7 @@ struct LeakTest : EditingFixture {
     }
     void seeError() {
         user.use<frmError>([](frmError&) {},
-                           [] { procedure("LeakTest", [] { throw basErrors::Error(51, "", "Nothing is wrong."); }); });
+                           [] { procedure("LeakTest", [] { throw util::Error(51, "", "Nothing is wrong."); }); });
         basErrors::ProcStack.clear();
     }
     void expectNothingKept(const char* name, int times, const std::function<void()>& action) {

@@ -10,6 +10,8 @@
 #include "platform/Platform.h"
 #include "ui/Desktop.h"
 
+namespace ui {
+
 class PendingEvents {
 public:
     // `interval`: milliseconds.
@@ -35,3 +37,5 @@ private:
     bool begun_ = false;
     std::uint32_t last_ = 0;
 };
+
+}  // namespace ui

@@ -1,17 +1,19 @@
-#include "app/ZoneList.h"
+#include "forms/ZoneList.h"
 
-#include "errors/basErrors.h"
+#include "util/Error.h"
+#include "util/clsStrings.h"
+#include "zones/zones.h"
 
-ZoneIcon zoneIconOf(Program& program, const std::optional<RegistryValue>& icon) {
-    clsStrings& strings = program.strings;
+ZoneIcon zoneIconOf(forms::Context& context, const std::optional<RegistryValue>& icon) {
+    clsStrings strings;
     std::string reference = icon ? icon->text : std::string();
     try {
         if (strings.Initialise(reference, "#") < 2) reference.clear();
-    } catch (const basErrors::Error&) {
+    } catch (const util::Error&) {
         reference.clear();  // quotes that lead nowhere: no file has such a name
     }
     if (reference.empty()) {
-        reference = basMain::DefaultIconReference(program.platform);
+        reference = basMain::DefaultIconReference(context.platform);
         strings.Initialise(reference, "#");
     }
     return {reference, strings.ElementAsString(1), strings.ElementAsString(2)};
@@ -21,8 +23,8 @@ std::string textOr(const std::optional<RegistryValue>& value, const char* missin
     return value && !value->text.empty() ? value->text : missing;
 }
 
-void fillZoneList(Program& program, const ZoneListControls& controls, basMain::IconCache& icons) {
-    clsRegistry& registry = program.registry;
+void fillZoneList(forms::Context& context, const ZoneListControls& controls, basMain::IconCache& icons) {
+    clsRegistry& registry = context.registry;
     controls.images.add(controls.dummy.picture());
     controls.list.setImages(&controls.images);
 
@@ -34,7 +36,7 @@ void fillZoneList(Program& program, const ZoneListControls& controls, basMain::I
         const std::string& path = registry.CurrentKey();
         const std::string zone = path.substr(path.rfind('\\') + 1);
 
-        const std::string icon = zoneIconOf(program, registry.ValueOf("Icon")).reference;
+        const std::string icon = zoneIconOf(context, registry.ValueOf("Icon")).reference;
         basMain::ExtractIcon(icons, icon, "#", 32, controls.holder);
         const int image = controls.images.add(controls.holder.picture());
         controls.list.add({textOr(registry.ValueOf("DisplayName"), "Missing Name"), image, zone, {}});

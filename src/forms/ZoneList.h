@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "app/Program.h"
+#include "forms/Context.h"
 #include "icons/ExtractIcon.h"
 #include "ui/ListView.h"
 
@@ -14,7 +14,7 @@ struct ZoneIcon {
     std::string file;
     std::string resource;
 };
-ZoneIcon zoneIconOf(Program& program, const std::optional<RegistryValue>& icon);
+ZoneIcon zoneIconOf(forms::Context& context, const std::optional<RegistryValue>& icon);
 
 // The text of a value, or `missing` when it is missing or empty.
 std::string textOr(const std::optional<RegistryValue>& value, const char* missing);
@@ -29,6 +29,6 @@ struct ZoneListControls {
 
 // Adds one item for each subkey of the zones key, in the registry's order: the zone's name, its icon as image i + 2 for
 // item i (from 0), its key name as tag. Selects nothing. Icons come from and stay in `icons`.
-void fillZoneList(Program& program, const ZoneListControls& controls, basMain::IconCache& icons);
+void fillZoneList(forms::Context& context, const ZoneListControls& controls, basMain::IconCache& icons);
 // Empties list and images, so that it can be filled again.
 void clearZoneList(const ZoneListControls& controls);

@@ -1,10 +1,11 @@
-#include "editing/ZoneChange.h"
+#include "forms/ZoneChange.h"
 
 #include <string_view>
 
-#include "ui/Desktop.h"
+#include "errors/messages.h"
+#include "zones/zones.h"
 
-namespace editing {
+namespace forms {
 
 bool goToZoneByPlace(clsRegistry& registry, const std::string& zone) {
     zones::goToZones(registry);
@@ -15,20 +16,20 @@ bool goToZoneByPlace(clsRegistry& registry, const std::string& zone) {
     return true;
 }
 
-bool change(Program& program, const std::string& zone, const std::function<void()>& change) {
-    const clsRegistry::FailureWatch watch(program.registry);
+bool change(forms::Context& context, const std::string& zone, const std::function<void()>& change) {
+    const clsRegistry::FailureWatch watch(context.registry);
     change();
     if (!watch.failed()) return true;
-    const char* text = exists(program, zone)
+    const char* text = exists(context, zone)
                            ? "The registry refused a change. The zone does not have all of the new values."
                            : "The registry has no such zone. The changes could not be saved.";
-    program.platform.desktop.messageBox(text, AppTitle, ui::MessageStyle::Exclamation);
+    errors::tell(context.platform, text);
     return false;
 }
 
-bool exists(Program& program, const std::string& zone) {
+bool exists(forms::Context& context, const std::string& zone) {
     constexpr std::string_view Root = "HKEY_CURRENT_USER\\";
-    return program.registry.IsValidKey(platform::HKeyCurrentUser, zones::ZonesKey + Root.size() + ("\\" + zone));
+    return context.registry.IsValidKey(platform::HKeyCurrentUser, zones::ZonesKey + Root.size() + ("\\" + zone));
 }
 
-}  // namespace editing
+}  // namespace forms

@@ -1,0 +1,17 @@
+// The procedure that stands in front of a window's own: the items of a zone list can never be dragged.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "ui/Form.h"
+
+namespace basMain {
+
+// Routes every message of the form through WindowProc, and back.
+void Hook(ui::Form& form);
+void Unhook(ui::Form& form);
+// Swallows the begin of a drag in a list (answer 1), and passes everything else on.
+std::optional<std::intptr_t> WindowProc(const ui::WindowMessage& message);
+
+}  // namespace basMain
