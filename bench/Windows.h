@@ -3,17 +3,17 @@
 
 #include "app/Application.h"
 #include "bench/Rows.h"
-#include "win32/Services.h"
+#include "win32/NativePlatform.h"
 
 namespace bench {
 
 struct Machine {
-    win32::Services services;
-    platform::Platform platform = services.platform();
+    win32::NativePlatform native;
+    platform::Platform platform = native.platform();
     app::Application program{platform};
 
     // Windows as the user has them handle their messages.
-    void settle() { services.desktop.doEvents(); }
+    void settle() { native.desktop.doEvents(); }
 };
 
 // Zones numbered from 0 on, with nothing but a name and numbers that are settings; others go.

@@ -4,11 +4,11 @@
 
 #include <psapi.h>
 
-#include "ui/PendingEvents.h"
 #include "backup/BackupFile.h"
 #include "backup/ExportFile.h"
 #include "backup/ZoneFile.h"
 #include "backup/frmRestore.h"
+#include "ui/PendingEvents.h"
 
 namespace bench {
 
@@ -57,8 +57,7 @@ void forgetBackups(const std::string& folder) {
 void listing(Machine& machine, const std::string& folder) {
     std::uint32_t written = 0;
     for (int file = 0; file < Backups; ++file)
-        machine.services.files.create(folder + "listed" + std::to_string(file) + ".tvf", "Desc=one of many\r\n",
-                                      written);
+        machine.native.files.create(folder + "listed" + std::to_string(file) + ".tvf", "Desc=one of many\r\n", written);
     std::vector<double> times;
     for (int run = 0; run < Runs; ++run) {
         frmRestore form(machine.program);

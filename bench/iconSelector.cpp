@@ -61,7 +61,7 @@ int loadBare(const std::string& file) {
 void iconSelector(Machine& machine) {
     constexpr int Runs = 15;
     const std::string file = machine.platform.system.GetSystemDirectoryA() + "\\shell32.dll";
-    ui::Form owner(machine.services.desktop, ui::Form::Kind::Main, "owner", "", {6000, 6000});
+    ui::Form owner(machine.native.desktop, ui::Form::Kind::Main, "owner", "", {6000, 6000});
     ui::Image target(owner, "target", {0, 0, 480, 480});
     owner.load();
     owner.show();

@@ -5,13 +5,13 @@
 #include <map>
 
 #include "app/Application.h"
-#include "forms/ZoneList.h"
 #include "backup/ExportFile.h"
 #include "backup/ZoneFile.h"
 #include "bench/Rows.h"
-#include "util/trace.h"
+#include "forms/ZoneList.h"
 #include "support/TestSystem.h"
 #include "ui/Form.h"
+#include "util/trace.h"
 
 namespace {
 

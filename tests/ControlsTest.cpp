@@ -2,6 +2,15 @@
 #include <gtest/gtest.h>
 
 #include "simulated/Desktop.h"
+#include "ui/CheckBox.h"
+#include "ui/CommandButton.h"
+#include "ui/Label.h"
+#include "ui/ListView.h"
+#include "ui/Menu.h"
+#include "ui/PictureBox.h"
+#include "ui/TextBox.h"
+#include "ui/Timer.h"
+#include "ui/TreeView.h"
 
 namespace {
 

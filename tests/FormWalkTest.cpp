@@ -7,6 +7,10 @@
 #include "errors/frmError.h"
 #include "mail/frmOESecurity.h"
 #include "support/EditingFixture.h"
+#include "ui/CheckBox.h"
+#include "ui/Menu.h"
+#include "ui/ProgressBar.h"
+#include "ui/TabStrip.h"
 
 namespace {
 

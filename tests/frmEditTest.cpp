@@ -1,6 +1,9 @@
 #include "editing/frmEdit.h"
 
 #include "support/EditingFixture.h"
+#include "ui/ComboBox.h"
+#include "ui/Picture.h"
+#include "ui/TextBox.h"
 #include "zones/Templates.h"
 
 namespace {

@@ -3,6 +3,7 @@
 #include "app/frmMain.h"
 #include "backup/frmBackup.h"
 #include "support/BackupFixture.h"
+#include "ui/Picture.h"
 
 namespace {
 

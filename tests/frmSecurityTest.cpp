@@ -1,6 +1,7 @@
 #include "editing/frmSecurity.h"
 
 #include "support/EditingFixture.h"
+#include "ui/TreeView.h"
 
 namespace {
 

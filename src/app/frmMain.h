@@ -6,8 +6,16 @@
 
 #include "forms/Context.h"
 #include "forms/ZoneList.h"
+#include "ui/CommandButton.h"
+#include "ui/ControlArray.h"
 #include "ui/Form.h"
+#include "ui/Frame.h"
+#include "ui/Image.h"
+#include "ui/ImageList.h"
+#include "ui/Label.h"
 #include "ui/ListView.h"
+#include "ui/Menu.h"
+#include "ui/Timer.h"
 #include "zones/zones.h"
 
 class frmMain : public ui::Form, public forms::MainWindow {

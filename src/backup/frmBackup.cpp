@@ -4,6 +4,7 @@
 #include "backup/ExportFile.h"
 #include "backup/ZoneFile.h"
 #include "forms/EtchedLine.h"
+#include "ui/Hourglass.h"
 #include "ui/Layout.h"
 #include "ui/PendingEvents.h"
 #include "util/characters.h"

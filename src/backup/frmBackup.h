@@ -2,7 +2,10 @@
 #pragma once
 
 #include "forms/Context.h"
+#include "ui/CommandButton.h"
 #include "ui/Form.h"
+#include "ui/Label.h"
+#include "ui/TextBox.h"
 
 class frmBackup : public ui::Form {
 public:

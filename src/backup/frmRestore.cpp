@@ -6,6 +6,7 @@
 #include "errors/messages.h"
 #include "forms/WindowProc.h"
 #include "icons/ExtractIcon.h"
+#include "ui/Hourglass.h"
 #include "ui/Layout.h"
 #include "util/Error.h"
 #include "util/basSystem.h"

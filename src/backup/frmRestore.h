@@ -4,8 +4,15 @@
 #include <vector>
 
 #include "forms/Context.h"
+#include "ui/CommandButton.h"
+#include "ui/ControlArray.h"
 #include "ui/Form.h"
+#include "ui/Frame.h"
+#include "ui/ImageList.h"
+#include "ui/Label.h"
 #include "ui/ListView.h"
+#include "ui/PictureBox.h"
+#include "ui/Timer.h"
 
 class frmRestore : public ui::Form {
 public:

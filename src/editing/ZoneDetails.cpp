@@ -22,19 +22,20 @@ void SelectText(ui::TextBox& box) {
 
 }  // namespace
 
-ZoneDetails::ZoneDetails(forms::Context& context, ui::Place place, ui::Twips width, const char* hint,
+ZoneDetails::ZoneDetails(forms::Context& context, ui::Parent parent, ui::Twips width, const char* hint,
                          const Traces& traces)
     // Zone Name
     // [................................]
-    : zzzlblName(place, "zzzlblName", {Margin, 120, width - 2 * Margin, LabelHeight}, "Zone Name"),
-      txtZoneName(place, "txtZoneName", {Margin, 345, width - 2 * Margin, BoxHeight}),
+    : zzzlblName(parent, "zzzlblName", {Margin, 120, width - 2 * Margin, LabelHeight}, "Zone Name"),
+      txtZoneName(parent, "txtZoneName", {Margin, 345, width - 2 * Margin, BoxHeight}),
       // Zone Description
       // [................................]
-      zzzlblDescription(place, "zzzlblDescription", {Margin, 780, width - 2 * Margin, LabelHeight}, "Zone Description"),
-      txtZoneDescription(place, "txtZoneDescription", {Margin, 1005, width - 2 * Margin, BoxHeight}),
+      zzzlblDescription(parent, "zzzlblDescription", {Margin, 780, width - 2 * Margin, LabelHeight},
+                        "Zone Description"),
+      txtZoneDescription(parent, "txtZoneDescription", {Margin, 1005, width - 2 * Margin, BoxHeight}),
       // [icon]  <-- Click to change icon.
-      picIcon(place, "picIcon", {Margin, 1530, IconSize, IconSize}, ui::PictureBox::Border::Sunken),
-      zzzlblHint(place, "zzzlblHint", {780, 1688, width - 780 - Margin, LabelHeight}, hint),
+      picIcon(parent, "picIcon", {Margin, 1530, IconSize, IconSize}, ui::PictureBox::Border::Sunken),
+      zzzlblHint(parent, "zzzlblHint", {780, 1688, width - 780 - Margin, LabelHeight}, hint),
       context_(context) {
     txtZoneName.setMaxLength(LongestName);
     txtZoneDescription.setMaxLength(LongestDescription);

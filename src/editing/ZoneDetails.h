@@ -2,7 +2,9 @@
 #pragma once
 
 #include "forms/Context.h"
-#include "ui/Controls.h"
+#include "ui/Label.h"
+#include "ui/PictureBox.h"
+#include "ui/TextBox.h"
 #include "zones/zones.h"
 
 class ZoneDetails {
@@ -14,7 +16,7 @@ public:
         const char* iconClick;
     };
     // Stands at the top of `place` with the usual margins; `width` is that of the place.
-    ZoneDetails(forms::Context& context, ui::Place place, ui::Twips width, const char* hint, const Traces& traces);
+    ZoneDetails(forms::Context& context, ui::Parent parent, ui::Twips width, const char* hint, const Traces& traces);
     static constexpr ui::Twips Height = 2310;  // with the margins
 
     ui::Label zzzlblName;

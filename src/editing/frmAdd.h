@@ -2,6 +2,7 @@
 #pragma once
 
 #include "editing/ZoneDetails.h"
+#include "ui/CommandButton.h"
 #include "ui/Form.h"
 
 class frmAdd : public ui::Form {

@@ -5,7 +5,11 @@
 
 #include "editing/frmEditPages.h"
 #include "forms/Context.h"
+#include "ui/CommandButton.h"
+#include "ui/ControlArray.h"
 #include "ui/Form.h"
+#include "ui/PictureBox.h"
+#include "ui/TabStrip.h"
 
 class frmEdit : public ui::Form {
 public:

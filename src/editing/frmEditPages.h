@@ -5,6 +5,12 @@
 #include <deque>
 
 #include "editing/ZoneDetails.h"
+#include "ui/CheckBox.h"
+#include "ui/ComboBox.h"
+#include "ui/CommandButton.h"
+#include "ui/ControlArray.h"
+#include "ui/Frame.h"
+#include "ui/Label.h"
 
 // The drawing area of every page.
 inline constexpr ui::Size PageSize{7290, 3195};

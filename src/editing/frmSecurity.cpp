@@ -7,6 +7,7 @@
 #include "forms/ZoneChange.h"
 #include "icons/ExtractIcon.h"
 #include "ui/Layout.h"
+#include "ui/TreeView.h"
 #include "util/clsStrings.h"
 #include "util/numbers.h"
 #include "util/procedure.h"

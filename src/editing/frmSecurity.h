@@ -10,7 +10,10 @@
 
 #include "editing/TVMRTreeView.h"
 #include "forms/Context.h"
+#include "ui/CommandButton.h"
 #include "ui/Form.h"
+#include "ui/Image.h"
+#include "ui/ImageList.h"
 
 class frmSecurity : public ui::Form {
 public:

@@ -1,7 +1,11 @@
 // The error dialog: says what went wrong and where, logs it, and lets the user go on or end the program.
 #pragma once
 
+#include "ui/CommandButton.h"
+#include "ui/ControlArray.h"
 #include "ui/Form.h"
+#include "ui/Image.h"
+#include "ui/Label.h"
 
 class frmError : public ui::Form {
 public:

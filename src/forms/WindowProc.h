@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "ui/Form.h"
+#include "ui/WindowHook.h"
 
 namespace basMain {
 

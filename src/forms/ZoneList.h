@@ -6,6 +6,8 @@
 
 #include "forms/Context.h"
 #include "icons/ExtractIcon.h"
+#include "ui/Image.h"
+#include "ui/ImageList.h"
 #include "ui/ListView.h"
 
 // The parts of a zone's icon reference, or of the default one when the zone has none that can be taken apart.

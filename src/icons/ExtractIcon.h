@@ -6,7 +6,7 @@
 #include <unordered_map>
 
 #include "platform/Platform.h"
-#include "ui/Controls.h"
+#include "ui/Image.h"
 
 namespace icons {
 class ModuleFile;

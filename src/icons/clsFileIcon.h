@@ -13,7 +13,7 @@
 
 #include "icons/Bytes.h"
 #include "platform/Platform.h"
-#include "ui/Controls.h"
+#include "ui/Image.h"
 
 namespace icons {
 class ModuleFile;

@@ -7,7 +7,12 @@
 
 #include "platform/Platform.h"
 #include "ui/Form.h"
+#include "ui/ImageList.h"
+#include "ui/Label.h"
 #include "ui/ListView.h"
+#include "ui/PictureBox.h"
+#include "ui/ProgressBar.h"
+#include "ui/Timer.h"
 
 namespace icons {
 class ModuleFile;

@@ -3,7 +3,12 @@
 
 #include "forms/Context.h"
 #include "forms/ZoneList.h"
+#include "ui/ControlArray.h"
 #include "ui/Form.h"
+#include "ui/Image.h"
+#include "ui/ImageList.h"
+#include "ui/Label.h"
+#include "ui/ListView.h"
 
 class frmOESecurity : public ui::Form {
 public:

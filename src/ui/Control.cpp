@@ -4,82 +4,53 @@
 
 namespace ui {
 
-Component::Component(Form& form, std::string name, int index) : form_(form), name_(std::move(name)), index_(index) {
-    form_.enter(*this);
+Parent::Parent(Control& parent) : form(parent.form()), container(&parent) {}
+
+Control::Control(Parent parent, std::string name, Bounds bounds, int index)
+    : Component(parent.form, std::move(name), index), container_(parent.container), bounds_(bounds) {}
+
+bool Control::isWithin(const Control& other) const {
+    return this == &other || (container_ && container_->isWithin(other));
 }
 
-Component::~Component() {
-    form_.leave(*this);
+// Containers move, show and hide what is inside them.
+template <class... Verbs>
+void Control::updatePeersWithin(Verbs... verbs) {
+    for (Control* control : form().controls())
+        if (control->isWithin(*this)) (control->updatePeer(verbs), ...);
 }
-
-void Component::attach(PeerFactory& factory) {
-    peer_ = makePeer(factory);
-    replay();
-}
-
-Place::Place(Control& inside) : form(inside.form()), container(&inside) {}
-
-Control::Control(Place place, std::string name, Bounds bounds, int index)
-    : Component(place.form, std::move(name), index), container_(place.container), bounds_(bounds) {}
 
 Bounds Control::absoluteBounds() const {
-    Bounds absolute = bounds_;
-    for (const Control* c = container_; c; c = c->container_) {
-        absolute.left += c->bounds_.left;
-        absolute.top += c->bounds_.top;
-    }
-    return absolute;
+    if (!container_) return bounds_;
+    const Bounds outer = container_->absoluteBounds();
+    return {outer.left + bounds_.left, outer.top + bounds_.top, bounds_.width, bounds_.height};
 }
 
 void Control::setBounds(const Bounds& bounds) {
-    if (!store(bounds_, bounds)) return;
-    for (Component* component : form().components()) {
-        auto* control = dynamic_cast<Control*>(component);
-        for (const Control* c = control; c; c = c->container_) {
-            if (c != this) continue;
-            if (auto* p = control->peer()) {
-                p->applyBounds();
-                p->applyShowing();
-            }
-        }
-    }
+    if (store(bounds_, bounds)) updatePeersWithin(&Peer::applyBounds, &Peer::applyShowing);
 }
 
 bool Control::showing() const {
-    for (const Control* c = this; c; c = c->container_) {
-        if (!c->visible_ || c->bounds_.right() <= 0) return false;
-    }
-    return true;
+    return visible_ && bounds_.right() > 0 && (!container_ || container_->showing());
 }
 
 void Control::setVisible(bool visible) {
-    if (store(visible_, visible)) tellShowing();
-}
-
-// Containers show and hide what is inside them.
-void Control::tellShowing() {
-    for (Component* component : form().components()) {
-        auto* control = dynamic_cast<Control*>(component);
-        for (const Control* c = control; c; c = c->container_) {
-            if (c != this) continue;
-            if (auto* p = control->peer()) p->applyShowing();
-        }
-    }
+    if (store(visible_, visible)) updatePeersWithin(&Peer::applyShowing);
 }
 
 void Control::setEnabled(bool enabled) {
-    if (store(enabled_, enabled) && peer()) peer()->applyEnabled();
+    if (store(enabled_, enabled)) updatePeer(&Peer::applyEnabled);
 }
 
 void Control::setToolTip(std::string text) {
-    if (store(toolTip_, std::move(text)) && peer()) peer()->applyToolTip();
+    if (store(toolTip_, std::move(text))) updatePeer(&Peer::applyToolTip);
 }
 
 void Control::setFocus() {
     if (!acceptsFocus()) return;
     const bool moved = form().activeControl_ != this;
     form().activeControl_ = this;
-    if (peer()) peer()->applyFocus();
+    updatePeer(&Peer::applyFocus);
     if (moved) raise(onGotFocus);
 }
 
@@ -94,11 +65,12 @@ void Control::gotFocus() {
 }
 
 void Control::replay() {
-    peer()->applyBounds();
-    peer()->applyText();
-    peer()->applyEnabled();
-    peer()->applyToolTip();
-    peer()->applyShowing();
+    auto* peer = peerAs<Peer>();
+    peer->applyBounds();
+    peer->applyText();
+    peer->applyEnabled();
+    peer->applyToolTip();
+    peer->applyShowing();
 }
 
 }  // namespace ui

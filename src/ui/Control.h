@@ -1,83 +1,20 @@
-// The base of everything that stands on a form.
-//
-// A component *is* its state: getters never ask the system. Where there is a native half, its peer, the component
-// tells it after each change with an `apply...` verb, and the peer reads what it needs from the component; the peer
-// reports what the user does by calling the same entries that a test calls (`click()`, `type(...)`, `choose(i)`).
-// Setting by program is silent; only the user's entries raise events. After raising an event touch nothing: the
-// handler may have closed the form.
+// What can be seen of a form: a component with bounds, which can be shown, enabled and given the focus.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <string>
-#include <type_traits>
-#include <utility>
 
+#include "ui/Component.h"
 #include "ui/Geometry.h"
 
 namespace ui {
 
 class Control;
-class Form;
-class PeerFactory;
 
-using Event = std::function<void()>;
-template <class... Args>
-void raise(const std::function<void(Args...)>& event, std::type_identity_t<Args>... args) {
-    if (auto copy = event) copy(args...);  // a copy: the handler may destroy the event's owner
-}
-
-// Stores `value` in `place`; tells whether that changed it.
-template <class T, class V>
-bool store(T& place, V&& value) {
-    if (place == value) return false;
-    place = std::forward<V>(value);
-    return true;
-}
-
-// The native half of a component. Destroying it destroys the native object.
-class Peer {
-public:
-    virtual ~Peer() = default;
-};
-
-class Component {
-public:
-    Component(Form& form, std::string name, int index);
-    Component(const Component&) = delete;
-    Component& operator=(const Component&) = delete;
-    virtual ~Component();
-
-    Form& form() const { return form_; }
-    const std::string& name() const { return name_; }  // as in the code: "cmdZoneOption"
-    int index() const { return index_; }               // place in a control array, or -1
-
-    // Makes the peer and replays the whole state into it.
-    void attach(PeerFactory& factory);
-    // Loses the peer and nothing else.
-    void detach() { peer_.reset(); }
-    bool attached() const { return peer_ != nullptr; }
-
-    template <class P>
-    P* peerAs() const {
-        return static_cast<P*>(peer_.get());
-    }
-
-protected:
-    virtual std::unique_ptr<Peer> makePeer(PeerFactory& factory) = 0;
-    virtual void replay() = 0;
-
-private:
-    Form& form_;
-    std::string name_;
-    int index_;
-    std::unique_ptr<Peer> peer_;
-};
-
-// Where a control stands: on the form itself or in a Frame or PictureBox.
-struct Place {
-    Place(Form& onForm) : form(onForm) {}
-    Place(Control& inside);
+// What a control stands on: the form itself, or a Frame or PictureBox, its container.
+struct Parent {
+    Parent(Form& parent) : form(parent) {}
+    Parent(Control& parent);
 
     Form& form;
     Control* container = nullptr;
@@ -95,9 +32,11 @@ public:
         virtual void applyToolTip() = 0;
     };
 
-    Control(Place place, std::string name, Bounds bounds, int index = -1);
+    Control(Parent parent, std::string name, Bounds bounds, int index = -1);
 
     Control* container() const { return container_; }
+    // Whether it is `other` or stands in it, at whatever depth.
+    bool isWithin(const Control& other) const;
 
     // Relative to the container.
     const Bounds& bounds() const { return bounds_; }
@@ -145,15 +84,12 @@ public:
 
 protected:
     void replay() override;
-    Peer* peer() const { return peerAs<Peer>(); }
-    void tellText() {
-        if (auto* p = peer()) p->applyText();
-    }
     // Whether a user's entry counts: nobody clicks what is disabled or hidden.
     bool usable() const { return enabled_ && showing(); }
 
 private:
-    void tellShowing();
+    template <class... Verbs>
+    void updatePeersWithin(Verbs... verbs);
 
     Control* container_;
     Bounds bounds_;

@@ -6,32 +6,8 @@
 #include <vector>
 
 #include "ui/Form.h"
-#include "ui/ListView.h"
-#include "ui/TreeView.h"
 
 namespace ui {
-
-// Makes the native half of each kind of component.
-class PeerFactory {
-public:
-    virtual ~PeerFactory() = default;
-    virtual std::unique_ptr<Form::Peer> make(Form&) = 0;
-    virtual std::unique_ptr<Control::Peer> make(Label&) = 0;
-    virtual std::unique_ptr<Control::Peer> make(Frame&) = 0;
-    virtual std::unique_ptr<TextBox::Peer> make(TextBox&) = 0;
-    virtual std::unique_ptr<CheckBox::Peer> make(CheckBox&) = 0;
-    virtual std::unique_ptr<Control::Peer> make(CommandButton&) = 0;
-    virtual std::unique_ptr<ComboBox::Peer> make(ComboBox&) = 0;
-    virtual std::unique_ptr<Image::Peer> make(Image&) = 0;
-    virtual std::unique_ptr<Image::Peer> make(PictureBox&) = 0;
-    virtual std::unique_ptr<ProgressBar::Peer> make(ProgressBar&) = 0;
-    virtual std::unique_ptr<TabStrip::Peer> make(TabStrip&) = 0;
-    virtual std::unique_ptr<Timer::Peer> make(Timer&) = 0;
-    virtual std::unique_ptr<ImageList::Peer> make(ImageList&) = 0;
-    virtual std::unique_ptr<ListView::Peer> make(ListView&) = 0;
-    virtual std::unique_ptr<TreeView::Peer> make(TreeView&) = 0;
-    virtual std::unique_ptr<Menu::Peer> make(Menu&) = 0;
-};
 
 // Thrown to end the program at once. Not an error: it passes every trap on its way to the entry point.
 struct EndProgram {};
@@ -79,8 +55,8 @@ public:
 
     // The loaded forms, in the order in which they were loaded.
     const std::vector<Form*>& forms() const { return forms_; }
-    void entered(Form& form) { forms_.push_back(&form); }
-    void left(Form& form) { std::erase(forms_, &form); }
+    void formLoaded(Form& form) { forms_.push_back(&form); }
+    void formUnloaded(Form& form) { std::erase(forms_, &form); }
 
 private:
     std::vector<Form*> forms_;

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "ui/CommandButton.h"
 #include "ui/Desktop.h"
+#include "ui/PeerFactory.h"
 
 namespace ui {
 
@@ -17,19 +19,19 @@ Form::Form(Desktop& desktop, Kind kind, std::string name, std::string caption, S
 Form::~Form() {
     if (loaded_) {
         // The owner ended the object without unloading it, for instance when the program is ending at once.
-        desktop_.left(*this);
+        desktop_.formUnloaded(*this);
         desktop_.closed(*this);
     }
     detach();
 }
 
-void Form::leave(Component& component) {
+void Form::remove(Component& component) {
     std::erase(components_, &component);
     if (activeControl_ == &component) activeControl_ = nullptr;
 }
 
 void Form::setCaption(std::string caption) {
-    if (store(caption_, std::move(caption)) && peer()) peer()->applyCaption();
+    if (store(caption_, std::move(caption))) updatePeer(&Peer::applyCaption);
 }
 
 Twips Form::width() const {
@@ -43,13 +45,13 @@ Twips Form::height() const {
 void Form::setHeight(Twips height) {
     const Twips client = std::max(0, height - desktop_.frameSize(kind_, !menu_.empty()).height);
     if (!store(client_.height, client)) return;
-    if (peer()) peer()->applySize();
+    updatePeer(&Peer::applySize);
     Form_Resize();
 }
 
 void Form::setHook(WindowHook hook) {
     hook_ = std::move(hook);
-    if (peer()) peer()->applyHook();
+    updatePeer(&Peer::applyHook);
 }
 
 std::optional<std::intptr_t> Form::hookAnswer(const WindowMessage& message) {
@@ -58,27 +60,27 @@ std::optional<std::intptr_t> Form::hookAnswer(const WindowMessage& message) {
 }
 
 void Form::setPointer(Pointer pointer) {
-    if (store(pointer_, pointer) && peer()) peer()->applyPointer();
+    if (store(pointer_, pointer)) updatePeer(&Peer::applyPointer);
 }
 
 void Form::setDefaultButton(CommandButton& button) {
-    if (store(defaultButton_, &button) && peer()) peer()->applyDefaultButton();
+    if (store(defaultButton_, &button)) updatePeer(&Peer::applyDefaultButton);
 }
 
 void Form::drawLine(const Line& line) {
     lines_.push_back(line);
-    if (peer()) peer()->applyLines();
+    updatePeer(&Peer::applyLines);
 }
 
 void Form::clearLines() {
     lines_.clear();
-    if (peer()) peer()->applyLines();
+    updatePeer(&Peer::applyLines);
 }
 
 void Form::load() {
     if (loaded_) return;
     loaded_ = true;
-    desktop_.entered(*this);
+    desktop_.formLoaded(*this);
     Form_Load();
 }
 
@@ -95,9 +97,9 @@ void Form::showModal(Form* owner) {
 void Form::unload() {
     if (!loaded_) return;
     loaded_ = false;  // first: Form_Unload may unload all forms, this one among them
-    desktop_.left(*this);
+    desktop_.formUnloaded(*this);
     Form_Unload();
-    if (peer()) peer()->applyUnloaded();
+    updatePeer(&Peer::applyUnloaded);
     desktop_.closed(*this);
 }
 
@@ -129,23 +131,26 @@ std::vector<Control*> Form::controls() const {
 }
 
 // The menu first: it is part of the window's size. Containers are older than what is in them.
-void Form::attach(PeerFactory& factory) try {
-    peer_ = factory.make(*this);
-    for (Component* component : components_) component->attach(factory);
-    peer()->applyCaption();
-    peer()->applySize();
-    peer()->applyLines();
-    peer()->applyPointer();
-    peer()->applyDefaultButton();
-    peer()->applyHook();
-} catch (...) {
-    detach();  // a form of which half the controls are there is none
-    throw;
+void Form::attach(PeerFactory& factory, const Form* owner) {
+    try {
+        setPeer(factory.make(*this, owner));
+        for (Component* component : components_) component->attach(factory);
+        auto* peer = peerAs<Peer>();
+        peer->applyCaption();
+        peer->applySize();
+        peer->applyLines();
+        peer->applyPointer();
+        peer->applyDefaultButton();
+        peer->applyHook();
+    } catch (...) {
+        detach();  // a form of which half the controls are there is none
+        throw;
+    }
 }
 
 void Form::detach() {
     for (Component* component : components_) component->detach();
-    peer_.reset();
+    setPeer(nullptr);
     shown_ = false;
 }
 

@@ -8,31 +8,20 @@
 #include <string>
 #include <vector>
 
-#include "ui/Control.h"
-#include "ui/Controls.h"
+#include "ui/Component.h"
+#include "ui/Geometry.h"
 #include "ui/Menu.h"
+#include "ui/WindowHook.h"
 
 namespace ui {
 
 class CommandButton;
+class Control;
 class Desktop;
-
-// A message on its way to a form's window procedure, as far as a hook may look at it.
-struct WindowMessage {
-    unsigned message = 0;  // WM_...
-    std::uintptr_t wParam = 0;
-    std::uintptr_t lParam = 0;
-    int notification = 0;  // the code in the NMHDR of a WM_NOTIFY, else 0
-};
-inline constexpr unsigned WmNotify = 78;   // WM_NOTIFY
-inline constexpr int LvnBeginDrag = -109;  // LVN_BEGINDRAG
-
-// Answers a message itself, or nothing to pass it on.
-using WindowHook = std::function<std::optional<std::intptr_t>(const WindowMessage&)>;
 
 enum class Pointer { Default, Hourglass };
 
-class Form {
+class Form : public PeerOwner {
 public:
     enum class Kind {
         Main,    // sizable, with minimize and maximize boxes; closing it ends the program
@@ -110,12 +99,9 @@ public:
     Control* activeControl() const { return activeControl_; }
 
     // The desktop's entries.
-    void attach(PeerFactory& factory);
+    // Makes the form's peer and the components'. `owner`: the form above which it will stand, or null.
+    void attach(PeerFactory& factory, const Form* owner);
     void detach();
-    template <class P>
-    P* peerAs() const {
-        return static_cast<P*>(peer_.get());
-    }
     // With `shown` the window is there and complete; raises onShown, inside showModal before it waits.
     void setShown(bool shown);
     Event onShown;
@@ -128,16 +114,14 @@ protected:
 private:
     friend class Component;
     friend class Control;
-    void enter(Component& component) { components_.push_back(&component); }
-    void leave(Component& component);
-    Peer* peer() const { return peerAs<Peer>(); }
+    void add(Component& component) { components_.push_back(&component); }
+    void remove(Component& component);
 
     Desktop& desktop_;
     Kind kind_;
     std::string name_, caption_;
     Size client_;
     Twips designedWidth_;
-    std::unique_ptr<ui::Peer> peer_;
     std::vector<Component*> components_;
     Menu menu_{*this};
     CommandButton* defaultButton_ = nullptr;
@@ -148,18 +132,6 @@ private:
     std::vector<Line> lines_;
     bool loaded_ = false;
     bool shown_ = false;
-};
-
-// The pointer is an hourglass over the form for as long as one of these lives.
-class Hourglass {
-public:
-    explicit Hourglass(Form& form) : form_(form) { form_.setPointer(Pointer::Hourglass); }
-    Hourglass(const Hourglass&) = delete;
-    Hourglass& operator=(const Hourglass&) = delete;
-    ~Hourglass() { form_.setPointer(Pointer::Default); }
-
-private:
-    Form& form_;
 };
 
 }  // namespace ui

@@ -1,42 +1,16 @@
-// A list of items with pictures, in columns or as icons, and the image list that holds the pictures.
+// A list of items with pictures, in columns or as icons.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "ui/Controls.h"
+#include "ui/Control.h"
 
 namespace ui {
 
-// Pictures of one size, numbered from 1, each under an optional key.
-class ImageList : public Component {
-public:
-    class Peer : public ui::Peer {
-    public:
-        virtual void applyAdded() = 0;  // the last picture is new
-        virtual void applyCleared() = 0;
-    };
-    // `size`: width and height of every picture in pixels.
-    ImageList(Form& form, std::string name, int size);
-
-    int size() const { return size_; }
-    int count() const { return static_cast<int>(pictures_.size()); }
-    const Picture& picture(int number) const { return pictures_.at(static_cast<std::size_t>(number - 1)); }
-    int find(const std::string& key) const;  // 0 when there is none
-    // An empty picture is a blank place. Gives the number of the new picture.
-    int add(Picture picture, std::string key = {});
-    void clear();
-
-protected:
-    std::unique_ptr<ui::Peer> makePeer(PeerFactory& factory) override;
-    void replay() override;
-
-private:
-    int size_;
-    std::vector<Picture> pictures_;
-    std::vector<std::string> keys_;
-};
+class ImageList;
 
 struct ListItem {
     std::string text;
@@ -61,7 +35,7 @@ public:
         virtual void applySpacing() = 0;
         virtual void applyColumn() = 0;
     };
-    ListView(Place place, std::string name, Bounds bounds, View view, Clicks clicks, int index = -1);
+    ListView(Parent parent, std::string name, Bounds bounds, View view, Clicks clicks, int index = -1);
 
     View view() const { return view_; }
     Clicks clicks() const { return clicks_; }

@@ -1,6 +1,6 @@
 #include "ui/Menu.h"
 
-#include "ui/Desktop.h"
+#include "ui/PeerFactory.h"
 
 namespace ui {
 
@@ -29,11 +29,11 @@ MenuItem& Menu::add(std::string name, std::string caption) {
 }
 
 void Menu::changed() {
-    if (auto* p = peerAs<Peer>()) p->applyMenu();
+    updatePeer(&Peer::applyMenu);
 }
 
 void Menu::changedEnabled(const MenuItem& item) {
-    if (auto* p = peerAs<Peer>()) p->applyEnabled(item);
+    updatePeer(&Peer::applyEnabled, item);
 }
 
 std::unique_ptr<ui::Peer> Menu::makePeer(PeerFactory& factory) {

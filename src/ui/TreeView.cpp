@@ -2,18 +2,18 @@
 
 #include <stdexcept>
 
-#include "ui/Desktop.h"
+#include "ui/PeerFactory.h"
 
 namespace ui {
 
-TreeView::TreeView(Place place, std::string name, Bounds bounds, int index)
-    : Control(place, std::move(name), bounds, index) {
+TreeView::TreeView(Parent parent, std::string name, Bounds bounds, int index)
+    : Control(parent, std::move(name), bounds, index) {
     setTabStop(true);
 }
 
 void TreeView::setImages(ImageList* images) {
     images_ = images;
-    if (auto* p = peerAs<Peer>()) p->applyImages();
+    updatePeer(&Peer::applyImages);
 }
 
 int TreeView::add(TreeNode node) {
@@ -21,7 +21,7 @@ int TreeView::add(TreeNode node) {
     const bool selected = node.selected;
     node.selected = false;
     nodes_.push_back(std::move(node));
-    if (auto* p = peerAs<Peer>()) p->applyNode(count());
+    updatePeer(&Peer::applyNode, count());
     if (selected) selectOption(count());
     return count();
 }
@@ -29,7 +29,7 @@ int TreeView::add(TreeNode node) {
 void TreeView::clear() {
     nodes_.clear();
     current_ = visibleNode_ = 0;
-    if (auto* p = peerAs<Peer>()) p->applyCleared();
+    updatePeer(&Peer::applyCleared);
 }
 
 void TreeView::selectOption(int number) {
@@ -38,21 +38,19 @@ void TreeView::selectOption(int number) {
     for (int i = chosen.parent + 1; i <= count(); ++i) {
         TreeNode& other = nodes_[static_cast<std::size_t>(i - 1)];
         if (other.parent != chosen.parent || !other.option) continue;
-        if (store(other.selected, i == number))
-            if (auto* p = peerAs<Peer>()) p->applyNode(i);
+        if (store(other.selected, i == number)) updatePeer(&Peer::applyNode, i);
     }
 }
 
 void TreeView::setCurrent(int number) {
     if (number < 0 || number > count()) throw std::out_of_range("the tree has no such node");
-    if (store(current_, number))
-        if (auto* p = peerAs<Peer>()) p->applyCurrent();
+    if (store(current_, number)) updatePeer(&Peer::applyCurrent);
 }
 
 void TreeView::ensureVisible(int number) {
     if (number < 1 || number > count()) throw std::out_of_range("the tree has no such node");
     visibleNode_ = number;
-    if (auto* p = peerAs<Peer>()) p->applyVisibleNode();
+    updatePeer(&Peer::applyVisibleNode);
 }
 
 void TreeView::choose(int number) {

@@ -2,12 +2,15 @@
 // is selected.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
-#include "ui/ListView.h"
+#include "ui/Control.h"
 
 namespace ui {
+
+class ImageList;
 
 struct TreeNode {
     std::string text;
@@ -28,7 +31,7 @@ public:
         virtual void applyCurrent() = 0;
         virtual void applyVisibleNode() = 0;
     };
-    TreeView(Place place, std::string name, Bounds bounds, int index = -1);
+    TreeView(Parent parent, std::string name, Bounds bounds, int index = -1);
 
     void setImages(ImageList* images);
     ImageList* images() const { return images_; }

@@ -10,30 +10,41 @@ constexpr UINT ResumePainting = WM_APP + 1;
 
 // Each control is a group of its own: the arrow keys belong to the control and do not wander over the form.
 ControlWindow::ControlWindow(ui::Control& control, const Class& native, const std::string& text)
-    : control_(control), form_(*control.form().peerAs<FormPeer>()) {
+    : control_(control), form_(*FormPeer::of(control.form())) {
     const DWORD style = WS_CHILD | WS_CLIPSIBLINGS | WS_GROUP | (control.tabStop() ? WS_TABSTOP : 0) |
                         (control.showing() ? WS_VISIBLE : 0) | native.style;
-    // In its place at once: to move and show each control afterwards takes as long as to make it.
+    // Created visible and with its final bounds: moving and showing it later would take as long as creating it.
     const RECT b = ControlWindow::bounds();
     window_ = CreateWindowExA(native.extended, native.name, text.c_str(), style, b.left, b.top, b.right - b.left,
-                              b.bottom - b.top, form_.window(), reinterpret_cast<HMENU>(form_.enter(*this)),
+                              b.bottom - b.top, form_.window(), reinterpret_cast<HMENU>(form_.addControl(*this)),
                               GetModuleHandleA(nullptr), nullptr);
     if (!window_) {
-        form_.leave(*this);
+        form_.removeControl(*this);
         throw std::bad_alloc();
     }
     SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    previous_ = reinterpret_cast<WNDPROC>(
+    nativeProcedure_ = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ControlWindow::procedure)));
-    for (const ui::Control* c = control.container(); c; c = c->container())
-        if (auto* container = dynamic_cast<ControlWindow*>(c->peerAs<ui::Peer>())) container->lieBehind();
+    if (auto* outer = container()) outer->childAdded();
     SendMessageA(window_, WM_SETFONT, reinterpret_cast<WPARAM>(screen().font()), FALSE);
 }
 
 ControlWindow::~ControlWindow() {
-    form_.leave(*this);
-    SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(previous_));
+    form_.removeControl(*this);
+    SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(nativeProcedure_));
     DestroyWindow(window_);
+}
+
+ControlWindow* ControlWindow::of(const ui::Control& control) {
+    return dynamic_cast<ControlWindow*>(control.peerAs<ui::Peer>());
+}
+
+ControlWindow* ControlWindow::container() const {
+    return control_.container() ? of(*control_.container()) : nullptr;
+}
+
+void ControlWindow::childAdded() {
+    if (auto* outer = container()) outer->childAdded();
 }
 
 LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
@@ -42,7 +53,7 @@ LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM w, L
         self.resumePainting();
         return 0;
     }
-    // There is nothing to paint, and the native window would go a long way to find that out.
+    // A control without a frame has nothing to paint here, but the native procedure takes long to find that out.
     if (message == WM_NCPAINT && !self.framed()) return 0;
     if (const auto answer = shielded([&] { return self.message(message, w, l); })) return *answer;
     const LRESULT result = self.native(message, w, l);
@@ -50,7 +61,7 @@ LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM w, L
     return result;
 }
 
-// Asked each time: a progress bar gives itself an edge, and lists get bars to scroll them.
+// Asked each time: a progress bar gives itself an edge, and lists get scroll bars.
 bool ControlWindow::framed() const {
     constexpr DWORD Edges = WS_EX_CLIENTEDGE | WS_EX_STATICEDGE | WS_EX_WINDOWEDGE | WS_EX_DLGMODALFRAME;
     return (GetWindowLongPtrA(window_, GWL_STYLE) & (WS_BORDER | WS_DLGFRAME | WS_HSCROLL | WS_VSCROLL)) ||
@@ -66,7 +77,7 @@ RECT ControlWindow::bounds() const {
     return screen().pixels(control_.absoluteBounds());
 }
 
-void ControlWindow::place() {
+void ControlWindow::updateBounds() {
     const Applying applying(*this);
     const RECT b = bounds();
     RECT now = {};
@@ -77,44 +88,44 @@ void ControlWindow::place() {
     rethrowParked();
 }
 
-void ControlWindow::show() {
+void ControlWindow::updateShowing() {
     const bool showing = control_.showing();
     if (!showing) passFocusOn();
-    // One whose painting is held back says that it is hidden, so only the other way round can be told.
+    // A control whose painting is postponed has lost WS_VISIBLE: the style can only tell that nothing is to be done.
     if (showing && (GetWindowLongPtrA(window_, GWL_STYLE) & WS_VISIBLE)) return;
     ShowWindow(window_, showing ? SW_SHOWNA : SW_HIDE);
     rethrowParked();
 }
 
-void ControlWindow::enable() {
+void ControlWindow::updateEnabled() {
     if (!control_.enabled()) passFocusOn();
     EnableWindow(window_, control_.enabled());
     rethrowParked();
 }
 
-// A hidden or disabled window keeps the keyboard focus, and the keyboard would be dead.
+// A window keeps the keyboard focus when it is hidden or disabled, and the keyboard would be dead.
 void ControlWindow::passFocusOn() {
     if (GetFocus() != window_) return;
     const HWND next = GetNextDlgTabItem(form_.window(), window_, FALSE);
     if (next && next != window_) SetFocus(next);
 }
 
-// A form that is not active takes the focus to its active control when it becomes so.
-void ControlWindow::focus() {
+// A form that is not active gives its active control the focus when it is activated.
+void ControlWindow::updateFocus() {
     if (GetActiveWindow() == form_.window() && form_.live()) SetFocus(window_);
     rethrowParked();
 }
 
-void ControlWindow::holdPainting() {
-    if (held_) return;
-    held_ = true;
+void ControlWindow::postponePainting() {
+    if (paintingPostponed_) return;
+    paintingPostponed_ = true;
     SendMessageA(window_, WM_SETREDRAW, FALSE, 0);
     PostMessageA(window_, ResumePainting, 0, 0);
 }
 
 void ControlWindow::resumePainting() {
-    if (!held_) return;
-    held_ = false;
+    if (!paintingPostponed_) return;
+    paintingPostponed_ = false;
     const Applying applying(*this);
     SendMessageA(window_, WM_SETREDRAW, TRUE, 0);
     paintingResumed();

@@ -1,10 +1,11 @@
-// The native window of a control, and the peer around it.
+// The native window of a control.
 //
-// Every control's window stands directly on the form's window and is subclassed by one procedure: it tells of the
-// focus, and lets a peer answer messages before the native control does.
+// It is always a child of the form's window, even when the control stands in a container, and is subclassed: the
+// subclass procedure reports the focus to the control, and lets a peer answer messages before the native control does.
 #pragma once
 
 #include <optional>
+#include <string>
 
 #include "ui/Control.h"
 #include "win32/Callbacks.h"
@@ -15,6 +16,7 @@ namespace win32 {
 
 class ControlWindow {
 public:
+    // The native window class, and the styles beyond those that every control has.
     struct Class {
         const char* name;
         DWORD style = 0, extended = 0;
@@ -23,6 +25,9 @@ public:
     ControlWindow(const ControlWindow&) = delete;
     ControlWindow& operator=(const ControlWindow&) = delete;
     virtual ~ControlWindow();
+
+    // The window of a control; null when it is windowless or its form has no window yet.
+    static ControlWindow* of(const ui::Control& control);
 
     HWND window() const { return window_; }
     FormPeer& form() const { return form_; }
@@ -35,15 +40,16 @@ public:
     // Whether what the native control reports is the user's doing.
     bool reporting() const { return applying_ == 0 && form_.live(); }
 
-    void place();
-    void show();
-    void enable();
-    void focus();
-    // Paints what was held back now, and not when the program next waits.
+    // Bring the window up to date with the control's state.
+    void updateBounds();
+    void updateShowing();
+    void updateEnabled();
+    void updateFocus();
+    // Paints now what was postponed, without waiting for the program to become idle.
     void resumePainting();
 
 protected:
-    // Native controls echo what a program does to them; while one of these lives the echo is not heard.
+    // Native controls report changes that the program makes as well; while one of these lives such reports are ignored.
     class Applying {
     public:
         explicit Applying(ControlWindow& window) : window_(window) { ++window_.applying_; }
@@ -57,31 +63,35 @@ protected:
 
     // The peer's own answer to a message, or nothing to leave it to the native control.
     virtual std::optional<LRESULT> message(UINT, WPARAM, LPARAM) { return std::nullopt; }
-    LRESULT native(UINT message, WPARAM w, LPARAM l) { return CallWindowProcA(previous_, window_, message, w, l); }
-    // Sends without hearing the echo.
+    LRESULT native(UINT message, WPARAM w, LPARAM l) {
+        return CallWindowProcA(nativeProcedure_, window_, message, w, l);
+    }
+    // Sends a message that applies state: what the native control reports meanwhile is ignored.
     LRESULT apply(UINT message, WPARAM w = 0, LPARAM l = 0);
     LRESULT apply(UINT message, WPARAM w, const void* l) { return apply(message, w, reinterpret_cast<LPARAM>(l)); }
 
-    // Holds back painting until the handler that is changing the control has ended: many small changes in a row cost
-    // one picture.
-    void holdPainting();
+    // Postpones painting until the handler that is changing the control has returned, so that many changes in a row are
+    // painted once.
+    void postponePainting();
     virtual void paintingResumed() {}
 
     virtual RECT bounds() const;  // in pixels on the form
-    // A new control stands inside this one, but its window is a neighbour below this one's.
-    virtual void lieBehind() {}
+    // A control has been made that stands in this one. The native windows are siblings all the same, and so the
+    // container has to be below the controls in it.
+    virtual void childAdded();
 
 private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l);
+    ControlWindow* container() const;
     void passFocusOn();
     bool framed() const;
 
     ui::Control& control_;
     FormPeer& form_;
     HWND window_ = nullptr;
-    WNDPROC previous_ = nullptr;
+    WNDPROC nativeProcedure_ = nullptr;
     int applying_ = 0;
-    bool held_ = false;
+    bool paintingPostponed_ = false;
 };
 
 // Whether a WM_GETDLGCODE with this parameter asks who gets the Enter key.
@@ -89,37 +99,5 @@ inline bool asksForEnter(LPARAM l) {
     const auto* message = reinterpret_cast<const MSG*>(l);
     return message && message->message == WM_KEYDOWN && message->wParam == VK_RETURN;
 }
-
-// A peer of the control class C.
-template <class C>
-class ControlPeer : public C::Peer, public ControlWindow {
-public:
-    ControlPeer(C& control, const Class& native, const std::string& text = {})
-        : ControlWindow(control, native, text), control_(control) {}
-
-    void applyBounds() override { place(); }
-    void applyShowing() override { show(); }
-    void applyEnabled() override { enable(); }
-    void applyText() override {}
-    void applyFocus() override { focus(); }
-    void applyToolTip() override { form().setToolTip(window(), control_.toolTip()); }
-
-protected:
-    C& control_;
-};
-
-// Of a control that shows a caption.
-template <class C>
-class CaptionPeer : public ControlPeer<C> {
-public:
-    CaptionPeer(C& control, const ControlWindow::Class& native)
-        : ControlPeer<C>(control, native, control.caption()), told_(control.caption()) {}
-    void applyText() override {
-        if (ui::store(told_, this->control_.caption())) this->apply(WM_SETTEXT, 0, told_.c_str());
-    }
-
-private:
-    std::string told_;
-};
 
 }  // namespace win32

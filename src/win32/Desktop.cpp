@@ -4,44 +4,38 @@
 
 #include "win32/Callbacks.h"
 #include "win32/ControlWindow.h"
-#include "win32/MenuPeer.h"
+#include "win32/DelayLoaded.h"
+#include "win32/FormPeer.h"
 #include "win32/OpenFile.h"
-#include "win32/Peers.h"
-#include "win32/TimerPeer.h"
+#include "win32/Screen.h"
 
 namespace win32 {
 
 namespace {
 
-// Progress bars, lists, trees and tabs. The newer call is not in every version of the library, and where it is, it
-// brings what the older one does not know.
+// Progress bars, lists, trees and tabs. The first call registers the controls of the first version of the library only;
+// the second, which registers any, is missing in that version.
 void registerControls() {
     InitCommonControls();
-    const HMODULE library = GetModuleHandleA("comctl32.dll");
     using Init = BOOL(WINAPI*)(const INITCOMMONCONTROLSEX*);
-    const auto init = reinterpret_cast<Init>(
-        reinterpret_cast<void*>(library ? GetProcAddress(library, "InitCommonControlsEx") : nullptr));
+    const auto init = exported<Init>(GetModuleHandleA("comctl32.dll"), "InitCommonControlsEx");
     if (!init) return;
     const INITCOMMONCONTROLSEX classes = {sizeof classes, ICC_WIN95_CLASSES};
     init(&classes);
 }
 
-HWND windowOf(const FormPeer* peer) {
-    return peer ? peer->window() : nullptr;
-}
-
 }  // namespace
 
-// Waits for a message and handles it. Forms that were shown by this loop or within it are then taken down: no handler
-// of theirs can be running any more.
+// Waits for a message and handles it. Then no handler can be running any more of a form that was shown by this loop or
+// one within it, and such forms' windows are destroyed when they have been unloaded.
 void Desktop::step() {
     MSG message;
     if (GetMessageA(&message, nullptr, 0, 0) <= 0) throw ui::EndProgram();
     dispatch(message);
-    takeDown();
+    destroyUnloaded();
 }
 
-void Desktop::takeDown() {
+void Desktop::destroyUnloaded() {
     const auto peers = peers_;
     for (FormPeer* peer : peers)
         if (peer->unloaded() && peer->modalLoops >= modalLoops_) peer->form().detach();
@@ -75,21 +69,19 @@ private:
     std::vector<HWND> disabled_;
 };
 
-Desktop::Desktop() : screen_((registerControls(), std::make_unique<Screen>())) {}
+Desktop::Desktop() : screen_(std::make_unique<Screen>()), factory_(*screen_, peers_) {
+    registerControls();
+}
 
 Desktop::~Desktop() = default;
 
 // Forms -----------------------------------------------------------------------------------------------------------
 
-FormPeer& Desktop::attach(ui::Form& form, FormPeer* owner) {
-    auto* peer = form.peerAs<FormPeer>();
-    if (!peer) {
-        nextOwner_ = owner;
-        form.attach(*this);
-        peer = form.peerAs<FormPeer>();
-    }
-    peer->modalLoops = modalLoops_;
-    return *peer;
+FormPeer& Desktop::attach(ui::Form& form, const ui::Form* owner) {
+    if (!form.attached()) form.attach(factory_, owner);
+    FormPeer& peer = *FormPeer::of(form);
+    peer.modalLoops = modalLoops_;
+    return peer;
 }
 
 void Desktop::open(ui::Form& form) {
@@ -98,8 +90,7 @@ void Desktop::open(ui::Form& form) {
 }
 
 void Desktop::runModal(ui::Form& form, ui::Form* owner) {
-    auto* ownerPeer = owner ? owner->peerAs<FormPeer>() : nullptr;
-    FormPeer& peer = attach(form, ownerPeer ? ownerPeer : activePeer());
+    FormPeer& peer = attach(form, owner && owner->attached() ? owner : activeForm());
     Modal modal(*this, peer);
     peer.whenUnloaded([&] { modal.enableOthers(); });
     try {
@@ -108,10 +99,10 @@ void Desktop::runModal(ui::Form& form, ui::Form* owner) {
         while (form.loaded()) step();
     } catch (...) {
         peer.whenUnloaded(nullptr);
-        peer.silence();
+        peer.ignoreEvents();
         throw;
     }
-    takeDown();
+    destroyUnloaded();
 }
 
 void Desktop::closed(ui::Form& form) {
@@ -120,9 +111,10 @@ void Desktop::closed(ui::Form& form) {
 
 void Desktop::run() {
     try {
-        while (takeDown(), anyOpen()) step();
+        destroyUnloaded();
+        while (anyOpen()) step();
     } catch (...) {
-        for (FormPeer* peer : peers_) peer->silence();
+        for (FormPeer* peer : peers_) peer->ignoreEvents();
         throw;
     }
 }
@@ -148,21 +140,26 @@ bool Desktop::anyOpen() const {
     return std::any_of(peers_.begin(), peers_.end(), [](const FormPeer* peer) { return !peer->unloaded(); });
 }
 
-FormPeer* Desktop::activePeer() const {
+ui::Form* Desktop::activeForm() const {
     const HWND active = GetActiveWindow();
-    FormPeer* last = nullptr;
-    for (FormPeer* peer : peers_) {
+    ui::Form* last = nullptr;
+    for (const FormPeer* peer : peers_) {
         if (peer->unloaded()) continue;
-        if (peer->window() == active) return peer;
-        last = peer;
+        if (peer->window() == active) return &peer->form();
+        last = &peer->form();
     }
     return last;
+}
+
+HWND Desktop::activeWindow() const {
+    const ui::Form* form = activeForm();
+    return form ? FormPeer::of(*form)->window() : nullptr;
 }
 
 // Questions -------------------------------------------------------------------------------------------------------
 
 ui::Answer Desktop::messageBox(const std::string& text, const std::string& title, ui::MessageStyle style) {
-    const HWND owner = windowOf(activePeer());
+    const HWND owner = activeWindow();
     const UINT scope = owner ? MB_APPLMODAL : MB_TASKMODAL;
     const int answer = MessageBoxA(owner, text.c_str(), title.c_str(), static_cast<UINT>(style) | scope);
     rethrowParked();
@@ -170,7 +167,7 @@ ui::Answer Desktop::messageBox(const std::string& text, const std::string& title
 }
 
 std::optional<std::string> Desktop::openFile(const ui::OpenFileRequest& request) {
-    return win32::openFile(request, windowOf(activePeer()));
+    return win32::openFile(request, activeWindow());
 }
 
 // Measures --------------------------------------------------------------------------------------------------------
@@ -190,70 +187,13 @@ ui::Size Desktop::textSize(const std::string& text, ui::Twips wrap, bool bold) {
 }
 
 std::uintptr_t Desktop::nativeHandle(const ui::Form& form) {
-    return reinterpret_cast<std::uintptr_t>(windowOf(form.peerAs<FormPeer>()));
-}
-
-std::uintptr_t Desktop::nativeHandle(const ui::Control& control) {
-    const auto* peer = dynamic_cast<const ControlWindow*>(control.peerAs<ui::Peer>());
+    const FormPeer* peer = FormPeer::of(form);
     return peer ? reinterpret_cast<std::uintptr_t>(peer->window()) : 0;
 }
 
-// Peers -----------------------------------------------------------------------------------------------------------
-
-std::unique_ptr<ui::Form::Peer> Desktop::make(ui::Form& form) {
-    const HWND owner = windowOf(std::exchange(nextOwner_, nullptr));
-    auto peer =
-        std::make_unique<FormPeer>(form, *screen_, owner, [this](FormPeer& gone) { std::erase(peers_, &gone); });
-    peers_.push_back(peer.get());
-    return peer;
-}
-
-std::unique_ptr<ui::Timer::Peer> Desktop::make(ui::Timer& timer) {
-    return std::make_unique<TimerPeer>(timer);
-}
-
-std::unique_ptr<ui::Menu::Peer> Desktop::make(ui::Menu& menu) {
-    return std::make_unique<MenuPeer>(menu);
-}
-
-std::unique_ptr<ui::Control::Peer> Desktop::make(ui::Label& label) {
-    return makePeer(label);
-}
-std::unique_ptr<ui::Control::Peer> Desktop::make(ui::Frame& frame) {
-    return makePeer(frame);
-}
-std::unique_ptr<ui::TextBox::Peer> Desktop::make(ui::TextBox& box) {
-    return makePeer(box);
-}
-std::unique_ptr<ui::CheckBox::Peer> Desktop::make(ui::CheckBox& box) {
-    return makePeer(box);
-}
-std::unique_ptr<ui::Control::Peer> Desktop::make(ui::CommandButton& button) {
-    return makePeer(button);
-}
-std::unique_ptr<ui::ComboBox::Peer> Desktop::make(ui::ComboBox& box) {
-    return makePeer(box);
-}
-std::unique_ptr<ui::Image::Peer> Desktop::make(ui::Image& image) {
-    return makePeer(image);
-}
-std::unique_ptr<ui::Image::Peer> Desktop::make(ui::PictureBox& box) {
-    return makePeer(box);
-}
-std::unique_ptr<ui::ProgressBar::Peer> Desktop::make(ui::ProgressBar& bar) {
-    return makePeer(bar);
-}
-std::unique_ptr<ui::TabStrip::Peer> Desktop::make(ui::TabStrip& strip) {
-    return makePeer(strip);
-}
-std::unique_ptr<ui::ImageList::Peer> Desktop::make(ui::ImageList& list) {
-    return makePeer(list);
-}
-std::unique_ptr<ui::ListView::Peer> Desktop::make(ui::ListView& list) {
-    return makePeer(list);
-}
-std::unique_ptr<ui::TreeView::Peer> Desktop::make(ui::TreeView& tree) {
-    return makePeer(tree);
+std::uintptr_t Desktop::nativeHandle(const ui::Control& control) {
+    const auto* peer = ControlWindow::of(control);
+    return peer ? reinterpret_cast<std::uintptr_t>(peer->window()) : 0;
 }
 
 }  // namespace win32

@@ -6,7 +6,9 @@
 #include <vector>
 
 #include "ui/Desktop.h"
+#include "win32/PeerFactory.h"
 
+struct HWND__;
 struct tagMSG;
 
 namespace win32 {
@@ -14,7 +16,7 @@ namespace win32 {
 class FormPeer;
 class Screen;
 
-class Desktop : public ui::Desktop, private ui::PeerFactory {
+class Desktop : public ui::Desktop {
 public:
     Desktop();
     ~Desktop() override;
@@ -39,34 +41,19 @@ public:
 private:
     class Modal;
 
-    std::unique_ptr<ui::Form::Peer> make(ui::Form&) override;
-    std::unique_ptr<ui::Control::Peer> make(ui::Label&) override;
-    std::unique_ptr<ui::Control::Peer> make(ui::Frame&) override;
-    std::unique_ptr<ui::TextBox::Peer> make(ui::TextBox&) override;
-    std::unique_ptr<ui::CheckBox::Peer> make(ui::CheckBox&) override;
-    std::unique_ptr<ui::Control::Peer> make(ui::CommandButton&) override;
-    std::unique_ptr<ui::ComboBox::Peer> make(ui::ComboBox&) override;
-    std::unique_ptr<ui::Image::Peer> make(ui::Image&) override;
-    std::unique_ptr<ui::Image::Peer> make(ui::PictureBox&) override;
-    std::unique_ptr<ui::ProgressBar::Peer> make(ui::ProgressBar&) override;
-    std::unique_ptr<ui::TabStrip::Peer> make(ui::TabStrip&) override;
-    std::unique_ptr<ui::Timer::Peer> make(ui::Timer&) override;
-    std::unique_ptr<ui::ImageList::Peer> make(ui::ImageList&) override;
-    std::unique_ptr<ui::ListView::Peer> make(ui::ListView&) override;
-    std::unique_ptr<ui::TreeView::Peer> make(ui::TreeView&) override;
-    std::unique_ptr<ui::Menu::Peer> make(ui::Menu&) override;
-
-    FormPeer& attach(ui::Form& form, FormPeer* owner);
-    FormPeer* activePeer() const;
+    FormPeer& attach(ui::Form& form, const ui::Form* owner);
+    // The form whose window is active; else the one made last, null when there is none.
+    ui::Form* activeForm() const;
+    HWND__* activeWindow() const;
     bool anyOpen() const;
     void step();
-    void takeDown();
+    void destroyUnloaded();
     void dispatch(tagMSG& message);
 
     std::unique_ptr<Screen> screen_;
-    std::vector<FormPeer*> peers_;   // in the order in which they were made
-    FormPeer* nextOwner_ = nullptr;  // of the form peer to be made
-    int modalLoops_ = 0;             // running
+    std::vector<FormPeer*> peers_;  // in the order in which they were made
+    PeerFactory factory_;
+    int modalLoops_ = 0;  // running
 };
 
 }  // namespace win32

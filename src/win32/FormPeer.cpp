@@ -5,17 +5,19 @@
 #include <new>
 #include <utility>
 
+#include "ui/CommandButton.h"
 #include "win32/Callbacks.h"
 #include "win32/ControlWindow.h"
-#include "win32/Drawn.h"
 #include "win32/MenuPeer.h"
+#include "win32/PeerFactory.h"
 #include "win32/TimerPeer.h"
+#include "win32/Windowless.h"
 
 namespace win32 {
 
 namespace {
 
-// 1 and 2 are the dialog manager's IDOK and IDCANCEL.
+// Well above the dialog manager's own identifiers IDOK and IDCANCEL, 1 and 2.
 constexpr std::uintptr_t FirstControl = 100;
 
 // A dialog template without controls, text or font.
@@ -33,8 +35,8 @@ FormPeer* peerOf(HWND window) {
 
 }  // namespace
 
-FormPeer::FormPeer(ui::Form& form, const Screen& screen, HWND owner, std::function<void(FormPeer&)> destroyed)
-    : form_(form), screen_(screen), owner_(owner), destroyed_(std::move(destroyed)) {
+FormPeer::FormPeer(ui::Form& form, const Screen& screen, HWND owner, std::vector<FormPeer*>& all)
+    : form_(form), screen_(screen), owner_(owner), all_(all) {
     const WindowStyles styles = stylesOf(form.kind());
     EmptyDialog dialog;
     dialog.head.style = styles.style;
@@ -44,12 +46,13 @@ FormPeer::FormPeer(ui::Form& form, const Screen& screen, HWND owner, std::functi
     // A modal form without a window could never be closed.
     if (!window_) throw std::bad_alloc();
     if (form.kind() == ui::Form::Kind::Main) setIcons();
+    all_.push_back(this);
 }
 
 FormPeer::~FormPeer() {
     live_ = false;
-    destroyed_(*this);
-    if (kept_) SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(kept_));
+    std::erase(all_, this);
+    if (hookedProcedure_) SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(hookedProcedure_));
     SetWindowLongPtrA(window_, DWLP_USER, 0);
     if (toolTips_) DestroyWindow(toolTips_);
     DestroyWindow(window_);
@@ -60,7 +63,7 @@ void FormPeer::setIcons() {
         return reinterpret_cast<LPARAM>(
             LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1), IMAGE_ICON, width, height, LR_SHARED));
     };
-    // The small one first: a window with only the large one has a small one drawn from it, to be thrown away at once.
+    // The small one first: a window that has only a large one gets a small one made from it, for nothing.
     SendMessageA(window_, WM_SETICON, ICON_SMALL, load(GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON)));
     SendMessageA(window_, WM_SETICON, ICON_BIG, load(GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON)));
 }
@@ -82,11 +85,15 @@ void FormPeer::applySize() {
 }
 
 void FormPeer::applyHook() {
-    if (form_.hooked() == (kept_ != nullptr)) return;
-    const WNDPROC next = kept_ ? kept_ : &FormPeer::hookProcedure;
-    const auto previous =
-        reinterpret_cast<WNDPROC>(SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(next)));
-    kept_ = kept_ ? nullptr : previous;
+    const auto replaceProcedure = [&](WNDPROC procedure) {
+        return reinterpret_cast<WNDPROC>(
+            SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure)));
+    };
+    if (form_.hooked() && !hookedProcedure_) {
+        hookedProcedure_ = replaceProcedure(&FormPeer::hookProcedure);
+    } else if (!form_.hooked() && hookedProcedure_) {
+        replaceProcedure(std::exchange(hookedProcedure_, nullptr));
+    }
 }
 
 void FormPeer::applyPointer() {
@@ -96,7 +103,7 @@ void FormPeer::applyPointer() {
 void FormPeer::applyDefaultButton() {
     const auto* button = form_.defaultButton();
     if (!button) return;
-    if (const auto* control = dynamic_cast<ControlWindow*>(button->peerAs<ui::Peer>()))
+    if (const auto* control = ControlWindow::of(*button))
         SendMessageA(window_, DM_SETDEFID, static_cast<WPARAM>(GetDlgCtrlID(control->window())), 0);
 }
 
@@ -125,18 +132,18 @@ void FormPeer::show() {
 
 bool FormPeer::dialogMessage(MSG& message) {
     if (message.hwnd != window_ && !IsChild(window_, message.hwnd)) return false;
-    // Relayed rather than by subclassing, which old versions of the control cannot undo in order.
+    // Relayed here instead of letting the tool tip subclass the controls: old versions restore the wrong procedures.
     if (toolTips_ && message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST)
         SendMessageA(toolTips_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message));
     return IsDialogMessageA(window_, &message) != FALSE;
 }
 
-std::uintptr_t FormPeer::enter(ControlWindow& control) {
+std::uintptr_t FormPeer::addControl(ControlWindow& control) {
     controls_.push_back(&control);
     return FirstControl + controls_.size();
 }
 
-void FormPeer::leave(ControlWindow& control) {
+void FormPeer::removeControl(ControlWindow& control) {
     std::erase(controls_, &control);
 }
 
@@ -165,12 +172,12 @@ void FormPeer::setToolTip(HWND control, const std::string& text) {
 
 LRESULT CALLBACK FormPeer::hookProcedure(HWND window, UINT message, WPARAM w, LPARAM l) {
     FormPeer& self = *peerOf(window);
-    const WNDPROC previous = self.kept_;  // the hook may take itself away
+    const WNDPROC next = self.hookedProcedure_;  // read now: the hook may take itself away
     const auto answer = shielded([&] {
         const UINT code = message == WM_NOTIFY ? reinterpret_cast<const NMHDR*>(l)->code : 0;
         return self.form_.hookAnswer({message, w, static_cast<std::uintptr_t>(l), static_cast<int>(code)});
     });
-    return answer ? *answer : CallWindowProcA(previous, window, message, w, l);
+    return answer ? *answer : CallWindowProcA(next, window, message, w, l);
 }
 
 INT_PTR CALLBACK FormPeer::dialogProcedure(HWND window, UINT message, WPARAM w, LPARAM l) {
@@ -206,7 +213,7 @@ bool FormPeer::handle(UINT message, WPARAM w, LPARAM l) {
             return showPointer();
         case WM_PAINT:
             return paint();
-        // The system's newer controls ask for what is behind them.
+        // Newer versions of the system's controls ask for their background.
         case WM_PRINTCLIENT:
             draw(reinterpret_cast<HDC>(w));
             return true;
@@ -239,7 +246,7 @@ bool FormPeer::notify(const NMHDR& header) {
 
 bool FormPeer::resized(SIZE client) {
     if (!live_ || form_.kind() != ui::Form::Kind::Main) return false;
-    // Whole pixels say less than the state does: a length changes only when its pixels do.
+    // A pixel is several twips: a length that is still as many pixels keeps its exact value.
     const ui::Size now = form_.client();
     form_.userResized({client.cx == screen_.pixels(now.width) ? now.width : screen_.twips(client.cx),
                        client.cy == screen_.pixels(now.height) ? now.height : screen_.twips(client.cy)});
@@ -259,21 +266,21 @@ bool FormPeer::showPointer() {
     return answer(TRUE);
 }
 
-// The form remembers its active control, so the dialog manager's own memory is not asked.
+// The form knows its active control, which need not be the one that the dialog manager remembers.
 bool FormPeer::focusActiveControl() {
     if (!live_) return false;
     const ui::Control* active = form_.activeControl();
     if (active && !active->acceptsFocus()) active = nullptr;
-    const auto* control = active ? dynamic_cast<ControlWindow*>(active->peerAs<ui::Peer>()) : nullptr;
+    const auto* control = active ? ControlWindow::of(*active) : nullptr;
     const HWND target = control ? control->window() : GetNextDlgTabItem(window_, nullptr, FALSE);
     if (!target) return false;
     SetFocus(target);
     return true;
 }
 
-void FormPeer::redraw(const ui::Bounds& place) {
+void FormPeer::redraw(const ui::Bounds& bounds) {
     if (!IsWindowVisible(window_)) return;  // it will be painted as a whole
-    const RECT area = screen_.pixels(place);
+    const RECT area = screen_.pixels(bounds);
     InvalidateRect(window_, &area, TRUE);
 }
 
@@ -286,7 +293,7 @@ bool FormPeer::paint() {
 
 void FormPeer::draw(HDC context) const {
     for (const ui::Line& line : form_.lines()) {
-        // As thick as a line of one pixel is on a screen with 96 to the inch.
+        // As thick as one pixel at 96 DPI.
         const int thickness = std::max(1, screen_.scaled(1));
         const int left = screen_.pixels(std::min(line.left, line.right)), top = screen_.pixels(line.top);
         const RECT bar = {left, top, std::max(left + thickness, screen_.pixels(std::max(line.left, line.right))),
@@ -295,7 +302,12 @@ void FormPeer::draw(HDC context) const {
                  GetSysColorBrush(line.colour == ui::SystemColour::Shadow3D ? COLOR_3DSHADOW : COLOR_3DHIGHLIGHT));
     }
     for (const ui::Component* component : form_.components())
-        if (auto* drawn = dynamic_cast<Drawn*>(component->peerAs<ui::Peer>())) drawn->draw(context);
+        if (auto* windowless = dynamic_cast<Windowless*>(component->peerAs<ui::Peer>())) windowless->draw(context);
+}
+
+std::unique_ptr<ui::Peer> PeerFactory::make(ui::Form& form, const ui::Form* owner) {
+    const FormPeer* above = owner ? FormPeer::of(*owner) : nullptr;
+    return std::make_unique<FormPeer>(form, screen_, above ? above->window() : nullptr, forms_);
 }
 
 }  // namespace win32

@@ -1,7 +1,7 @@
 // The native window of a form.
 //
 // A window of the system's dialog class: Tab, access keys, Enter and Esc are the dialog manager's. Drawn on it are the
-// form's lines, and the controls that have no window of their own.
+// form's lines and its windowless controls.
 #pragma once
 
 #include <functional>
@@ -17,11 +17,14 @@ class ControlWindow;
 
 class FormPeer : public ui::Form::Peer {
 public:
-    // `destroyed` is called when the peer is.
-    FormPeer(ui::Form& form, const Screen& screen, HWND owner, std::function<void(FormPeer&)> destroyed);
+    // `all`: the peers of all forms, in which this one is for as long as it lives.
+    FormPeer(ui::Form& form, const Screen& screen, HWND owner, std::vector<FormPeer*>& all);
     FormPeer(const FormPeer&) = delete;
     FormPeer& operator=(const FormPeer&) = delete;
     ~FormPeer() override;
+
+    // The peer of a form; null while it has none.
+    static FormPeer* of(const ui::Form& form) { return form.peerAs<FormPeer>(); }
 
     void applyCaption() override;
     void applySize() override;
@@ -35,13 +38,13 @@ public:
     HWND window() const { return window_; }
     const Screen& screen() const { return screen_; }
 
-    // Paints a place again, once the window is visible.
-    void redraw(const ui::Bounds& place);
+    // Has an area of the window painted again, if the window is visible.
+    void redraw(const ui::Bounds& bounds);
     // Shows the window, in the middle of its owner or the screen.
     void show();
-    // Between showing and unloading: only then does what happens to the windows reach the form.
+    // From showing to unloading: only then does the form hear what happens to its windows.
     bool live() const { return live_; }
-    void silence() { live_ = false; }
+    void ignoreEvents() { live_ = false; }
     bool unloaded() const { return unloaded_; }
 
     // What else happens when the form is unloaded, before its window is hidden.
@@ -49,12 +52,12 @@ public:
     // The number of modal loops that were running when the form was shown, its own counted.
     int modalLoops = 0;
 
-    // Keyboard messages of the form and its controls go through here. Tells whether that was all.
+    // Offers a message to the form; tells whether it was for the form or one of its controls, and has been handled.
     bool dialogMessage(MSG& message);
 
-    // The controls' entries. Gives the control's identifier.
-    std::uintptr_t enter(ControlWindow& control);
-    void leave(ControlWindow& control);
+    // For the windows of the form's controls. Gives the control's identifier.
+    std::uintptr_t addControl(ControlWindow& control);
+    void removeControl(ControlWindow& control);
     void setToolTip(HWND control, const std::string& text);
 
 private:
@@ -76,11 +79,11 @@ private:
     ui::Form& form_;
     const Screen& screen_;
     HWND owner_;
-    std::function<void(FormPeer&)> destroyed_;
+    std::vector<FormPeer*>& all_;
     std::function<void()> whenUnloaded_;
     HWND window_ = nullptr;
     HWND toolTips_ = nullptr;
-    WNDPROC kept_ = nullptr;  // the procedure that the hook stands in front of
+    WNDPROC hookedProcedure_ = nullptr;  // what the hook passes messages on to; null while there is no hook
     std::vector<ControlWindow*> controls_;
     bool live_ = false;
     bool unloaded_ = false;

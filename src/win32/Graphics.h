@@ -1,7 +1,6 @@
 // Pictures made into pixels.
 #pragma once
 
-#include "ui/ListView.h"
 #include "ui/Picture.h"
 #include "win32/Screen.h"
 
@@ -32,8 +31,5 @@ Images makeImages(int size);
 void addPicture(HIMAGELIST images, int size, const ui::Picture& picture);
 // An option button as the system draws it, `diameter` pixels wide, on the background of lists.
 void addOptionButton(HIMAGELIST images, int size, int diameter, bool selected);
-
-// The native half of an image list, null while it has none.
-HIMAGELIST imagesOf(const ui::ImageList* list);
 
 }  // namespace win32

@@ -7,22 +7,22 @@
 
 namespace win32 {
 
-inline void release(HFONT font) {
+inline void destroy(HFONT font) {
     DeleteObject(font);
 }
-inline void release(HBITMAP bitmap) {
+inline void destroy(HBITMAP bitmap) {
     DeleteObject(bitmap);
 }
-inline void release(HICON icon) {
+inline void destroy(HICON icon) {
     DestroyIcon(icon);
 }
-inline void release(HIMAGELIST images) {
+inline void destroy(HIMAGELIST images) {
     ImageList_Destroy(images);
 }
-inline void release(HMENU menu) {
+inline void destroy(HMENU menu) {
     DestroyMenu(menu);
 }
-inline void release(HDC memory) {
+inline void destroy(HDC memory) {
     DeleteDC(memory);
 }
 
@@ -37,9 +37,10 @@ public:
         return *this;
     }
     ~Owned() {
-        if (handle_) win32::release(handle_);
+        if (handle_) win32::destroy(handle_);
     }
     Handle get() const { return handle_; }
+    // Gives the handle up: someone else destroys it.
     Handle release() { return std::exchange(handle_, nullptr); }
     explicit operator bool() const { return handle_ != nullptr; }
 

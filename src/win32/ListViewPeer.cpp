@@ -1,8 +1,10 @@
+#include "ui/ListView.h"
+
 #include <algorithm>
 
-#include "win32/ControlWindow.h"
-#include "win32/Graphics.h"
-#include "win32/Peers.h"
+#include "win32/ControlPeer.h"
+#include "win32/ImageListPeer.h"
+#include "win32/PeerFactory.h"
 
 namespace win32 {
 
@@ -35,7 +37,7 @@ public:
     }
 
     void applyItem(int number) override {
-        holdPainting();
+        postponePainting();
         const ui::ListItem& shown = control_.item(number);
         LVITEMA item = {};
         item.mask = LVIF_TEXT | LVIF_IMAGE;
@@ -47,7 +49,7 @@ public:
     }
 
     void applyCleared() override {
-        holdPainting();
+        postponePainting();
         apply(LVM_DELETEALLITEMS);
     }
 
@@ -79,7 +81,7 @@ private:
 
     // Binding makes the native list forget its spacing, so only what has changed is bound.
     void bind(WPARAM which, const ui::ImageList* list) {
-        const auto images = reinterpret_cast<LPARAM>(imagesOf(list));
+        const auto images = reinterpret_cast<LPARAM>(ImageListPeer::imagesOf(list));
         if (SendMessageA(window(), LVM_GETIMAGELIST, which, 0) != images) apply(LVM_SETIMAGELIST, which, images);
     }
 
@@ -158,7 +160,7 @@ private:
 
 }  // namespace
 
-std::unique_ptr<ui::ListView::Peer> makePeer(ui::ListView& list) {
+std::unique_ptr<ui::Peer> PeerFactory::make(ui::ListView& list) {
     return std::make_unique<ListViewPeer>(list);
 }
 

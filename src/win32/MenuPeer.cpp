@@ -1,6 +1,7 @@
 #include "win32/MenuPeer.h"
 
 #include "win32/FormPeer.h"
+#include "win32/PeerFactory.h"
 
 namespace win32 {
 
@@ -8,7 +9,7 @@ namespace {
 constexpr UINT FirstCommand = 0x4000;
 }
 
-MenuPeer::MenuPeer(ui::Menu& menu) : menu_(menu), window_(menu.form().peerAs<FormPeer>()->window()) {}
+MenuPeer::MenuPeer(ui::Menu& menu) : menu_(menu), window_(FormPeer::of(menu.form())->window()) {}
 
 MenuPeer::~MenuPeer() {
     SetMenu(window_, nullptr);
@@ -49,8 +50,12 @@ void MenuPeer::applyEnabled(const ui::MenuItem& item) {
 
 void MenuPeer::choose(const ui::Form& form, int command) {
     const auto* peer = form.menu().peerAs<MenuPeer>();
-    const auto place = static_cast<std::size_t>(command) - FirstCommand;
-    if (peer && place < peer->entries_.size()) peer->entries_[place].item->click();
+    const auto index = static_cast<std::size_t>(command) - FirstCommand;
+    if (peer && index < peer->entries_.size()) peer->entries_[index].item->click();
+}
+
+std::unique_ptr<ui::Peer> PeerFactory::make(ui::Menu& menu) {
+    return std::make_unique<MenuPeer>(menu);
 }
 
 }  // namespace win32

@@ -32,7 +32,7 @@ private:
     ui::Menu& menu_;
     HWND window_;
     MenuHandle bar_;
-    std::vector<Entry> entries_;  // an item's command number is FirstCommand and its place here
+    std::vector<Entry> entries_;  // an item's command number is FirstCommand plus its index here
 };
 
 }  // namespace win32

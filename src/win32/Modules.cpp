@@ -8,7 +8,7 @@
 #include <exception>
 
 #include "platform/IconImage.h"
-#include "win32/LaterFunction.h"
+#include "win32/DelayLoaded.h"
 #include "win32/ResourceTree.h"
 
 namespace win32 {
@@ -185,7 +185,7 @@ std::uint32_t Modules::countIcons(const std::string& path) {
         ::FreeLibrary(module);
         if (!sound) return 0;
     }
-    const auto extract = laterFunction<decltype(&ExtractIconA)>("shell32.dll", "ExtractIconA");
+    const auto extract = delayLoaded<decltype(&ExtractIconA)>("shell32.dll", "ExtractIconA");
     if (!extract) return 0;
     const HICON count = extract(GetModuleHandleA(nullptr), path.c_str(), static_cast<UINT>(-1));
     return static_cast<std::uint32_t>(reinterpret_cast<ULONG_PTR>(count));

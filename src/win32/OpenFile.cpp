@@ -7,7 +7,7 @@
 #include <cderr.h>
 
 #include "win32/Callbacks.h"
-#include "win32/LaterFunction.h"
+#include "win32/DelayLoaded.h"
 #include "win32/Screen.h"
 
 namespace win32 {
@@ -17,7 +17,7 @@ namespace {
 // The structure as it was first defined; a longer one is refused by old versions of the dialog.
 constexpr DWORD FirstVersion = offsetof(OPENFILENAMEA, lpTemplateName) + sizeof(OPENFILENAMEA::lpTemplateName);
 
-// The hook stands in a child window of the dialog.
+// The hook's window is a child of the dialog.
 UINT_PTR CALLBACK hook(HWND window, UINT message, WPARAM, LPARAM l) {
     if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(l)->code == CDN_INITDONE) {
         const HWND dialog = GetParent(window);
@@ -50,8 +50,8 @@ std::optional<std::string> openFile(const ui::OpenFileRequest& request, HWND own
     dialog.lpfnHook = &hook;
 
     name.copy(path.data(), path.size() - 1);
-    const auto open = laterFunction<decltype(&GetOpenFileNameA)>("comdlg32.dll", "GetOpenFileNameA");
-    const auto error = laterFunction<decltype(&CommDlgExtendedError)>("comdlg32.dll", "CommDlgExtendedError");
+    const auto open = delayLoaded<decltype(&GetOpenFileNameA)>("comdlg32.dll", "GetOpenFileNameA");
+    const auto error = delayLoaded<decltype(&CommDlgExtendedError)>("comdlg32.dll", "CommDlgExtendedError");
     if (!open || !error) return std::nullopt;
     bool chosen = open(&dialog) != FALSE;
     if (!chosen && error() == FNERR_INVALIDFILENAME) {

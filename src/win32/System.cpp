@@ -1,10 +1,9 @@
 #include "win32/System.h"
 
-#include <windows.h>
-
 #include <charconv>
 #include <cstring>
 
+#include "win32/DelayLoaded.h"
 #include "win32/Registry.h"
 
 namespace win32 {
@@ -65,24 +64,13 @@ struct DllVersionInfo {
     DWORD major = 0, minor = 0, build = 0, platform = 0;
 };
 static_assert(sizeof(DllVersionInfo) == 20);
-using DllGetVersionFunction = HRESULT(WINAPI*)(DllVersionInfo*);
 
 Result libraryVersion(LibraryVersion& version) {
-    // By its full path, so that no file of that name beside the program is ever run.
-    const HMODULE library = LoadLibraryA((folder(::GetSystemDirectoryA) + "\\shlwapi.dll").c_str());
-    if (!library) return GetLastError();
-    Result code = GetLastError();
-    if (const FARPROC address = GetProcAddress(library, "DllGetVersion")) {
-        DllGetVersionFunction get = nullptr;
-        static_assert(sizeof get == sizeof address);
-        std::memcpy(&get, &address, sizeof get);
-        DllVersionInfo info;
-        code = static_cast<Result>(get(&info));
-        if (code == Success) version = {info.major, info.minor, info.build};
-    } else {
-        code = GetLastError();
-    }
-    FreeLibrary(library);
+    const auto get = delayLoaded<HRESULT(WINAPI*)(DllVersionInfo*)>("shlwapi.dll", "DllGetVersion");
+    if (!get) return GetLastError();
+    DllVersionInfo info;
+    const auto code = static_cast<Result>(get(&info));
+    if (code == Success) version = {info.major, info.minor, info.build};
     return code;
 }
 

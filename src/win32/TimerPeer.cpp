@@ -1,10 +1,11 @@
 #include "win32/TimerPeer.h"
 
 #include "win32/FormPeer.h"
+#include "win32/PeerFactory.h"
 
 namespace win32 {
 
-TimerPeer::TimerPeer(ui::Timer& timer) : timer_(timer), window_(timer.form().peerAs<FormPeer>()->window()) {}
+TimerPeer::TimerPeer(ui::Timer& timer) : timer_(timer), window_(FormPeer::of(timer.form())->window()) {}
 
 TimerPeer::~TimerPeer() {
     KillTimer(window_, id());
@@ -18,7 +19,7 @@ void TimerPeer::applyTimer() {
     }
 }
 
-// A message can still be waiting when its timer has been stopped or has gone: the timer is looked for, not trusted.
+// A message can still be waiting when its timer has been stopped or destroyed, so the timer is looked up.
 bool TimerPeer::tick(const ui::Form& form, UINT_PTR id) {
     for (ui::Component* component : form.components()) {
         auto* timer = dynamic_cast<ui::Timer*>(component);
@@ -27,6 +28,10 @@ bool TimerPeer::tick(const ui::Form& form, UINT_PTR id) {
         return true;
     }
     return false;
+}
+
+std::unique_ptr<ui::Peer> PeerFactory::make(ui::Timer& timer) {
+    return std::make_unique<TimerPeer>(timer);
 }
 
 }  // namespace win32

@@ -1,7 +1,7 @@
-// A form's timer: the system's, which sends the form's window a message when its time has come.
+// A timer of the system, which sends the form's window a message at each interval.
 #pragma once
 
-#include "ui/Controls.h"
+#include "ui/Timer.h"
 #include "win32/WindowsHeaders.h"
 
 namespace win32 {

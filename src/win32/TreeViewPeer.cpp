@@ -1,14 +1,17 @@
+#include "ui/TreeView.h"
+
 #include <algorithm>
 
-#include "win32/ControlWindow.h"
+#include "ui/ImageList.h"
+#include "win32/ControlPeer.h"
 #include "win32/Graphics.h"
-#include "win32/Peers.h"
+#include "win32/PeerFactory.h"
 
 namespace win32 {
 
 namespace {
 
-// The tree draws from a list of its own: these, and behind them the pictures of the control's image list.
+// The tree draws from a list of its own: these, and after them the pictures of the control's image list.
 enum Image { Blank, OptionOff, OptionOn, FirstPicture };
 constexpr int OptionDiameter = 13;  // pixels at 96 to the inch
 constexpr int DefaultSize = 16;
@@ -33,9 +36,9 @@ public:
         std::swap(images_, images);
     }
 
-    // Parents are told to be open before they have children: the native tree takes the branch from there.
+    // Each node is inserted as expanded, before it has children: so its branch is open as soon as it has some.
     void applyNode(int number) override {
-        holdPainting();
+        postponePainting();
         const ui::TreeNode& node = control_.node(number);
         TVINSERTSTRUCTA place = {};
         TVITEMA& item = place.item;
@@ -57,7 +60,7 @@ public:
     }
 
     void applyCleared() override {
-        holdPainting();
+        postponePainting();
         apply(TVM_DELETEITEM, 0, TVI_ROOT);
         items_.clear();
     }
@@ -131,7 +134,7 @@ private:
 
 }  // namespace
 
-std::unique_ptr<ui::TreeView::Peer> makePeer(ui::TreeView& tree) {
+std::unique_ptr<ui::Peer> PeerFactory::make(ui::TreeView& tree) {
     return std::make_unique<TreeViewPeer>(tree);
 }
 

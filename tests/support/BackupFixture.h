@@ -6,6 +6,7 @@
 #include "app/Application.h"
 #include "errors/frmError.h"
 #include "support/TestSystem.h"
+#include "ui/ListView.h"
 #include "zones/zones.h"
 
 struct BackupFixture : testing::Test {

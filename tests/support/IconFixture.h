@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "support/TestSystem.h"
-#include "ui/Controls.h"
 #include "ui/Form.h"
+#include "ui/Image.h"
 
 struct IconFixture : testing::Test {
     TestSystem system;

@@ -1,5 +1,7 @@
 #include "support/ScriptedDesktop.h"
 
+#include "ui/Label.h"
+
 #include <gtest/gtest.h>
 
 #include <new>

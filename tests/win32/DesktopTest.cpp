@@ -2,6 +2,7 @@
 #include <stdexcept>
 
 #include "EveryControl.h"
+#include "ui/WindowHook.h"
 #include "win32/Callbacks.h"
 
 namespace {

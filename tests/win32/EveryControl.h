@@ -3,7 +3,21 @@
 
 #include <gtest/gtest.h>
 
+#include "ui/CheckBox.h"
+#include "ui/ComboBox.h"
+#include "ui/CommandButton.h"
 #include "ui/Desktop.h"
+#include "ui/Frame.h"
+#include "ui/ImageList.h"
+#include "ui/Label.h"
+#include "ui/ListView.h"
+#include "ui/Menu.h"
+#include "ui/PictureBox.h"
+#include "ui/ProgressBar.h"
+#include "ui/TabStrip.h"
+#include "ui/TextBox.h"
+#include "ui/Timer.h"
+#include "ui/TreeView.h"
 #include "win32/Desktop.h"
 #include "win32/WindowsHeaders.h"
 

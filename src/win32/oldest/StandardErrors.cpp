@@ -1,6 +1,6 @@
-// The standard library's classes of errors, for the 32-bit program: as its headers declare them, with a plain copy of
-// the text. The library's own keep it in a string that copies share, the old kind, and bring 80 KB of that into the
-// program with their first use.
+// The standard library's exception classes for the 32-bit program, as its headers declare them, each with a copy of its
+// text. The library's own definitions keep the text in the old reference-counted string, and the first use of one links
+// 80 KB of that string's code into the program.
 #include <cstdlib>
 #include <cstring>
 #include <new>
@@ -11,7 +11,7 @@ namespace std {
 
 namespace {
 
-// Where there is no memory for the text the error goes on without one.
+// Without memory for the text, the exception has none.
 const char* copied(const char* text, size_t length) {
     auto* const copy = text ? static_cast<char*>(std::malloc(length + 1)) : nullptr;
     if (!copy) return nullptr;
@@ -50,7 +50,7 @@ const char* runtime_error::what() const noexcept {
     return _M_msg._M_p ? _M_msg._M_p : "";
 }
 
-// What strings and vectors call when they are asked for what they cannot give.
+// What strings and vectors call to throw.
 void __throw_bad_alloc() {
     throw bad_alloc();
 }
@@ -64,7 +64,7 @@ void __throw_length_error(const char* text) {
     throw length_error(text);
 }
 void __throw_out_of_range_fmt(const char* text, ...) {
-    throw out_of_range(text);  // its numbers are for programmers
+    throw out_of_range(text);  // without the numbers that belong into it
 }
 
 }  // namespace std

@@ -1,7 +1,8 @@
-// PictureBox and ImageList.
-#include "win32/ControlWindow.h"
+#include "ui/PictureBox.h"
+
+#include "win32/ControlPeer.h"
 #include "win32/Graphics.h"
-#include "win32/Peers.h"
+#include "win32/PeerFactory.h"
 
 namespace win32 {
 
@@ -86,58 +87,20 @@ private:
         EndPaint(window(), &area);
     }
 
-    void lieBehind() override {
+    void childAdded() override {
         page_ = true;
         SetWindowPos(window(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        ControlPeer::childAdded();
     }
 
     PictureDrawing drawing_;
     bool page_ = false;
 };
 
-class ImageListPeer : public ui::ImageList::Peer {
-public:
-    explicit ImageListPeer(ui::ImageList& list) : list_(list), images_(makeImages(list.size())) {}
-    HIMAGELIST images() const { return images_.get(); }
-
-    void applyAdded() override {
-        addPicture(images_.get(), list_.size(), list_.picture(list_.count()));
-        tellUsers();
-    }
-    void applyCleared() override {
-        ImageList_Remove(images_.get(), -1);
-        tellUsers();
-    }
-
-private:
-    // A list can be older than the pictures it shows, and a tree keeps a copy of them.
-    void tellUsers() {
-        for (ui::Component* component : list_.form().components()) {
-            if (!component->attached()) continue;
-            if (auto* list = dynamic_cast<ui::ListView*>(component)) {
-                if (list->largeImages() == &list_ || list->smallImages() == &list_)
-                    list->peerAs<ui::ListView::Peer>()->applyImages();
-            } else if (auto* tree = dynamic_cast<ui::TreeView*>(component)) {
-                if (tree->images() == &list_) tree->peerAs<ui::TreeView::Peer>()->applyImages();
-            }
-        }
-    }
-
-    ui::ImageList& list_;
-    Images images_;
-};
-
 }  // namespace
 
-HIMAGELIST imagesOf(const ui::ImageList* list) {
-    return list && list->attached() ? list->peerAs<ImageListPeer>()->images() : nullptr;
-}
-
-std::unique_ptr<ui::Image::Peer> makePeer(ui::PictureBox& box) {
+std::unique_ptr<ui::Peer> PeerFactory::make(ui::PictureBox& box) {
     return std::make_unique<PictureBoxPeer>(box);
-}
-std::unique_ptr<ui::ImageList::Peer> makePeer(ui::ImageList& list) {
-    return std::make_unique<ImageListPeer>(list);
 }
 
 }  // namespace win32

@@ -1,12 +1,12 @@
-// Linked into the 32-bit program in place of what the compiler's own libraries would bring: functions that old
-// versions of Windows have only as stubs that fail, and code the program never needs.
+// Replaces parts of the compiler's libraries in the 32-bit program: functions that old versions of Windows have only as
+// stubs that fail, and code that the program does not need.
 #include <windows.h>
 
 #include <cstdlib>
 
 namespace {
 
-// The compiler's locks ask for the wide function and pass no name.
+// The compiler's locks call the wide function, without a name.
 HANDLE WINAPI createSemaphore(SECURITY_ATTRIBUTES* security, LONG initial, LONG maximum, const wchar_t*) {
     return CreateSemaphoreA(security, initial, maximum, nullptr);
 }
@@ -14,12 +14,12 @@ HANDLE WINAPI createSemaphore(SECURITY_ATTRIBUTES* security, LONG initial, LONG 
 }  // namespace
 
 extern "C" {
-// The slot that a call of CreateSemaphoreW goes through; ours is found before the import library's.
+// The pointer that calls of CreateSemaphoreW go through; this one is linked before the import library's.
 extern const void* const createSemaphoreSlot asm("__imp__CreateSemaphoreW@16");
 const void* const createSemaphoreSlot = reinterpret_cast<const void*>(&createSemaphore);
 }
 
-// What an exception nobody caught ends in. The library's own prints its type, which takes 50 KB of code.
+// Called for an exception that nobody catches. The library's own prints its type, which takes 50 KB of code.
 namespace __gnu_cxx {
 void __verbose_terminate_handler();
 void __verbose_terminate_handler() {

@@ -11,7 +11,7 @@
 
 namespace win32 {
 
-struct Services {
+struct NativePlatform {
     Registry registry;
     Files files;
     Modules modules;

@@ -1,0 +1,36 @@
+// Controls of one name, told apart by an index from 0: `cmdZoneOption(2)`.
+#pragma once
+
+#include <deque>
+#include <string>
+
+#include "ui/Control.h"
+
+namespace ui {
+
+template <class C>
+class ControlArray {
+public:
+    explicit ControlArray(std::string name) : name_(std::move(name)) {}
+
+    template <class... Args>
+    C& add(Parent parent, Bounds bounds, Args&&... args) {
+        return controls_.emplace_back(parent, name_, bounds, std::forward<Args>(args)..., size());
+    }
+    // For arrays that stand on the form from the last one down: each is made before the one below it.
+    template <class... Args>
+    C& addInFront(int index, Parent parent, Bounds bounds, Args&&... args) {
+        return controls_.emplace_front(parent, name_, bounds, std::forward<Args>(args)..., index);
+    }
+    C& operator()(int index) { return controls_.at(static_cast<std::size_t>(index)); }
+    const C& operator()(int index) const { return controls_.at(static_cast<std::size_t>(index)); }
+    int size() const { return static_cast<int>(controls_.size()); }
+    auto begin() { return controls_.begin(); }
+    auto end() { return controls_.end(); }
+
+private:
+    std::string name_;
+    std::deque<C> controls_;
+};
+
+}  // namespace ui

@@ -1,0 +1,24 @@
+// A box with a caption around a group of controls.
+#pragma once
+
+#include <string>
+
+#include "ui/Control.h"
+
+namespace ui {
+
+class Frame : public Control {
+public:
+    Frame(Parent parent, std::string name, Bounds bounds, std::string caption, int index = -1);
+    const std::string& caption() const { return caption_; }
+    void setCaption(std::string caption);
+    std::string accessText() const override { return caption_; }
+
+protected:
+    std::unique_ptr<ui::Peer> makePeer(PeerFactory& factory) override;
+
+private:
+    std::string caption_;
+};
+
+}  // namespace ui

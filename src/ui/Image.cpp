@@ -1,0 +1,23 @@
+#include "ui/Image.h"
+
+#include "ui/PeerFactory.h"
+
+namespace ui {
+
+Image::Image(Parent parent, std::string name, Bounds bounds, int index)
+    : Control(parent, std::move(name), bounds, index) {}
+
+void Image::setPicture(Picture picture) {
+    if (store(picture_, std::move(picture))) updatePeer(&Peer::applyPicture);
+}
+
+std::unique_ptr<ui::Peer> Image::makePeer(PeerFactory& factory) {
+    return factory.make(*this);
+}
+
+void Image::replay() {
+    Control::replay();
+    peerAs<Peer>()->applyPicture();
+}
+
+}  // namespace ui

@@ -1,0 +1,18 @@
+#include "ui/Label.h"
+
+#include "ui/PeerFactory.h"
+
+namespace ui {
+
+Label::Label(Parent parent, std::string name, Bounds bounds, std::string caption, int index)
+    : Control(parent, std::move(name), bounds, index), caption_(std::move(caption)) {}
+
+void Label::setCaption(std::string caption) {
+    if (store(caption_, std::move(caption))) updatePeer(&Peer::applyText);
+}
+
+std::unique_ptr<ui::Peer> Label::makePeer(PeerFactory& factory) {
+    return factory.make(*this);
+}
+
+}  // namespace ui

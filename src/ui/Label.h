@@ -1,0 +1,31 @@
+// A text on the form or on the box it stands in, with "&" as it is. It is drawn there and has no window of its own:
+// neither the mouse nor the focus finds it, so it has no tool tip and no access key.
+#pragma once
+
+#include <string>
+
+#include "ui/Control.h"
+
+namespace ui {
+
+class Label : public Control {
+public:
+    Label(Parent parent, std::string name, Bounds bounds, std::string caption, int index = -1);
+
+    const std::string& caption() const { return caption_; }
+    void setCaption(std::string caption);
+    bool bold() const { return bold_; }
+    Label& makeBold() {
+        bold_ = true;
+        return *this;
+    }
+
+protected:
+    std::unique_ptr<ui::Peer> makePeer(PeerFactory& factory) override;
+
+private:
+    std::string caption_;
+    bool bold_ = false;
+};
+
+}  // namespace ui

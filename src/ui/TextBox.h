@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+
+#include "ui/Control.h"
+
+namespace ui {
+
+class TextBox : public Control {
+public:
+    class Peer : public Control::Peer {
+    public:
+        virtual void applySelection() = 0;
+        virtual void applyMaxLength() = 0;
+    };
+    TextBox(Parent parent, std::string name, Bounds bounds, int index = -1);
+
+    const std::string& text() const { return text_; }
+    void setText(std::string text);  // the caret goes to the start; longer than maxLength is kept, as the system does
+    // Limits what the user can type, in bytes; 0 is no limit.
+    int maxLength() const { return maxLength_; }
+    void setMaxLength(int bytes);
+    bool multiLine() const { return multiLine_; }
+    void makeMultiLine() { multiLine_ = true; }
+
+    int selectionStart() const { return selectionStart_; }
+    int selectionLength() const { return selectionLength_; }
+    void select(int start, int length);
+    void selectAll() { select(0, static_cast<int>(text_.size())); }
+
+    // The user's entries: typed text replaces the selection; the native control reports its whole text.
+    void type(const std::string& typed);
+    void userChangedText(std::string text, int selectionStart, int selectionLength);
+    Event onChange;
+
+protected:
+    std::unique_ptr<ui::Peer> makePeer(PeerFactory& factory) override;
+    void replay() override;
+
+private:
+    std::string text_;
+    int maxLength_ = 0;
+    int selectionStart_ = 0, selectionLength_ = 0;
+    bool multiLine_ = false;
+};
+
+}  // namespace ui

@@ -1,0 +1,23 @@
+// Lets an owner of a form see its window's messages before the form does.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+
+namespace ui {
+
+// A message on its way to a form's window procedure, as far as a hook may look at it.
+struct WindowMessage {
+    unsigned message = 0;  // WM_...
+    std::uintptr_t wParam = 0;
+    std::uintptr_t lParam = 0;
+    int notification = 0;  // the code in the NMHDR of a WM_NOTIFY, else 0
+};
+inline constexpr unsigned WmNotify = 78;   // WM_NOTIFY
+inline constexpr int LvnBeginDrag = -109;  // LVN_BEGINDRAG
+
+// Answers a message itself, or nothing to pass it on.
+using WindowHook = std::function<std::optional<std::intptr_t>(const WindowMessage&)>;
+
+}  // namespace ui

@@ -1,0 +1,30 @@
+#include "ui/Label.h"
+
+#include "win32/PeerFactory.h"
+#include "win32/WindowlessPeer.h"
+
+namespace win32 {
+
+namespace {
+
+class LabelPeer : public WindowlessPeer<ui::Label> {
+public:
+    using WindowlessPeer::WindowlessPeer;
+
+private:
+    void drawIn(HDC form, RECT area) override {
+        const Selected font(form, form_.screen().font(control_.bold()));
+        SetBkMode(form, TRANSPARENT);
+        SetTextColor(form, GetSysColor(control_.enabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
+        DrawTextA(form, control_.caption().c_str(), static_cast<int>(control_.caption().size()), &area,
+                  DT_LEFT | DT_WORDBREAK | DT_EXPANDTABS | DT_NOPREFIX);
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<ui::Peer> PeerFactory::make(ui::Label& label) {
+    return std::make_unique<LabelPeer>(label);
+}
+
+}  // namespace win32

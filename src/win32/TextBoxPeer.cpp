@@ -1,0 +1,47 @@
+#include "ui/TextBox.h"
+
+#include "win32/ControlPeer.h"
+#include "win32/PeerFactory.h"
+
+namespace win32 {
+
+namespace {
+
+class TextBoxPeer : public ControlPeer<ui::TextBox> {
+public:
+    explicit TextBoxPeer(ui::TextBox& box)
+        : ControlPeer(
+              box, {"EDIT", box.multiLine() ? DWORD{ES_MULTILINE | ES_AUTOVSCROLL | WS_VSCROLL} : DWORD{ES_AUTOHSCROLL},
+                    WS_EX_CLIENTEDGE}) {}
+
+    void applyText() override { apply(WM_SETTEXT, 0, control_.text().c_str()); }
+    void applyMaxLength() override { apply(EM_LIMITTEXT, static_cast<WPARAM>(control_.maxLength())); }
+    void applySelection() override {
+        const int start = control_.selectionStart();
+        apply(EM_SETSEL, static_cast<WPARAM>(start), static_cast<LPARAM>(start + control_.selectionLength()));
+    }
+
+    void command(int code) override {
+        if (code != EN_CHANGE) return;
+        std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window())) + 1, '\0');
+        text.resize(static_cast<std::size_t>(GetWindowTextA(window(), text.data(), static_cast<int>(text.size()))));
+        DWORD start = 0, end = 0;
+        SendMessageA(window(), EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+        control_.userChangedText(std::move(text), static_cast<int>(start), static_cast<int>(end - start));
+    }
+
+private:
+    // A box of several lines would keep Tab, Enter and Esc for itself.
+    std::optional<LRESULT> message(UINT message, WPARAM w, LPARAM l) override {
+        if (message != WM_GETDLGCODE || !control_.multiLine()) return std::nullopt;
+        return native(message, w, l) & ~(DLGC_WANTALLKEYS | DLGC_WANTTAB);
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<ui::Peer> PeerFactory::make(ui::TextBox& box) {
+    return std::make_unique<TextBoxPeer>(box);
+}
+
+}  // namespace win32
