@@ -67,7 +67,7 @@ void iconSelector(Machine& machine) {
     owner.show();
     int ours = 0, bare = 0;
     const auto select = [&](int) {
-        frmIconSelector selector(machine.program, "", target);
+        frmIconSelector selector(machine.program.platform, "", target, nullptr);
         selector.load();
         selector.show();
         while (selector.tmrLoad.enabled()) machine.settle();

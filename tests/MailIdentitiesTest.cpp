@@ -77,7 +77,7 @@ TEST_F(MailIdentities, AreMovedAndLockedByAClickOrByEnterButNotByLookingAround) 
     open([&](frmOESecurity& form) {
         form.lsvOEZones.choose(2);
         moved(3);
-        expectError("frmOESecurity.lsvOEZones_ItemClick", "ABC");
+        expectError("frmOESecurity.lsvOEZones_ItemClick", "abc");
         form.lsvOEZones.click(6);  // a zone without number
         moved(3);
         form.lsvOEZones.choose(5);

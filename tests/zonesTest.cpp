@@ -12,14 +12,23 @@ const std::string Zones = ZonesKey;
 const std::string Templates = TemplatesKey;
 
 TEST(Zones, LevelsAreConvertedBetweenNameAndNumberExactly) {
-    for (const Level& level : Levels) {
+    const struct {
+        const char *name, *decimal, *hexadecimal;
+        std::uint32_t number;
+    } levels[] = {{"High", "73728", "12000", 73728},
+                  {"Medium", "69632", "11000", 69632},
+                  {"Medium-Low", "66816", "10500", 66816},
+                  {"Low", "65536", "10000", 65536},
+                  {"Custom", "0", "0", 0}};
+    int place = 0;
+    for (const auto& level : levels) {
         EXPECT_EQ(GetSecurity(level.name), level.decimal);
         EXPECT_EQ(GetSecurity(level.decimal), level.name);
-        EXPECT_EQ(Levels[static_cast<std::size_t>(*levelIndex(std::stod(level.decimal)))].name, level.name);
+        EXPECT_EQ(GetSecurity(level.hexadecimal), level.name);
+        EXPECT_EQ(levelIndex(level.number), place++);
     }
-    EXPECT_EQ(GetSecurity("12000") + GetSecurity("10500"), "HighMedium-Low");
     for (const char* text : {"", "high", "073728", "70000"}) EXPECT_EQ(GetSecurity(text), "") << text;
-    for (const double number : {70000.0, -1.0, 66816.5}) EXPECT_FALSE(levelIndex(number));
+    for (const std::uint32_t number : {70000u, 1u, 0xFFFFFFFFu}) EXPECT_FALSE(levelIndex(number)) << number;
 }
 
 TEST(Zones, OnlyNumbersAsTheSystemWritesThemAreZoneNumbers) {

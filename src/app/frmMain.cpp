@@ -205,21 +205,16 @@ void frmMain::lvwZones_ItemClick(int item) {
 
 void frmMain::ShowZone(int item, basMain::IconCache& icons) {
     procedure("frmMain.lvwZones_ItemClick", [&] {
-        clsRegistry& registry = context_.registry;
         selection_.zone = lvwZones.item(item).tag;
-
-        zones::goToZones(registry);
-        if (registry.HasKeys()) {
-            picZoneIcon.clear();
-            zones::goToZone(registry, selection_.zone);
-            const ZoneIcon icon = zoneIconOf(context_, registry.ValueOf("Icon"));
-            basMain::ExtractIcon(icons, icon.reference, "#", 32, picZoneIcon);
-            selection_.iconFile = icon.file;
-            selection_.iconResource = icon.resource;
-        }
-        lblZoneName.setCaption(textOr(registry.ValueOf("DisplayName"), "Missing Name"));
-        lblZoneCaption.setCaption(textOr(registry.ValueOf("Description"), "Missing Description"));
-        UpdateLabels(selection_.zone);
+        const zones::ZoneRecord zone = zones::readZone(context_.registry, selection_.zone);
+        picZoneIcon.clear();
+        const ZoneIcon icon = zoneIconOf(context_.platform, zone.texts.icon);
+        basMain::ExtractIcon(icons, icon.reference, "#", 32, picZoneIcon);
+        selection_.iconFile = icon.file;
+        selection_.iconResource = icon.resource;
+        lblZoneName.setCaption(textOr(zone.texts.name, "Missing Name"));
+        lblZoneCaption.setCaption(textOr(zone.texts.description, "Missing Description"));
+        ShowAtAGlance(zone);
 
         cmdZoneOption(2).setEnabled(!zones::isBuiltIn(selection_.zone));
         mnuEditDelete.setEnabled(false);  // always: deleting is offered by the button alone
@@ -227,41 +222,32 @@ void frmMain::ShowZone(int item, basMain::IconCache& icons) {
 }
 
 void frmMain::UpdateLabels(const std::string& zone) {
-    procedure("frmMain.UpdateLabels", [&] {
-        GetRecMinSettings(zone);
-        lblFlags.setCaption(GetFlags(zone));
-    });
+    procedure("frmMain.UpdateLabels", [&] { ShowAtAGlance(zones::readZone(context_.registry, zone)); });
 }
 
-std::string frmMain::GetFlags(const std::string& zone) {
-    return procedure("frmMain.GetFlags", [&]() -> std::string {
-        clsRegistry& registry = context_.registry;
-        zones::goToZones(registry);
-        if (!registry.HasKeys()) return {};
-        zones::goToZone(registry, zone);
-        const auto flags = registry.ValueOf("Flags");
-        return flags && !flags->text.empty() ? flags->display : "Missing";
-    });
+void frmMain::ShowAtAGlance(const zones::ZoneRecord& zone) {
+    GetRecMinSettings(zone.levels);
+    lblFlags.setCaption(GetFlags(zone.flags));
+}
+
+std::string frmMain::GetFlags(const NumberReading& flags) {
+    return procedure("frmMain.GetFlags", [&] { return flags.display.empty() ? "Missing" : flags.display; });
 }
 
 // A level that is absent or none of the five leaves its label as it was for the zone before.
-void frmMain::GetRecMinSettings(const std::string& zone) {
+void frmMain::GetRecMinSettings(const zones::ZoneLevels& levels) {
     procedure("frmMain.GetRecMinSettings", [&] {
-        clsRegistry& registry = context_.registry;
-        zones::goToZone(registry, zone);
         const struct {
-            const char* value;
+            const NumberReading& stored;
             ui::Label& label;
             const char* zero;
-        } levels[] = {{"RecommendedLevel", lblRec, "**Missing**"},
-                      {"MinLevel", lblMin, "**Missing**"},
-                      {"CurrentLevel", lblCurrent, "Custom"}};
-        for (const auto& level : levels) {
-            ValueType type = ValueType::String;
-            const auto value = registry.ValueOf(level.value, type);
-            if (!value || type != ValueType::Dword) continue;
-            if (const auto index = zones::levelIndex(value->number))
-                level.label.setCaption(value->number == 0 ? level.zero : zones::Levels[*index].name);
+        } rows[] = {{levels.recommended, lblRec, "**Missing**"},
+                    {levels.minimum, lblMin, "**Missing**"},
+                    {levels.current, lblCurrent, "Custom"}};
+        for (const auto& row : rows) {
+            if (!row.stored.present()) continue;
+            if (const auto level = zones::levelIndex(row.stored.number))
+                row.label.setCaption(row.stored.number == 0 ? row.zero : zones::Levels[*level].name);
         }
     });
 }
@@ -320,8 +306,7 @@ void frmMain::DeleteSelectedZone() {
         if (answer != ui::Answer::Yes && answer != ui::Answer::No) return;  // the system could not ask
         if (answer == ui::Answer::Yes) {
             for (const std::string& key : sites.keys) {
-                registry.cD("\\");
-                registry.cD(zones::DomainsKey);
+                registry.goTo(zones::DomainsKey);
                 registry.DeleteKey(key);
             }
             basMain::DeleteEmptyDomains(registry);

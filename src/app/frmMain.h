@@ -16,6 +16,7 @@
 #include "ui/ListView.h"
 #include "ui/Menu.h"
 #include "ui/Timer.h"
+#include "zones/ZoneRecord.h"
 #include "zones/zones.h"
 
 class frmMain : public ui::Form, public forms::MainWindow {
@@ -90,8 +91,9 @@ private:
     void tmrIconSpace_Timer();
     void tmrImport_Timer();
 
-    std::string GetFlags(const std::string& zone);
-    void GetRecMinSettings(const std::string& zone);
+    void ShowAtAGlance(const zones::ZoneRecord& zone);
+    std::string GetFlags(const NumberReading& flags);
+    void GetRecMinSettings(const zones::ZoneLevels& levels);
     void DeleteSelfHealCount();
     void SetFormAttributes();
     void WriteFirstAttributes();

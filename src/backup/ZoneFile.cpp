@@ -37,7 +37,7 @@ std::string fieldText(clsRegistry& registry, const FieldSource& source) {
 ZoneFields readZone(forms::Context& context, const std::string& zone) {
     zones::goToZone(context.registry, zone);
     ZoneFields fields;
-    fields[Icon] = zoneIconOf(context, context.registry.ValueOf(Sources[Icon].value)).reference;
+    fields[Icon] = zoneIconOf(context.platform, context.registry.readText(Sources[Icon].value)).reference;
     for (std::size_t field = Name; field < FieldCount; ++field)
         fields[field] = fieldText(context.registry, Sources[field]);
     return fields;

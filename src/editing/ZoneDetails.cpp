@@ -71,9 +71,9 @@ bool ZoneDetails::Given(ui::TextBox& box, const char* message) {
 
 void ZoneDetails::Write() {
     clsRegistry& registry = context_.registry;
-    registry.ValueOf("DisplayName", ValueType::String, txtZoneName.text());
-    registry.ValueOf("Description", ValueType::String, txtZoneDescription.text());
-    registry.ValueOf("Icon", ValueType::String, selection.iconFile + "#" + selection.iconResource);
+    registry.writeText(zones::value::DisplayName, txtZoneName.text());
+    registry.writeText(zones::value::Description, txtZoneDescription.text());
+    registry.writeText(zones::value::Icon, selection.iconFile + "#" + selection.iconResource);
 }
 
 void ZoneDetails::ChooseIcon() {

@@ -15,6 +15,7 @@
 #include "util/procedure.h"
 #include "zones/Defaults.h"
 #include "zones/Templates.h"
+#include "zones/ZoneRecord.h"
 
 namespace {
 
@@ -93,8 +94,7 @@ void frmEdit::Form_Load() {
 void frmEdit::TakeSelection() {
     zones::Selection& own = general.details.selection;
     zones::goToZone(context_.registry, own.zone);
-    const auto icon = context_.registry.ValueOf("Icon");
-    if (icon && icon->text.find('#') != std::string::npos) return;
+    if (context_.registry.readText(zones::value::Icon).text.find('#') != std::string::npos) return;
     // The main window shows the program's icon for a zone that has none; that is not to become the zone's.
     own.iconFile.clear();
     own.iconResource.clear();
@@ -104,13 +104,12 @@ void frmEdit::TakeSelection() {
 void frmEdit::RepairMyComputer() {
     clsRegistry& registry = context_.registry;
     zones::goToZone(registry, "0");
-    ValueType type = ValueType::String;
-    const auto minimum = registry.ValueOf("MinLevel", type);
-    if (!minimum || type != ValueType::Dword || minimum->number != 0) return;
+    const NumberReading minimum = registry.readNumber(zones::value::MinLevel);
+    if (!minimum.present() || minimum.number != 0) return;
     forms::change(context_, "0", [&] {
-        constexpr double Low = 65536;
-        registry.ValueOf("MinLevel", ValueType::Dword, Low);
-        registry.ValueOf("RecommendedLevel", ValueType::Dword, Low);
+        constexpr std::uint32_t Low = 65536;
+        registry.writeNumber(zones::value::MinLevel, Low);
+        registry.writeNumber(zones::value::RecommendedLevel, Low);
     });
 }
 
@@ -176,7 +175,8 @@ void frmEdit::GetFlags() {
         std::uint32_t bits = zones::MissingFlags;
         if (registry.HasKeys()) {
             zones::goToZone(registry, zone());
-            if (const auto stored = registry.ValueOf("Flags")) bits = static_cast<std::uint32_t>(stored->number);
+            if (const NumberReading stored = zones::readFlags(registry); stored.found != Found::Absent)
+                bits = stored.number;
         }
         ShowFlags(bits);
     });
@@ -204,7 +204,7 @@ void frmEdit::SaveFlags() {
         if (box.checked()) sum += util::wholeNumber(box.tag()).value_or(0);
     forms::change(context_, zone(), [&] {
         zones::goToZone(context_.registry, zone());
-        context_.registry.ValueOf("Flags", ValueType::Dword, static_cast<double>(sum));
+        context_.registry.writeNumber(zones::value::Flags, sum);
     });
 }
 
@@ -212,7 +212,8 @@ void frmEdit::SaveFlags() {
 
 void frmEdit::GetRecMinSettings() {
     procedure("frmEdit.GetRecMinSettings", [&] {
-        const bool found = forms::goToZoneByPlace(context_.registry, zone());
+        const std::string place = zones::zoneAtPlace(context_.registry, zone());
+        const bool found = !place.empty() && zones::goToZone(context_.registry, place) == Found::Present;
         for (int i = 0; i < levels.cboSetting.size(); ++i) {
             if (found) ReadLevel(i);
             cboSetting_Click(i);
@@ -223,10 +224,9 @@ void frmEdit::GetRecMinSettings() {
 // A level that is none of those that can be chosen leaves label and box as they are.
 void frmEdit::ReadLevel(int index) {
     const auto row = static_cast<std::size_t>(index);
-    ValueType type = ValueType::String;
-    const auto value = context_.registry.ValueOf(LevelRows[row].value, type);
-    if (!value || type != ValueType::Dword) return;
-    const auto level = zones::levelIndex(value->number);
+    const NumberReading stored = context_.registry.readNumber(LevelRows[row].value);
+    if (!stored.present()) return;
+    const auto level = zones::levelIndex(stored.number);
     if (!level) return;
     const bool custom = *level >= zones::OfferedLevels;
     if (custom && index != CurrentLevel) return;
@@ -266,7 +266,7 @@ bool frmEdit::SaveLevel(int index, const std::string& chosen) {
                                  : index == RecommendedLevel ? defaults.recommendedLevel
                                                              : defaults.minimumLevel;
     zones::goToZone(registry, zone());
-    registry.ValueOf(LevelRows[static_cast<std::size_t>(index)].value, ValueType::Dword, static_cast<double>(number));
+    registry.writeNumber(LevelRows[static_cast<std::size_t>(index)].value, number);
     return true;
 }
 

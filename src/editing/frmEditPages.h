@@ -36,9 +36,9 @@ struct LevelRow {
     const char* value;  // in the zone's key
 };
 inline constexpr std::array<LevelRow, 3> LevelRows{{
-    {"Recommended Level", "lblRecCurrent", "RecommendedLevel"},
-    {"Minimum Level", "lblMinCurrent", "MinLevel"},
-    {"Current Level", "lblCurrent", "CurrentLevel"},
+    {"Recommended Level", "lblRecCurrent", zones::value::RecommendedLevel},
+    {"Minimum Level", "lblMinCurrent", zones::value::MinLevel},
+    {"Current Level", "lblCurrent", zones::value::CurrentLevel},
 }};
 enum LevelIndex { RecommendedLevel, MinimumLevel, CurrentLevel };
 

@@ -11,6 +11,7 @@
 #include "util/clsStrings.h"
 #include "util/numbers.h"
 #include "util/procedure.h"
+#include "zones/ZoneRecord.h"
 #include "zones/zones.h"
 
 namespace {
@@ -29,8 +30,7 @@ constexpr ui::Twips ButtonTop = Client.height - Margin - ButtonHeight;
 constexpr ui::Twips TreeHeight = ButtonTop - 2 * Margin;
 
 std::string textOf(clsRegistry& registry, const char* name) {
-    const auto value = registry.ValueOf(name);
-    return value ? value->text : std::string();
+    return registry.readText(name).text;
 }
 
 // Runs `visit` with the session in each subkey in turn.
@@ -51,11 +51,13 @@ void forEachKey(clsRegistry& registry, Visit visit) {
 // The zone's values while the tree is being filled: a session of their own, as the shared one stands among
 // the settings then, and each value read once for all options of its setting.
 struct frmSecurity::ZoneValues {
-    ZoneValues(platform::Platform& platform, const std::string& zone)
-        : session(platform), found(forms::goToZoneByPlace(session, zone)) {}
+    ZoneValues(platform::Platform& platform, const std::string& zone) : session(platform) {
+        const std::string place = zones::zoneAtPlace(session, zone);
+        found = !place.empty() && zones::goToZone(session, place) == Found::Present;
+    }
 
     clsRegistry session;
-    bool found;
+    bool found = false;
     std::unordered_map<std::string, std::optional<std::int32_t>> read;
 };
 
@@ -90,8 +92,7 @@ void frmSecurity::FillTree() {
     procedure("frmSecurity.FillTree", [&] {
         ZoneValues values(context_.platform, zone_);
         clsRegistry& registry = context_.registry;
-        registry.cD("\\");
-        registry.cD(SettingsKey);
+        registry.goTo(SettingsKey);
         forEachKey(registry, [&] { AddGroup(values); });
         if (TVMRTreeView1.count() > 0) TVMRTreeView1.ensureVisible(1);
     });
@@ -128,18 +129,16 @@ std::string frmSecurity::SettingCaption() {
 void frmSecurity::AddOption(ZoneValues& values, int setting) {
     clsRegistry& registry = context_.registry;
     const std::string name = textOf(registry, "ValueName");
-    ValueType type = ValueType::String;
-    const auto checked = registry.ValueOf("CheckedValue", type);
-    if (name.empty() && !checked) return;
+    const NumberReading checked = registry.readNumber("CheckedValue");
+    if (name.empty() && checked.found == Found::Absent) return;
 
     ui::TreeNode option;
     option.text = textOf(registry, "Text");
     option.parent = setting;
-    if (checked && type == ValueType::Dword && !name.empty() && name.find_first_of(",\"") == std::string::npos) {
+    if (checked.present() && !name.empty() && name.find_first_of(",\"") == std::string::npos) {
         option.option = true;
-        option.tag = name + "," + checked->display;
-        option.selected =
-            GetValue(values, name) == static_cast<std::int32_t>(static_cast<std::uint32_t>(checked->number));
+        option.tag = name + "," + checked.display;
+        option.selected = GetValue(values, name) == static_cast<std::int32_t>(checked.number);
     }
     TVMRTreeView1.add(option);
 }
@@ -177,10 +176,8 @@ std::optional<std::int32_t> frmSecurity::GetValue(ZoneValues& values, const std:
         if (!values.found) return std::nullopt;
         const auto [entry, isNew] = values.read.try_emplace(name);
         if (isNew) {
-            ValueType type = ValueType::String;
-            const auto value = values.session.ValueOf(name, type);
-            if (value && type == ValueType::Dword)
-                entry->second = static_cast<std::int32_t>(static_cast<std::uint32_t>(value->number));
+            const NumberReading stored = values.session.readNumber(name);
+            if (stored.present()) entry->second = static_cast<std::int32_t>(stored.number);
         }
         return entry->second;
     });
@@ -199,8 +196,8 @@ void frmSecurity::TVMRTreeView1_OptionClick(int node) {
         clsRegistry& registry = context_.registry;
         const bool written = forms::change(context_, zone_, [&] {
             zones::goToZone(registry, zone_);
-            registry.ValueOf("CurrentLevel", ValueType::Dword, 0.0);
-            registry.ValueOf(name, ValueType::Dword, static_cast<double>(*number));
+            registry.writeNumber(zones::value::CurrentLevel, 0);
+            registry.writeNumber(name, *number);
         });
         ui::raise(onWritten);
         context_.mainWindow->UpdateLabels(zone_);

@@ -91,13 +91,11 @@ IEInfo GetIEInfo() {
         return value ? value->text : std::string(missing);
     };
     IEInfo info;
-    registry.cD("\\");
-    registry.cD("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Internet Explorer");
+    registry.goTo("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Internet Explorer");
     info.customizedVersion = text("CustomizedVersion", "Not a custom version");
     info.version = text("Version", "No setting");
     info.build = text("Build", "No setting");
-    registry.cD("\\");
-    registry.cD("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings");
+    registry.goTo("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings");
     info.updates = text("MinorVersion", "No setting");
     return info;
 }

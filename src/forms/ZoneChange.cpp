@@ -7,15 +7,6 @@
 
 namespace forms {
 
-bool goToZoneByPlace(clsRegistry& registry, const std::string& zone) {
-    zones::goToZones(registry);
-    const auto keys = registry.DirKey();
-    const auto place = zones::numberOf(zone);
-    if (!keys || !place || *place >= keys->size()) return false;
-    registry.cD((*keys)[*place]);
-    return true;
-}
-
 bool change(forms::Context& context, const std::string& zone, const std::function<void()>& change) {
     const clsRegistry::FailureWatch watch(context.registry);
     change();

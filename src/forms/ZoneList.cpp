@@ -2,25 +2,26 @@
 
 #include "util/Error.h"
 #include "util/clsStrings.h"
+#include "zones/ZoneRecord.h"
 #include "zones/zones.h"
 
-ZoneIcon zoneIconOf(forms::Context& context, const std::optional<RegistryValue>& icon) {
+ZoneIcon zoneIconOf(platform::Platform& platform, const TextReading& icon) {
     clsStrings strings;
-    std::string reference = icon ? icon->text : std::string();
+    std::string reference = icon.text;
     try {
         if (strings.Initialise(reference, "#") < 2) reference.clear();
     } catch (const util::Error&) {
         reference.clear();  // quotes that lead nowhere: no file has such a name
     }
     if (reference.empty()) {
-        reference = basMain::DefaultIconReference(context.platform);
+        reference = basMain::DefaultIconReference(platform);
         strings.Initialise(reference, "#");
     }
     return {reference, strings.ElementAsString(1), strings.ElementAsString(2)};
 }
 
-std::string textOr(const std::optional<RegistryValue>& value, const char* missing) {
-    return value && !value->text.empty() ? value->text : missing;
+std::string textOr(const TextReading& value, const char* missing) {
+    return value.empty() ? missing : value.text;
 }
 
 void fillZoneList(forms::Context& context, const ZoneListControls& controls, basMain::IconCache& icons) {
@@ -31,15 +32,12 @@ void fillZoneList(forms::Context& context, const ZoneListControls& controls, bas
     zones::goToZones(registry);
     const auto keys = registry.DirKey();
     if (!keys) return;
-    for (const std::string& key : *keys) {
-        zones::goToZone(registry, key);
-        const std::string& path = registry.CurrentKey();
-        const std::string zone = path.substr(path.rfind('\\') + 1);
-
-        const std::string icon = zoneIconOf(context, registry.ValueOf("Icon")).reference;
-        basMain::ExtractIcon(icons, icon, "#", 32, controls.holder);
+    for (const std::string& zone : *keys) {
+        zones::goToZone(registry, zone);
+        const zones::ZoneTexts texts = zones::readTexts(registry);
+        basMain::ExtractIcon(icons, zoneIconOf(context.platform, texts.icon).reference, "#", 32, controls.holder);
         const int image = controls.images.add(controls.holder.picture());
-        controls.list.add({textOr(registry.ValueOf("DisplayName"), "Missing Name"), image, zone, {}});
+        controls.list.add({textOr(texts.name, "Missing Name"), image, zone, {}});
         controls.holder.clear();
     }
 }

@@ -1,7 +1,6 @@
 // What every window that lists the zones does alike.
 #pragma once
 
-#include <optional>
 #include <string>
 
 #include "forms/Context.h"
@@ -16,10 +15,10 @@ struct ZoneIcon {
     std::string file;
     std::string resource;
 };
-ZoneIcon zoneIconOf(forms::Context& context, const std::optional<RegistryValue>& icon);
+ZoneIcon zoneIconOf(platform::Platform& platform, const TextReading& icon);
 
 // The text of a value, or `missing` when it is missing or empty.
-std::string textOr(const std::optional<RegistryValue>& value, const char* missing);
+std::string textOr(const TextReading& value, const char* missing);
 
 // The controls that a list of zones is filled through.
 struct ZoneListControls {

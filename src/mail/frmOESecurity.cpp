@@ -62,10 +62,9 @@ void frmOESecurity::lsvOEZones_ItemClick(int item) {
                               "The zone \"" + key + "\" has no number that Outlook Express could keep.");
         clsRegistry& registry = context_.registry;
         const clsRegistry::FailureWatch watch(registry);
-        registry.cD("\\");
-        registry.cD(IdentityPath);
-        registry.ValueOf(mail::ZoneValue, ValueType::Dword, static_cast<double>(*zone));
-        registry.ValueOf(mail::LockValue, ValueType::Dword, 1.0);
+        registry.cD("\\" + IdentityPath);
+        registry.writeNumber(mail::ZoneValue, *zone);
+        registry.writeNumber(mail::LockValue, 1);
         if (watch.failed())
             errors::tell(context_.platform,
                          "The registry refused a change. Outlook Express may still be in another zone.");

@@ -20,14 +20,13 @@ std::string menuCaption(const std::string& name) {
 
 void fillMenu(forms::Context& context, ui::MenuItem& menu, const std::function<void(int index)>& onClick) {
     clsRegistry& registry = context.registry;
-    registry.cD("\\");
-    registry.cD(IdentitiesKey);
+    registry.goTo(IdentitiesKey);
     const auto keys = registry.DirKey();
     if (!keys) return;
     int index = 0;
     for (const std::string& key : *keys) {
         registry.cD(key);
-        const std::string caption = menuCaption(textOr(registry.ValueOf("Username"), "Missing Name"));
+        const std::string caption = menuCaption(textOr(registry.readText("Username"), "Missing Name"));
         registry.cD("..");
 
         ui::MenuItem& item = index == 0 ? menu.items().front() : menu.add("mnuOEUser", caption, index);
@@ -46,13 +45,12 @@ std::string zoneNameOf(forms::Context& context, const std::string& identity) {
     if (!registry.IsValidKey(platform::HKeyCurrentUser, std::string(util::trimmed(settings.substr(root + 1)))))
         throw util::Error(util::NumberFileNotFound, "frmMain",
                           "This identity has no mail settings: Outlook Express has not been used with it yet.");
-    registry.cD("\\");
-    registry.cD(settings);
+    registry.cD("\\" + settings);
     // A fresh installation has not written a zone: then there is none to name, like for a zone that does not exist.
-    const auto zone = registry.ValueOf(ZoneValue);
-    if (!zone) return textOr({}, "Missing Name");
-    zones::goToZone(registry, zone->display);
-    return textOr(registry.ValueOf("DisplayName"), "Missing Name");
+    const NumberReading zone = registry.readNumber(ZoneValue);
+    if (zone.display.empty()) return textOr({}, "Missing Name");
+    zones::goToZone(registry, zone.display);
+    return textOr(registry.readText(zones::value::DisplayName), "Missing Name");
 }
 
 }  // namespace mail

@@ -82,6 +82,14 @@ void clsRegistry::CdExt(const std::string& wanted, AccessMask access) {
     });
 }
 
+Found clsRegistry::goTo(const std::string& path) {
+    const std::uint32_t before = failures_;
+    // With a backslash at the end the last name is taken as it stands, ".." and trailing blanks among them.
+    cD((path.starts_with('\\') ? path : "\\" + path) + "\\");
+    if (handle_) return Found::Present;
+    return failures_ == before ? Found::Absent : Found::Unreadable;
+}
+
 std::string clsRegistry::strRoot(const std::string& path) {
     return procedure("clsRegistry.strRoot", [&] {
         const auto end = path.find('\\', 1);

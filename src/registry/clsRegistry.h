@@ -36,6 +36,27 @@ struct ListedValue {
     std::uint32_t number = 0;  // of a DWORD
 };
 
+// How a key or value was found: whoever would write over it must tell what is not there from what could not be read.
+enum class Found { Present, Absent, OtherType, Unreadable };
+
+// A text as it is stored. A value of another type has the text that ValueOf gives for it.
+struct TextReading {
+    Found found = Found::Absent;
+    std::string text;
+    bool empty() const { return text.empty(); }
+    // Missing values are no failure, unreadable ones and those of another type are.
+    bool usable() const { return found == Found::Present || found == Found::Absent; }
+};
+
+// A DWORD. `display` is its plain decimal, and for a value of another type the text that ValueOf gives for it.
+struct NumberReading {
+    Found found = Found::Absent;
+    std::uint32_t number = 0;
+    std::string display;
+    bool present() const { return found == Found::Present; }
+    bool usable() const { return found == Found::Present || found == Found::Absent; }
+};
+
 // A value on its way into the registry. A DWORD must come as a double: an integer is a type mismatch.
 using Variant = std::variant<std::string, platform::Bytes, double, std::int32_t>;
 
@@ -49,6 +70,9 @@ public:
     const std::string& CurrentKey() const;
     // "\" is the top, ".." the parent, "." this key again; absolute paths begin with "\" (at the top with or without).
     void cD(const std::string& path);
+    // Moves to an absolute path, with or without the backslash at its front, in one step. The names of keys count as
+    // they stand, ".." and blanks at the end among them. Absent and Unreadable leave the session as a failed cD does.
+    Found goTo(const std::string& path);
     // Names of the subkeys in the system's order, at the top the roots; nothing when there are none.
     std::optional<std::vector<std::string>> DirKey();
     // All values in the system's order; nothing when there are none.
@@ -62,6 +86,11 @@ public:
     void ValueOf(const std::string& name, ValueType type, const Variant& value);
     // `type` as a number from outside: class error 4 for one that does not exist.
     void ValueOf(const std::string& name, int type, const Variant& value);
+
+    TextReading readText(const std::string& name);
+    NumberReading readNumber(const std::string& name);
+    void writeText(const std::string& name, const std::string& text);
+    void writeNumber(const std::string& name, std::uint32_t number);
 
     void MakeKey(const std::string& name);    // with the whole chain; the session stays where it is
     void DeleteKey(const std::string& name);  // one level
@@ -98,7 +127,15 @@ public:
 private:
     friend struct clsRegistryTest;
 
+    // The stored form of a value.
+    struct Stored {
+        platform::Result code = platform::FileNotFound;
+        platform::RegType type = platform::RegNone;
+        platform::Bytes data;
+    };
+
     void CdExt(const std::string& path, platform::AccessMask access);
+    Stored read(const std::string& name);
     static std::string strRoot(const std::string& path);  // of an absolute path
     static std::string strPath(const std::string& path);  // what follows the root, without backslash
     void CheckApiResult(platform::Result code);

@@ -17,6 +17,12 @@ ValueType typeOf(RegType stored) {
     return stored == RegBinary ? ValueType::Binary : stored == RegDword ? ValueType::Dword : ValueType::String;
 }
 
+// A key that is not there has the handle 0, an invalid one.
+Found foundBy(Result code) {
+    if (code == Success) return Found::Present;
+    return code == FileNotFound || code == InvalidHandle ? Found::Absent : Found::Unreadable;
+}
+
 RegistryValue readValue(ValueType type, std::span<const std::uint8_t> data) {
     switch (type) {
         case ValueType::Binary: {
@@ -78,22 +84,57 @@ std::optional<RegistryValue> clsRegistry::ValueOf(const std::string& name) {
 std::optional<RegistryValue> clsRegistry::ValueOf(const std::string& name, ValueType& type) {
     type = ValueType::String;
     return procedure("clsRegistry.ValueOf [Get]", [&]() -> std::optional<RegistryValue> {
-        if (!currentPath_.empty()) Require(KeyQueryValue);
-        // Nearly every value fits at once; a larger one tells its size, and may have grown again by the next call.
-        Bytes data(256, 0);
-        RegType stored = RegNone;
-        std::uint32_t size;
-        Result code;
-        do {
-            size = static_cast<std::uint32_t>(data.size());
-            code = platform_.registry.RegQueryValueExA(handle_, name, stored, data.data(), size);
-        } while (code == MoreData && Grow(data, size));
-        CheckApiResult(code);
-        if (code != Success) return std::nullopt;
-        type = typeOf(stored);
-        if (size == 0) return std::nullopt;
-        return readValue(type, {data.data(), size});
+        const Stored stored = read(name);
+        if (stored.code != Success) return std::nullopt;
+        type = typeOf(stored.type);
+        if (stored.data.empty()) return std::nullopt;
+        return readValue(type, stored.data);
     });
+}
+
+clsRegistry::Stored clsRegistry::read(const std::string& name) {
+    if (!currentPath_.empty()) Require(KeyQueryValue);
+    // Nearly every value fits at once; a larger one tells its size, and may have grown again by the next call.
+    Stored stored;
+    stored.data.resize(256);
+    std::uint32_t size;
+    do {
+        size = static_cast<std::uint32_t>(stored.data.size());
+        stored.code = platform_.registry.RegQueryValueExA(handle_, name, stored.type, stored.data.data(), size);
+    } while (stored.code == MoreData && Grow(stored.data, size));
+    CheckApiResult(stored.code);
+    stored.data.resize(stored.code == Success ? size : 0);
+    return stored;
+}
+
+TextReading clsRegistry::readText(const std::string& name) {
+    return procedure("clsRegistry.ValueOf [Get]", [&]() -> TextReading {
+        const Stored stored = read(name);
+        if (const Found found = foundBy(stored.code); found != Found::Present) return {found, {}};
+        const ValueType type = typeOf(stored.type);
+        const std::string text = stored.data.empty() ? std::string() : readValue(type, stored.data).text;
+        return {type == ValueType::String ? Found::Present : Found::OtherType, text};
+    });
+}
+
+NumberReading clsRegistry::readNumber(const std::string& name) {
+    return procedure("clsRegistry.ValueOf [Get]", [&]() -> NumberReading {
+        const Stored stored = read(name);
+        if (const Found found = foundBy(stored.code); found != Found::Present) return {found, 0, {}};
+        if (stored.data.empty()) return {Found::OtherType, 0, {}};
+        const RegistryValue value = readValue(typeOf(stored.type), stored.data);
+        // A DWORD that is not four bytes long the browser reads as none.
+        const bool dword = stored.type == RegDword && stored.data.size() == sizeof(std::uint32_t);
+        return {dword ? Found::Present : Found::OtherType, static_cast<std::uint32_t>(value.number), value.display};
+    });
+}
+
+void clsRegistry::writeText(const std::string& name, const std::string& text) {
+    ValueOf(name, ValueType::String, text);
+}
+
+void clsRegistry::writeNumber(const std::string& name, std::uint32_t number) {
+    ValueOf(name, ValueType::Dword, static_cast<double>(number));
 }
 
 std::optional<std::vector<ListedValue>> clsRegistry::DirValue() {

@@ -12,22 +12,17 @@ constexpr std::array<const char*, OfferedLevels> SaveNames{"frmEdit.SaveSecHigh"
                                                            "frmEdit.SaveSecMedLow", "frmEdit.SaveSecLow"};
 constexpr int High = 0;
 
-void writeNumber(clsRegistry& registry, const std::string& name, std::uint32_t number) {
-    registry.ValueOf(name, ValueType::Dword, static_cast<double>(number));
-}
-
 // Copies the template's settings into the zone and calls `behind` after each value. The session ends in the zone, or
 // in the template's key when that holds nothing.
 template <class Behind>
 void copyTemplate(clsRegistry& registry, const Level& level, const std::string& zone, Behind&& behind) {
-    registry.cD("\\");
-    registry.cD(std::string(TemplatesKey) + "\\" + level.name);
+    registry.goTo(std::string(TemplatesKey) + "\\" + level.name);
     const auto settings = registry.DirValue();
     if (!settings) return;
     goToZone(registry, zone);
     for (const ListedValue& setting : *settings) {
         if (setting.type == ValueType::Dword && setting.name != "TemplateIndex")
-            writeNumber(registry, setting.name, setting.number);
+            registry.writeNumber(setting.name, setting.number);
         behind();
     }
 }
@@ -35,8 +30,7 @@ void copyTemplate(clsRegistry& registry, const Level& level, const std::string& 
 }  // namespace
 
 bool hasTemplate(clsRegistry& registry, int level) {
-    registry.cD("\\");
-    registry.cD(std::string(TemplatesKey) + "\\" + Levels.at(static_cast<std::size_t>(level)).name);
+    registry.goTo(std::string(TemplatesKey) + "\\" + Levels.at(static_cast<std::size_t>(level)).name);
     return registry.DirValue().has_value();
 }
 
@@ -44,7 +38,7 @@ void SaveSecurityLevel(clsRegistry& registry, const std::string& zone, int level
     procedure(SaveNames.at(static_cast<std::size_t>(level)), [&] {
         const Level& wanted = Levels[static_cast<std::size_t>(level)];
         // With each value, so that a copy that breaks off leaves the zone at the level whose settings it has in part.
-        copyTemplate(registry, wanted, zone, [&] { writeNumber(registry, "CurrentLevel", wanted.number); });
+        copyTemplate(registry, wanted, zone, [&] { registry.writeNumber(value::CurrentLevel, wanted.number); });
     });
 }
 
@@ -55,10 +49,10 @@ void SetDefaults(clsRegistry& registry, const std::string& zone) {
         // A template that could not be listed must not be taken for an empty one: what is written into it would reach
         // every zone that is given its level.
         if (watch.failed()) goToZone(registry, zone);
-        registry.ValueOf("", ValueType::String, std::string());
-        for (const char* level : {"CurrentLevel", "RecommendedLevel", "MinLevel"})
-            writeNumber(registry, level, Levels[High].number);
-        writeNumber(registry, "Flags", MissingFlags);
+        registry.writeText("", {});
+        for (const char* level : {value::CurrentLevel, value::RecommendedLevel, value::MinLevel})
+            registry.writeNumber(level, Levels[High].number);
+        registry.writeNumber(value::Flags, MissingFlags);
     });
 }
 

@@ -10,8 +10,7 @@ namespace {
 
 // The names of the zones below `path`, where the session then stands.
 std::vector<std::string> listZones(clsRegistry& registry, const std::string& path) {
-    registry.cD("\\");
-    registry.cD(path);
+    registry.goTo(path);
     auto names = registry.DirKey();
     if (!names) throw util::Error(util::NumberOutOfRange, "clsRegistry", "There are no zones to delete.");
     return *std::move(names);
@@ -40,39 +39,34 @@ void clsRegistry::DeleteAndRename(const std::string& zonesPath, const std::strin
             if (n == last) return DeleteKey(zone);
             // Read before anything is deleted: a zone that cannot be read cannot move either, and would be lost.
             const std::uint32_t before = failures_;
-            cD("\\");
-            cD(zonesPath + "\\" + util::toDecimal(n + 1));
+            goTo(zonesPath + "\\" + util::toDecimal(n + 1));
             const auto values = DirValue();
             if (failures_ != before)
                 throw util::Error(util::NumberInternal, "clsRegistry",
                                   "The zone \"" + util::toDecimal(n + 1) + "\" cannot be read, and is not moved.");
-            cD("\\");
-            cD(zonesPath);
+            goTo(zonesPath);
             DeleteKey(zone);
             MakeKey(zone);
-            cD("\\");
-            cD(zonesPath + "\\" + zone);
+            goTo(zonesPath + "\\" + zone);
             // Numbers are not carried across: only names, descriptions and icons move down with their zone.
             if (values)
                 for (const ListedValue& value : *values)
                     if (value.type == ValueType::String) ValueOf(value.name, ValueType::String, value.text);
-            cD("\\");
-            cD(zonesPath);
+            goTo(zonesPath);
         }
     });
 }
 
 void clsRegistry::DeleteEmptyDomains() {
     procedure("clsRegistry.DeleteEmptyDomains", [&] {
-        const std::string top = std::string("\\") + zones::DomainsKey;
-        cD("\\");
-        cD(top);
+        const std::string top = zones::DomainsKey;
+        goTo(top);
         const auto domains = DirKey();
         if (!domains) return;
         for (const std::string& domain : *domains) {
-            cD(top + "\\" + domain + "\\");
+            goTo(top + "\\" + domain);
             const auto keys = CountKeys();
-            cD(top);
+            goTo(top);
             // Only a key that was seen to be empty: some systems delete a key with everything below it.
             if (keys == 0u) DeleteKey(domain);
         }

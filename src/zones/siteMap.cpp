@@ -6,30 +6,21 @@
 #include "zones/zones.h"
 
 namespace basMain {
-namespace {
-
-// Names as a move would read them, ".." or a trailing blank, are only names behind a path and before a backslash.
-void goTo(clsRegistry& registry, const std::string& path) {
-    registry.cD("\\" + path + "\\");
-}
-
-}  // namespace
 
 ZoneSites CheckForDomains(clsRegistry& registry, const std::string& zoneNumber) {
     return procedure("basMain.CheckForDomains", [&] {
         ZoneSites found;
         const auto zone = util::wholeNumber(zoneNumber);
         const std::string top = zones::DomainsKey;
-        registry.cD("\\");
-        goTo(registry, top);
+        registry.goTo(top);
         const auto domains = registry.DirKey();
         if (!domains) return found;
         for (const std::string& domain : *domains) {
-            goTo(registry, top + "\\" + domain);
+            registry.goTo(top + "\\" + domain);
             const auto hosts = registry.DirKey();
             if (!hosts) continue;
             for (const std::string& host : *hosts) {
-                goTo(registry, top + "\\" + domain + "\\" + host);
+                registry.goTo(top + "\\" + domain + "\\" + host);
                 const auto protocols = registry.DirValue();
                 if (!protocols) continue;
                 for (const ListedValue& protocol : *protocols) {

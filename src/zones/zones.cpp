@@ -51,27 +51,24 @@ std::optional<std::uint32_t> numberOf(std::string_view zone) {
 std::string GetSecurity(const std::string& level) {
     if (level.empty()) return {};
     for (const Level& known : Levels) {
-        if (level == known.decimal || level == known.hexadecimal) return known.name;
-        if (level == known.name) return known.decimal;
+        if (level == util::toDecimal(known.number) || level == util::toDigits(known.number, 1, 16)) return known.name;
+        if (level == known.name) return util::toDecimal(known.number);
     }
     return {};
 }
 
-std::optional<int> levelIndex(double number) {
+std::optional<int> levelIndex(std::uint32_t number) {
     for (std::size_t i = 0; i < Levels.size(); ++i)
         if (number == Levels[i].number) return static_cast<int>(i);
     return std::nullopt;
 }
 
-void goToZones(clsRegistry& registry) {
-    registry.cD("\\");
-    registry.cD(ZonesKey);
+Found goToZones(clsRegistry& registry) {
+    return registry.goTo(ZonesKey);
 }
 
-void goToZone(clsRegistry& registry, const std::string& zone) {
-    registry.cD("\\");
-    // One absolute move: a key may be named ".." or end in a blank, which a move of its own would read differently.
-    registry.cD(std::string(ZonesKey) + "\\" + zone + "\\");
+Found goToZone(clsRegistry& registry, const std::string& zone) {
+    return registry.goTo(std::string(ZonesKey) + "\\" + zone);
 }
 
 }  // namespace zones

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+enum class Found;
 class clsRegistry;
 
 namespace zones {
@@ -18,6 +19,17 @@ inline constexpr const char* ZonesKey =
 inline constexpr const char* DomainsKey =
     "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\Domains";
 
+// The values of a zone's key that mean something to the program; the others are its security settings.
+namespace value {
+inline constexpr const char* DisplayName = "DisplayName";
+inline constexpr const char* Description = "Description";
+inline constexpr const char* Icon = "Icon";
+inline constexpr const char* Flags = "Flags";
+inline constexpr const char* CurrentLevel = "CurrentLevel";
+inline constexpr const char* MinLevel = "MinLevel";
+inline constexpr const char* RecommendedLevel = "RecommendedLevel";
+}  // namespace value
+
 // Zones 0 to 4 are the browser's own.
 bool isBuiltIn(std::string_view zone);
 // The number that a zone's key name is, when it is one as the system writes it: "10", but not "010", "abc" or "1 ".
@@ -27,22 +39,20 @@ std::optional<std::uint32_t> numberOf(std::string_view zone);
 struct Level {
     const char* name;
     std::uint32_t number;
-    const char* decimal;      // how GetSecurity knows the number
-    const char* hexadecimal;  // and its other spelling, "" for none
 };
 inline constexpr std::array<Level, 5> Levels{{
-    {"High", 0x12000, "73728", "12000"},
-    {"Medium", 0x11000, "69632", "11000"},
-    {"Medium-Low", 0x10500, "66816", "10500"},
-    {"Low", 0x10000, "65536", "10000"},
-    {"Custom", 0, "0", ""},
+    {"High", 0x12000},
+    {"Medium", 0x11000},
+    {"Medium-Low", 0x10500},
+    {"Low", 0x10000},
+    {"Custom", 0},
 }};
 inline constexpr int OfferedLevels = 4;
 
 // Level name to number and number to level name, as text; "" for anything else. Exact: "high" and "073728" are nothing.
 std::string GetSecurity(const std::string& level);
 // The place in Levels of a stored level number; nothing when it is none of the five.
-std::optional<int> levelIndex(double number);
+std::optional<int> levelIndex(std::uint32_t number);
 
 // Zone flags (ZAFLAGS_ of urlmon.h), bit i at index i, with the caption of the check box that stands for it.
 inline constexpr std::array<const char*, 8> FlagCaptions{
@@ -65,7 +75,7 @@ struct Selection {
 };
 
 // Moves the session to ZonesKey, or to one zone below it.
-void goToZones(clsRegistry& registry);
-void goToZone(clsRegistry& registry, const std::string& zone);
+Found goToZones(clsRegistry& registry);
+Found goToZone(clsRegistry& registry, const std::string& zone);
 
 }  // namespace zones
