@@ -138,6 +138,40 @@ TEST_F(Errors, ALogThatCannotBeWrittenDoesNotHideTheError) {
     }
 }
 
+// What cannot be seen for a moment, or is made by another program in between, is no reason not to log, nor for a second
+// header.
+TEST_F(Errors, AFolderOrFileThatCannotBeSeenForAMomentIsWrittenToAllTheSame) {
+    expectError("It does not work.");
+    fail("a.P");
+    for (const int call : {1, 2}) {
+        system.files.watch.failOn("attributes", call, platform::AccessDenied);
+        expectError("It does not work.");
+        fail("a.P");
+        system.desktop.settle();
+    }
+    EXPECT_EQ(count("Start Error Information"), 3);
+    EXPECT_EQ(count("Error log for:"), 1);
+
+    system.files.watch.reset();
+    system.platform().files.remove(system.path(logName));
+    system.files.watch.failOn("attributes", 1, platform::FileNotFound);  // and then another program makes the folder
+    expectError("It does not work.");
+    fail("a.P");
+    EXPECT_EQ(count("Start Error Information"), 1);
+}
+
+TEST_F(Errors, ALogForWhichThereIsNoMemorySaysSoInWords) {
+    system.files.watch.onCall = [](const char* function) {
+        if (std::string(function) == "append") throw std::bad_alloc();
+    };
+    system.desktop.expectForm<frmError>([](frmError& dialog) {
+        EXPECT_EQ(dialog.lblInfo(6).caption(), "This could not be logged to file: there is not enough memory.");
+        dialog.cmdContinue.click();
+    });
+    fail("a.P");
+    system.files.watch.onCall = nullptr;
+}
+
 TEST_F(Errors, AnErrorWhileTheDialogIsOpenGoesToTheLogAloneAndOneBeforeItIsDropped) {
     reporting.exclamation = [&] {
         fail("basMain.DrawExclamation");

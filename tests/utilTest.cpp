@@ -5,6 +5,7 @@
 #include "util/basSystem.h"
 #include "util/clsFileInfo.h"
 #include "util/numbers.h"
+#include "util/systemText.h"
 
 namespace {
 
@@ -43,6 +44,15 @@ TEST(Util, BackslashesAndZerosAtTheEnd) {
     EXPECT_EQ(basSystem::UnQualifyPath("C:\\"), "C:\\") << "C: is another place";
     EXPECT_EQ(basSystem::QualifyPath("") + basSystem::UnQualifyPath(""), "");
     EXPECT_EQ(basSystem::TrimNull("a\0b\0"s) + basSystem::TrimNull("\0"s) + basSystem::TrimNull("c"), "ac");
+}
+
+TEST(Util, ASystemCodeIsASentenceWithTheNameInIt) {
+    TestSystem system;
+    constexpr platform::Result BadExe = 193;
+    const std::string text = util::systemText(system.platform(), BadExe, "a.dll");
+    EXPECT_EQ(text.find("%1"), std::string::npos) << text;
+    EXPECT_EQ(text.find("a.dll"), 0u) << text;
+    EXPECT_EQ(util::systemText(system.platform(), 0x2BADF00D, "a.dll"), "System error 732819469.");
 }
 
 TEST(Util, WholeNumbersMayBeGrouped) {

@@ -15,21 +15,13 @@ namespace {
 constexpr std::size_t WorthWriting = std::size_t{32} * 1024;
 
 [[noreturn]] void fail(platform::Platform& platform, util::ErrorNumber number, const std::string& what,
-                       platform::Result code) {
-    throw util::Error(number, "backup", what + " " + util::systemText(platform, code));
+                       platform::Result code, const std::string& path) {
+    throw util::Error(number, "backup", what + " " + util::systemText(platform, code, path));
 }
 
 util::ErrorNumber numberOf(platform::Result code) {
     const bool missing = code == platform::FileNotFound || code == platform::PathNotFound;
     return missing ? util::NumberFileNotFound : util::NumberFileAccess;
-}
-
-void makeFolder(platform::Platform& platform, const std::string& path) {
-    if (basSystem::FolderExists(platform, path)) return;
-    const platform::Result code = platform.files.createFolder(basSystem::UnQualifyPath(path));
-    // A file of that name is in the way, if it is not another program that has just made the folder.
-    if (code != platform::Success && !basSystem::FolderExists(platform, path))
-        fail(platform, util::NumberFileAccess, "The folder \"" + path + "\" cannot be made.", code);
 }
 
 }  // namespace
@@ -50,19 +42,21 @@ std::string partnerOf(const std::string& zoneFile) {
 
 void remove(platform::Platform& platform, const std::string& path) {
     const platform::Result code = platform.files.remove(path);
-    if (code != platform::Success) fail(platform, numberOf(code), "\"" + path + "\" cannot be deleted.", code);
+    if (code != platform::Success) fail(platform, numberOf(code), "\"" + path + "\" cannot be deleted.", code, path);
 }
 
 std::string read(platform::Platform& platform, const std::string& path, std::size_t limit) {
     std::string bytes;
     const platform::Result code = platform.files.read(path, bytes, limit);
-    if (code != platform::Success) fail(platform, numberOf(code), "\"" + path + "\" cannot be read.", code);
+    if (code != platform::Success) fail(platform, numberOf(code), "\"" + path + "\" cannot be read.", code, path);
     return bytes;
 }
 
 BackupFile::BackupFile(platform::Platform& platform, const clsRegistry& registry, const std::string& name)
     : platform_(platform), watch_(registry), path_(folder(platform) + name) {
-    makeFolder(platform, folder(platform));
+    const std::string backups = folder(platform);
+    if (const platform::Result code = basSystem::MakeFolder(platform, backups); code != platform::Success)
+        fail(platform, util::NumberFileAccess, "The folder \"" + backups + "\" cannot be made.", code, backups);
 }
 
 BackupFile::~BackupFile() {
@@ -86,7 +80,7 @@ void BackupFile::writePending() {
     pending_.clear();  // also what did not arrive: the file must not go on behind a gap
     if (code != platform::Success || written < size)
         fail(platform_, util::NumberFileAccess, "The backup \"" + path_ + "\" is not complete.",
-             code != platform::Success ? code : platform::DiskFull);
+             code != platform::Success ? code : platform::DiskFull, path_);
 }
 
 void BackupFile::close() {

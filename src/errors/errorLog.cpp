@@ -79,7 +79,7 @@ std::string stackDump() {
 
 [[noreturn]] void refuse(const std::string& what, const std::string& path, platform::Result code) {
     throw util::Error(util::NumberFileAccess, "basErrors.WriteErrorLog",
-                      what + " \"" + path + "\": " + util::systemText(*errors::reporting.platform, code));
+                      what + " \"" + path + "\": " + util::systemText(*errors::reporting.platform, code, path));
 }
 
 }  // namespace
@@ -106,11 +106,9 @@ void WriteErrorLog(const std::string& module, const std::string& procedure, cons
     const platform::LocalTime now = platform.system.GetLocalTime();
     const std::string folder = basSystem::QualifyPath(platform.system.programFolder()) + "Logs";
     const std::string path = folder + "\\ErrorLog-" + dateOf(now, 1) + ".log";
-    if (!basSystem::FolderExists(platform, folder)) {
-        const platform::Result code = platform.files.createFolder(folder);
-        if (code != platform::Success) refuse("Cannot make the folder", folder, code);
-    }
-    std::string text = basSystem::FileExists(platform, path) ? std::string() : fileHeader(now);
+    if (const platform::Result code = basSystem::MakeFolder(platform, folder); code != platform::Success)
+        refuse("Cannot make the folder", folder, code);
+    std::string text = basSystem::IsMissing(platform, path) ? fileHeader(now) : std::string();
     text += joined({
         heading("Start Error Information"),
         labelled("Time:", timeOf(now)),

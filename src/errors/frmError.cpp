@@ -6,6 +6,7 @@
 #include "errors/errorLog.h"
 #include "ui/Desktop.h"
 #include "ui/Layout.h"
+#include "util/Error.h"
 #include "util/procedure.h"
 
 namespace {
@@ -63,10 +64,12 @@ void frmError::Form_Load() {
     lblProcedure.setCaption(report.procedure);
     try {
         basErrors::WriteErrorLog(report.module, report.procedure, report.line, report.number, report.description);
-    } catch (const std::exception& refused) {
+    } catch (const util::Error& refused) {
         // A log that refuses is no reason to keep the error from the user, and no error to report in its turn: the
         // report would be refused as well.
         lblInfo(LogInfo).setCaption(std::string("This could not be logged to file. ") + refused.what());
+    } catch (const std::exception&) {
+        lblInfo(LogInfo).setCaption("This could not be logged to file: there is not enough memory.");
     }
     if (errors::reporting.exclamation) imgExclaim.setPicture(errors::reporting.exclamation());
     layOut();

@@ -23,7 +23,7 @@ std::vector<std::string> GetResourceNames(platform::Platform& platform, const st
 }
 
 std::string WinError(platform::Platform& platform, platform::Result code) {
-    return util::systemText(platform, code);
+    return util::systemText(platform, code, "The file");
 }
 
 }  // namespace basResouce

@@ -21,6 +21,22 @@ bool FolderExists(platform::Platform& platform, const std::string& path) {
            (bits & platform::FileAttributeDirectory);
 }
 
+bool IsMissing(platform::Platform& platform, const std::string& path) {
+    std::uint32_t bits = 0;
+    const platform::Result code = platform.files.attributes(path, bits);
+    return code == platform::FileNotFound || code == platform::PathNotFound;
+}
+
+platform::Result MakeFolder(platform::Platform& platform, const std::string& path) {
+    if (FolderExists(platform, path)) return platform::Success;
+    const std::string folder = UnQualifyPath(path);
+    const platform::Result code = platform.files.createFolder(folder);
+    if (code != platform::AlreadyExists) return code;
+    // Another program may have made it meanwhile. One whose attributes cannot be read is taken for a folder: whoever
+    // writes into it will see.
+    return FileExists(platform, folder) ? code : platform::Success;
+}
+
 std::string QualifyPath(const std::string& path) {
     return path.empty() || path.ends_with('\\') ? path : path + "\\";
 }

@@ -7,7 +7,7 @@
 
 namespace basSystem {
 
-// Without a backslash behind, but for the root of a drive.
+// Without a trailing backslash, but for the root of a drive.
 std::string GetWinDir(platform::Platform& platform);
 std::string GetSystemDir(platform::Platform& platform);
 
@@ -15,9 +15,15 @@ std::string GetSystemDir(platform::Platform& platform);
 bool FileExists(platform::Platform& platform, const std::string& path);
 bool FolderExists(platform::Platform& platform, const std::string& path);
 
-// With exactly the path's own backslash behind it, or one added; "" stays "".
+// Whether nothing of that name is there, seen and not guessed: a file whose attributes cannot be read exists.
+bool IsMissing(platform::Platform& platform, const std::string& path);
+
+// Makes a folder unless it is there, one level. A file of that name is in the way: AlreadyExists.
+platform::Result MakeFolder(platform::Platform& platform, const std::string& path);
+
+// With exactly one trailing backslash; "" stays "".
 std::string QualifyPath(const std::string& path);
-// Without a backslash behind. "C:\" stays: "C:" is another place.
+// Without a trailing backslash. "C:\" keeps it: "C:" is another place.
 std::string UnQualifyPath(const std::string& path);
 
 // The running program's own file.

@@ -7,7 +7,8 @@
 
 namespace util {
 
-// The system's own text for a code; one with the code itself when it has none. A full sentence either way.
-std::string systemText(platform::Platform& platform, platform::Result code);
+// The system's own text for a code; one with the code itself when it has none. A full sentence either way. Where the
+// system leaves room for a name ("%1 is not a valid Win32 application."), it is that of `subject`.
+std::string systemText(platform::Platform& platform, platform::Result code, const std::string& subject);
 
 }  // namespace util
