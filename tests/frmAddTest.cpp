@@ -33,15 +33,30 @@ TEST_F(frmAddTest, MakesASafeZoneUnderTheNextNumberAndCloses) {
     EXPECT_EQ(window->lvwZones.item(8).text, "New & \"quoted\"");
 }
 
-TEST_F(frmAddTest, WithAGapTheZoneOfThatNumberIsWrittenOver) {
-    removeZone("3");
-    window->RebuildList();
+TEST_F(frmAddTest, NeverWritesOverAZoneThatIsThereAlready) {
+    removeZone("3");  // a gap: the count of the zones is the number of one
+    const auto before = system.text(key("6"), "DisplayName");
     add([&](frmAdd& form) {
         fill(form);
+        system.desktop.expectMessage(
+            "The new zone was not added because the zones are not numbered consecutively from 0: zone 6 exists "
+            "already.",
+            ui::Answer::Ok);
         form.cmdGeneral.click();
+        EXPECT_TRUE(form.loaded());
     });
     EXPECT_EQ(system.keys(zones::ZonesKey), (std::vector<std::string>{"0", "1", "2", "4", "5", "6"}));
-    EXPECT_EQ(system.text(key("6"), "DisplayName"), "New & \"quoted\"");
+    EXPECT_EQ(system.text(key("6"), "DisplayName"), before);
+}
+
+TEST_F(frmAddTest, TakesTheNextNumberAlsoWhenAnotherProgramHasAddedAZoneMeanwhile) {
+    add([&](frmAdd& form) {
+        fill(form);
+        system.setText(key("7"), "DisplayName", "Another's");
+        form.cmdGeneral.click();
+    });
+    EXPECT_EQ(system.text(key("7"), "DisplayName"), "Another's");
+    EXPECT_EQ(system.text(key("8"), "DisplayName"), "New & \"quoted\"");
 }
 
 TEST_F(frmAddTest, StaysOpenWhenTheZoneCannotBeMade) {

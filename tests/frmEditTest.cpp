@@ -99,6 +99,7 @@ TEST_F(frmEditTest, RefusesABlankNameOrDescription) {
 
 TEST_F(frmEditTest, DefaultSavesTheZonesOwnNameDescriptionAndIconAtOnce) {
     for (const char* name : {"DisplayName", "Description", "Icon"}) system.setText(key("2"), name, "shell32.dll#1");
+    window->RebuildList();
     edit("2", [&](frmEdit& form) { form.general.cmdGeneral(Default).click(); });
     EXPECT_EQ(saved("2", "DisplayName"), "Trusted sites");
     EXPECT_EQ(saved("2", "Description"),

@@ -24,8 +24,11 @@ struct MainWindow : BackupFixture {
     void addZone(const std::string& key) { system.setText(zoneKey(key), "DisplayName", "Zone " + key); }
     // What the window says of a zone: "name|description|flags|recommended|minimum|current".
     std::string summary(int item) {
+        window().lvwZones.click(item);
+        return shown();
+    }
+    std::string shown() {
         frmMain& w = window();
-        w.lvwZones.click(item);
         return w.lblZoneName.caption() + "|" + w.lblZoneCaption.caption() + "|" + w.lblFlags.caption() + "|" +
                w.lblRec.caption() + "|" + w.lblMin.caption() + "|" + w.lblCurrent.caption();
     }
@@ -55,12 +58,55 @@ TEST_F(MainWindow, ListsTheZonesInTheRegistrysOrderAndSelectsTheSecond) {
 
 TEST_F(MainWindow, ShowsAnErrorWithoutZonesAndLivesOn) {
     system.deleteTree(Zones);
-    expectError("frmMain.FillListView", "");
+    const std::string none =
+        "Internet Explorer has no security zones for this user. Restoring a backup brings them back.";
+    expectError("frmMain.FillListView", none);
     EXPECT_EQ(names(), Texts{});
+    for (int i : {0, 2}) window().cmdZoneOption(i).click();
+    window().mnuEditDelete.click();
+    EXPECT_FALSE(window().cmdZoneOption(2).enabled() || window().mnuEditDelete.enabled());
     addZone("3");
     window().RebuildList();
     EXPECT_EQ(window().lblZoneName.caption(), "Zone 3") << "the only one there is";
     EXPECT_EQ(window().ilsZoneIcons.count(), 2);
+}
+
+TEST_F(MainWindow, ShowsNothingOfAZoneThatIsGone) {
+    summary(2);
+    system.deleteTree(Zones);
+    window().ReloadAsItIs();
+    EXPECT_EQ(shown(), "|||||");
+    EXPECT_TRUE(window().picZoneIcon.picture().empty() && window().selection().iconFile.empty());
+    system.registry.watch.failOn("RegQueryInfoKeyA", 1, platform::OutOfMemory);
+    expectError("frmMain.FillListView", "The security zones of Internet Explorer cannot be read from the registry.");
+    window().RebuildList();
+}
+
+TEST_F(MainWindow, TellsOfTheSelectedZoneAlone) {
+    const std::string before = summary(3);
+    for (const char* zone : {"0", "1", "3", "7"}) window().UpdateLabels(zone);
+    EXPECT_EQ(shown(), before);
+    system.setDword(zoneKey("2"), "Flags", 5);
+    window().UpdateLabels("2");
+    EXPECT_EQ(window().lblFlags.caption(), "5");
+}
+
+TEST_F(MainWindow, EditsNoZoneThatAnotherProgramHasRenamedOrDeleted) {
+    for (const bool gone : {false, true}) {
+        addZone("5");
+        window().RebuildList();
+        window().lvwZones.click(6);
+        gone ? system.deleteTree(zoneKey("5")) : system.setText(zoneKey("5"), "DisplayName", "Another");
+        window().lvwZones.click(6);  // which shows what is stored now, but the list does not
+        desktop.expectMessage(std::string(gone ? "This zone no longer exists."
+                                               : "Another program has changed this "
+                                                 "zone.") +
+                                  " The zones have been read again.",
+                              ui::Answer::Ok);
+        window().cmdZoneOption(0).click();
+        EXPECT_EQ(window().lvwZones.count(), gone ? 5 : 6);
+        EXPECT_EQ(names().back(), gone ? "Restricted sites" : "Another");
+    }
 }
 
 TEST_F(MainWindow, SaysWhatIsMissingOrOfTheWrongKind) {
@@ -209,10 +255,10 @@ TEST_F(MainWindow, AsksTheRegistryNoMoreThanItMust) {
         system.registry.watch.reset();
         system.modules.watch.reset();
         window().RebuildList();
-        EXPECT_LE(system.registry.watch.calls(), 14 * count + 20);
+        EXPECT_LE(system.registry.watch.calls(), 5 * count + 14);
         EXPECT_LE(system.modules.watch.calls("LoadLibraryExA"), 7);  // five icons, the selected one's, its default
         system.registry.watch.reset();
         window().lvwZones.click(3);
-        EXPECT_LE(system.registry.watch.calls(), 60);
+        EXPECT_LE(system.registry.watch.calls(), 12);
     }
 }

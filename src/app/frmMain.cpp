@@ -6,8 +6,10 @@
 #include "errors/messages.h"
 #include "forms/EtchedLine.h"
 #include "forms/WindowProc.h"
+#include "forms/ZoneChange.h"
 #include "icons/ExtractIcon.h"
 #include "ui/Layout.h"
+#include "util/Error.h"
 #include "util/application.h"
 #include "util/basSystem.h"
 #include "util/procedure.h"
@@ -174,8 +176,14 @@ void frmMain::DeleteSelfHealCount() {
 void frmMain::FillListView() {
     procedure("frmMain.FillListView", [&] {
         basMain::IconCache icons(context_.platform);
+        const clsRegistry::FailureWatch watch(context_.registry);
         fillZoneList(context_, zoneList(), icons);
-        SelectUsualZone(icons);
+        if (lvwZones.count() > 0) return SelectUsualZone(icons);
+        ClearSummary();
+        throw util::Error(util::NumberOutOfRange, "frmMain",
+                          watch.failed() ? "The security zones of Internet Explorer cannot be read from the registry."
+                                         : "Internet Explorer has no security zones for this user. Restoring a backup "
+                                           "brings them back.");
     });
 }
 
@@ -212,8 +220,8 @@ void frmMain::ShowZone(int item, basMain::IconCache& icons) {
         basMain::ExtractIcon(icons, icon.reference, "#", 32, picZoneIcon);
         selection_.iconFile = icon.file;
         selection_.iconResource = icon.resource;
-        lblZoneName.setCaption(textOr(zone.texts.name, "Missing Name"));
-        lblZoneCaption.setCaption(textOr(zone.texts.description, "Missing Description"));
+        lblZoneName.setCaption(textOr(zone.texts.name, MissingName));
+        lblZoneCaption.setCaption(textOr(zone.texts.description, MissingDescription));
         ShowAtAGlance(zone);
 
         cmdZoneOption(2).setEnabled(!zones::isBuiltIn(selection_.zone));
@@ -221,8 +229,20 @@ void frmMain::ShowZone(int item, basMain::IconCache& icons) {
     });
 }
 
+// Of a zone that is not selected nothing is shown.
 void frmMain::UpdateLabels(const std::string& zone) {
-    procedure("frmMain.UpdateLabels", [&] { ShowAtAGlance(zones::readZone(context_.registry, zone)); });
+    procedure("frmMain.UpdateLabels", [&] {
+        if (zone == selection_.zone) ShowAtAGlance(zones::readZone(context_.registry, zone));
+    });
+}
+
+void frmMain::ClearSummary() {
+    selection_ = {};
+    picZoneIcon.clear();
+    for (ui::Label* label : {&lblZoneName, &lblZoneCaption, &lblFlags, &lblRec, &lblMin, &lblCurrent})
+        label->setCaption("");
+    cmdZoneOption(2).setEnabled(false);
+    mnuEditDelete.setEnabled(false);
 }
 
 void frmMain::ShowAtAGlance(const zones::ZoneRecord& zone) {
@@ -263,7 +283,9 @@ void frmMain::cmdZoneOption_Click(int index) {
 }
 
 void frmMain::EditSelectedZone() {
-    if (lvwZones.selected() == 0) return;
+    if (lvwZones.selected() == 0 ||
+        !forms::stillShown(context_, selection_.zone, selectedName(), "The zones have been read again."))
+        return;
     frmEdit dialog(context_, selection_);
     dialog.load();
     dialog.general.details.txtZoneName.setText(lblZoneName.caption());

@@ -37,6 +37,7 @@ public:
     void RebuildList() override;
     void UpdateLabels(const std::string& zone) override;
     int zoneCount() const override { return lvwZones.count(); }
+    void ReloadAsItIs() override;
     void ReloadWhileImporting(platform::Launcher::Process import) override;
     // The zone that was clicked last, and its icon.
     const zones::Selection& selection() const { return selection_; }
@@ -105,7 +106,9 @@ private:
     void DrawEtchedLine();
     void SelectUsualZone(basMain::IconCache& icons);
     void ShowZone(int item, basMain::IconCache& icons);
-    void ReloadAsItIs();
+    void ClearSummary();
+    // As the list has it: the summary tells of the zone that has the number by now.
+    const std::string& selectedName() const { return lvwZones.item(lvwZones.selected()).text; }
     void EndImport();
     ZoneListControls zoneList() { return {lvwZones, ilsZoneIcons, picDummy, picHolder}; }
 

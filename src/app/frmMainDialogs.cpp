@@ -35,7 +35,7 @@ void frmMain::ReloadAsItIs() {
         clearZoneList(zoneList());
         basMain::IconCache icons(context_.platform);
         fillZoneList(context_, zoneList(), icons);
-        if (lvwZones.count() > 0) SelectUsualZone(icons);
+        lvwZones.count() > 0 ? SelectUsualZone(icons) : ClearSummary();
     });
 }
 

@@ -29,12 +29,11 @@ frmAdd::frmAdd(forms::Context& context)
 void frmAdd::cmdGeneral_Click() {
     procedure("frmAdd.cmdGeneral_Click", [&] {
         if (!details.Complete()) return;
-        // The zones are numbered from 0 on, so their count is the next number. With a gap it is a zone that exists,
-        // whose values are written over.
-        const std::string zone = std::to_string(context_.mainWindow->zoneCount());
-        forms::change(context_, zone, [&] { CreateZone(zone); });
+        const auto zone = forms::numberOfNewZone(context_);
+        if (!zone) return;
+        forms::change(context_, *zone, [&] { CreateZone(*zone); });
         context_.mainWindow->RebuildList();
-        if (forms::exists(context_, zone)) unload();
+        if (forms::exists(context_, *zone)) unload();
     });
 }
 

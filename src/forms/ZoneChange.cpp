@@ -3,24 +3,70 @@
 #include <string_view>
 
 #include "errors/messages.h"
+#include "forms/ZoneList.h"
+#include "util/numbers.h"
 #include "zones/zones.h"
 
 namespace forms {
+namespace {
 
-bool change(forms::Context& context, const std::string& zone, const std::function<void()>& change) {
+void tellAndReload(Context& context, const std::string& text) {
+    errors::tell(context.platform, text);
+    if (context.mainWindow) context.mainWindow->ReloadAsItIs();
+}
+
+}  // namespace
+
+bool attempt(Context& context, const std::function<void()>& change, const std::function<std::string()>& refusal) {
     const clsRegistry::FailureWatch watch(context.registry);
     change();
     if (!watch.failed()) return true;
-    const char* text = exists(context, zone)
-                           ? "The registry refused a change. The zone does not have all of the new values."
-                           : "The registry has no such zone. The changes could not be saved.";
-    errors::tell(context.platform, text);
+    errors::tell(context.platform, refusal());
     return false;
 }
 
-bool exists(forms::Context& context, const std::string& zone) {
+bool change(Context& context, const std::string& zone, const std::function<void()>& change) {
+    return attempt(context, change, [&]() -> std::string {
+        return exists(context, zone) ? "Some changes could not be written; the zone has only part of the new values."
+                                     : "This zone no longer exists. Your changes were not saved.";
+    });
+}
+
+bool exists(Context& context, const std::string& zone) {
     constexpr std::string_view Root = "HKEY_CURRENT_USER\\";
     return context.registry.IsValidKey(platform::HKeyCurrentUser, zones::ZonesKey + Root.size() + ("\\" + zone));
+}
+
+bool stillShown(Context& context, const std::string& zone, const std::string& shownName,
+                const std::string& consequence) {
+    const Found key = zones::goToZone(context.registry, zone);
+    TextReading name{key, {}};
+    if (key == Found::Present) name = context.registry.readText(zones::value::DisplayName);
+    if (name.found == Found::Unreadable) {
+        errors::tell(context.platform, "This zone cannot be read. " + consequence);
+        return false;
+    }
+    if (key == Found::Present && textOr(name, MissingName) == shownName) return true;
+    const char* reason =
+        key == Found::Present ? "Another program has changed this zone. " : "This zone no longer exists. ";
+    tellAndReload(context, reason + consequence);
+    return false;
+}
+
+std::optional<std::string> numberOfNewZone(Context& context) {
+    clsRegistry& registry = context.registry;
+    const clsRegistry::FailureWatch watch(registry);
+    zones::goToZones(registry);
+    const auto keys = registry.DirKey();
+    const std::string zone = util::toDecimal(keys ? static_cast<std::uint32_t>(keys->size()) : 0);
+    if (watch.failed()) {
+        errors::tell(context.platform, "The zones cannot be read. The new zone was not added.");
+        return std::nullopt;
+    }
+    if (!exists(context, zone)) return zone;
+    tellAndReload(context, "The new zone was not added because the zones are not numbered consecutively from 0: zone " +
+                               zone + " exists already.");
+    return std::nullopt;
 }
 
 }  // namespace forms

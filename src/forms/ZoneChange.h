@@ -1,19 +1,33 @@
-// How the dialogs change a zone.
+// How the windows change zones that other programs may be changing, too.
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "forms/Context.h"
 
 namespace forms {
 
-// Runs `change`, which writes into `zone`. The registry session is silent about what the system refuses; here the user
-// is told, with one message, when anything was refused or could not be read. What could be written stays written. True
-// when everything was.
-bool change(forms::Context& context, const std::string& zone, const std::function<void()>& change);
+// Runs `change`. The registry session is silent about what the system refuses; here the user is told, with one message,
+// when anything was refused or could not be read: that message is asked of `refusal` then. What could be written stays
+// written. True when everything was.
+bool attempt(Context& context, const std::function<void()>& change, const std::function<std::string()>& refusal);
+// The same for a change of one zone, with the message for it.
+bool change(Context& context, const std::string& zone, const std::function<void()>& change);
 
 // Whether the zone's key is there.
-bool exists(forms::Context& context, const std::string& zone);
+bool exists(Context& context, const std::string& zone);
+
+// Whether the zone is still the one that is shown to the user under the name `shownName`. Another program may have
+// renamed it, deleted it, or deleted one below it, by which it has got the next zone's contents. The user is told then,
+// with what that means for what was asked, and the main window reads its list again.
+bool stillShown(Context& context, const std::string& zone, const std::string& shownName,
+                const std::string& consequence = "Your changes were not saved.");
+
+// The number of a new zone: zones are numbered from 0, so it is their count as they are now. Nothing when there is a
+// zone of that number already or the zones cannot be read; the user is told then, and the main window reads its list
+// again.
+std::optional<std::string> numberOfNewZone(Context& context);
 
 }  // namespace forms

@@ -2,7 +2,6 @@
 
 #include "util/Error.h"
 #include "util/clsStrings.h"
-#include "zones/ZoneRecord.h"
 #include "zones/zones.h"
 
 ZoneIcon zoneIconOf(platform::Platform& platform, const TextReading& icon) {
@@ -33,11 +32,12 @@ void fillZoneList(forms::Context& context, const ZoneListControls& controls, bas
     const auto keys = registry.DirKey();
     if (!keys) return;
     for (const std::string& zone : *keys) {
-        zones::goToZone(registry, zone);
-        const zones::ZoneTexts texts = zones::readTexts(registry);
-        basMain::ExtractIcon(icons, zoneIconOf(context.platform, texts.icon).reference, "#", 32, controls.holder);
+        if (zones::goToZone(registry, zone) == Found::Absent) continue;  // a name that the code page cannot carry
+        const TextReading icon = registry.readText(zones::value::Icon);
+        const TextReading name = registry.readText(zones::value::DisplayName);
+        basMain::ExtractIcon(icons, zoneIconOf(context.platform, icon).reference, "#", 32, controls.holder);
         const int image = controls.images.add(controls.holder.picture());
-        controls.list.add({textOr(texts.name, "Missing Name"), image, zone, {}});
+        controls.list.add({textOr(name, MissingName), image, zone, {}});
         controls.holder.clear();
     }
 }

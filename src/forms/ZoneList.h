@@ -17,6 +17,8 @@ struct ZoneIcon {
 };
 ZoneIcon zoneIconOf(platform::Platform& platform, const TextReading& icon);
 
+inline constexpr const char* MissingName = "Missing Name";
+inline constexpr const char* MissingDescription = "Missing Description";
 // The text of a value, or `missing` when it is missing or empty.
 std::string textOr(const TextReading& value, const char* missing);
 

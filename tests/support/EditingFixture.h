@@ -69,6 +69,6 @@ struct EditingFixture : testing::Test {
     static constexpr int FlagsPage = 2, SecurityPage = 3;
 
     static constexpr const char* Refused =
-        "The registry refused a change. The zone does not have all of the new values.";
-    static constexpr const char* NoZone = "The registry has no such zone. The changes could not be saved.";
+        "Some changes could not be written; the zone has only part of the new values.";
+    static constexpr const char* NoZone = "This zone no longer exists. Your changes were not saved.";
 };
