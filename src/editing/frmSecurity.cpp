@@ -79,7 +79,10 @@ frmSecurity::frmSecurity(forms::Context& context, std::string zone)
 }
 
 void frmSecurity::Form_Load() {
-    procedure("frmSecurity.Form_Load", [&] { FillTree(); });
+    procedure("frmSecurity.Form_Load", [&] {
+        FillTree();
+        if (TVMRTreeView1.count() > 0) TVMRTreeView1.ensureVisible(1);
+    });
 }
 
 void frmSecurity::cmdClose_Click() {
@@ -94,7 +97,6 @@ void frmSecurity::FillTree() {
         clsRegistry& registry = context_.registry;
         registry.goTo(SettingsKey);
         forEachKey(registry, [&] { AddGroup(values); });
-        if (TVMRTreeView1.count() > 0) TVMRTreeView1.ensureVisible(1);
     });
 }
 
