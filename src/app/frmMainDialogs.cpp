@@ -68,6 +68,7 @@ void frmMain::mnuOEUser_Click(int index) {
         frmOESecurity dialog(context_);
         dialog.load();
         const std::string identity = mnuEditOESecurity.items()[static_cast<std::size_t>(index)].tag();
+        dialog.lblIdentity.setCaption(mail::nameOf(context_, identity));
         dialog.lblZone.setCaption(mail::zoneNameOf(context_, identity) + " zone");
         dialog.IdentityPath = mail::settingsPath(identity);
         dialog.showModal(this);

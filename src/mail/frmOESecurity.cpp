@@ -3,25 +3,26 @@
 #include "errors/messages.h"
 #include "mail/identities.h"
 #include "ui/Layout.h"
-#include "util/Error.h"
-#include "util/numbers.h"
 #include "util/procedure.h"
+#include "zones/zones.h"
 
 namespace {
 
 using namespace ui::layout;
 constexpr ui::Twips Width = 5400, Inner = Width - 2 * Margin;
-constexpr ui::Twips ListTop = 1050, ListHeight = 2550;
+constexpr ui::Twips ListTop = 1380, ListHeight = 2550;
 
 }  // namespace
 
 frmOESecurity::frmOESecurity(forms::Context& context)
     : Form(context.platform.desktop, Kind::Dialog, "frmOESecurity", "OE Security Zone",
            {Width, ListTop + ListHeight + Margin}),
+      // ---- the identity
+      lblIdentity(*this, "lblIdentity", {Margin, Margin, Inner, LabelHeight}, ""),
       lblInfo("lblInfo"),
       // ---- Outlook Express is currently in:
       //      Internet zone
-      lblZone(*this, "lblZone", {Margin, 360, Inner, 225}, ""),
+      lblZone(*this, "lblZone", {Margin, 690, Inner, LabelHeight}, ""),
       // ---- Select a zone to change.
       ilsZoneIcons(*this, "ilsZoneIcons", 32),
       // A click changes the zone at once: looking around with the arrow keys must not.
@@ -30,9 +31,10 @@ frmOESecurity::frmOESecurity(forms::Context& context)
       picDummy(*this, "picDummy", {0, 0, 480, 480}),
       picHolder(*this, "picHolder", {0, 0, 480, 480}),
       context_(context) {
-    lblInfo.add(*this, {Margin, Margin, Inner, 225}, "Outlook Express is currently in:");
-    lblInfo.add(*this, {Margin, 735, Inner, 225}, "Select a zone to change.");
-    lblZone.makeBold();
+    lblInfo.add(*this, {Margin, 450, Inner, LabelHeight}, "Outlook Express is currently in:");
+    lblInfo.add(*this, {Margin, 1065, Inner, LabelHeight}, "Select a zone to change.");
+    lblIdentity.makeOneLine();
+    lblZone.makeBold().makeOneLine();
     picDummy.setVisible(false);
     picHolder.setVisible(false);
     lsvOEZones.onItemClick = [this](int item) { lsvOEZones_ItemClick(item); };
@@ -56,15 +58,17 @@ void frmOESecurity::FillList() {
 void frmOESecurity::lsvOEZones_ItemClick(int item) {
     procedure("frmOESecurity.lsvOEZones_ItemClick", [&] {
         const std::string& key = lsvOEZones.item(item).tag;
-        const auto zone = util::wholeNumber(key);
+        const auto zone = zones::numberOf(key);
         if (!zone)
-            throw util::Error(util::NumberNotANumber, "frmOESecurity",
-                              "The zone \"" + key + "\" has no number that Outlook Express could keep.");
+            return errors::tell(context_.platform,
+                                "This zone cannot be chosen: Outlook Express keeps the number of a "
+                                "zone, and \"" +
+                                    key + "\" is not a plain number.");
         clsRegistry& registry = context_.registry;
         const clsRegistry::FailureWatch watch(registry);
-        registry.cD("\\" + IdentityPath);
-        registry.writeNumber(mail::ZoneValue, *zone);
-        registry.writeNumber(mail::LockValue, 1);
+        mail::goToSettings(registry, IdentityPath);
+        registry.writeNumber(mail::SecurityZone, *zone);
+        registry.writeNumber(mail::SecurityZoneLocked, 1);
         if (watch.failed())
             errors::tell(context_.platform,
                          "The registry refused a change. Outlook Express may still be in another zone.");

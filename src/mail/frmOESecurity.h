@@ -17,6 +17,7 @@ public:
     // The full path of the identity's mail settings.
     std::string IdentityPath;
 
+    ui::Label lblIdentity;  // whose window this is
     ui::ControlArray<ui::Label> lblInfo;
     ui::Label lblZone;
     ui::ImageList ilsZoneIcons;

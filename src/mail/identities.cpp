@@ -4,13 +4,23 @@
 #include "util/Error.h"
 #include "util/characters.h"
 #include "util/clsStrings.h"
-#include "util/numbers.h"
 #include "zones/zones.h"
 
 namespace mail {
+namespace {
+
+Found goToIdentity(clsRegistry& registry, const std::string& identity) {
+    return registry.goTo(std::string(IdentitiesKey) + "\\" + identity);
+}
+
+}  // namespace
 
 std::string settingsPath(const std::string& identity) {
     return std::string(IdentitiesKey) + "\\" + identity + "\\" + SettingsKey;
+}
+
+Found goToSettings(clsRegistry& registry, const std::string& settings) {
+    return registry.goTo(std::string(util::trimmed(settings)));
 }
 
 std::string menuCaption(const std::string& name) {
@@ -25,10 +35,8 @@ void fillMenu(forms::Context& context, ui::MenuItem& menu, const std::function<v
     if (!keys) return;
     int index = 0;
     for (const std::string& key : *keys) {
-        registry.cD(key);
-        const std::string caption = menuCaption(textOr(registry.readText("Username"), "Missing Name"));
-        registry.cD("..");
-
+        if (goToIdentity(registry, key) != Found::Present) continue;
+        const std::string caption = menuCaption(textOr(registry.readText(UserName), MissingName));
         ui::MenuItem& item = index == 0 ? menu.items().front() : menu.add("mnuOEUser", caption, index);
         item.setCaption(caption);
         item.setTag(key);
@@ -38,19 +46,24 @@ void fillMenu(forms::Context& context, ui::MenuItem& menu, const std::function<v
     }
 }
 
+std::string nameOf(forms::Context& context, const std::string& identity) {
+    goToIdentity(context.registry, identity);
+    return textOr(context.registry.readText(UserName), MissingName);
+}
+
 std::string zoneNameOf(forms::Context& context, const std::string& identity) {
     clsRegistry& registry = context.registry;
-    const std::string settings = settingsPath(identity);
-    const std::size_t root = settings.find('\\');
-    if (!registry.IsValidKey(platform::HKeyCurrentUser, std::string(util::trimmed(settings.substr(root + 1)))))
+    const Found settings = goToSettings(registry, settingsPath(identity));
+    if (settings == Found::Unreadable)
+        throw util::Error(util::NumberFileNotFound, "frmMain", "The mail settings of this identity cannot be read.");
+    if (settings == Found::Absent)
         throw util::Error(util::NumberFileNotFound, "frmMain",
                           "This identity has no mail settings: Outlook Express has not been used with it yet.");
-    registry.cD("\\" + settings);
     // A fresh installation has not written a zone: then there is none to name, like for a zone that does not exist.
-    const NumberReading zone = registry.readNumber(ZoneValue);
-    if (zone.display.empty()) return textOr({}, "Missing Name");
+    const NumberReading zone = registry.readNumber(SecurityZone);
+    if (zone.display.empty()) return MissingName;
     zones::goToZone(registry, zone.display);
-    return textOr(registry.readText(zones::value::DisplayName), "Missing Name");
+    return textOr(registry.readText(zones::value::DisplayName), MissingName);
 }
 
 }  // namespace mail

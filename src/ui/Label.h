@@ -1,5 +1,5 @@
-// A text in which "&" is a letter like any other. It is windowless, drawn on the form: neither the mouse nor the focus
-// finds it, so it has no tool tip and no access key.
+// A text on the form or on the box it stands in, with "&" as it is. It is drawn there and has no window of its own:
+// neither the mouse nor the focus finds it, so it has no tool tip and no access key.
 #pragma once
 
 #include <string>
@@ -14,6 +14,12 @@ public:
 
     const std::string& caption() const { return caption_; }
     void setCaption(std::string caption);
+    // One line, which ends in "..." when it is cut off. Otherwise the text is wrapped.
+    bool oneLine() const { return oneLine_; }
+    Label& makeOneLine() {
+        oneLine_ = true;
+        return *this;
+    }
     bool bold() const { return bold_; }
     Label& makeBold() {
         bold_ = true;
@@ -26,6 +32,7 @@ protected:
 private:
     std::string caption_;
     bool bold_ = false;
+    bool oneLine_ = false;
 };
 
 }  // namespace ui

@@ -16,8 +16,9 @@ private:
         const Selected font(form, form_.screen().font(control_.bold()));
         SetBkMode(form, TRANSPARENT);
         SetTextColor(form, GetSysColor(control_.enabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
+        const UINT lines = control_.oneLine() ? DT_SINGLELINE | DT_END_ELLIPSIS : DT_WORDBREAK;
         DrawTextA(form, control_.caption().c_str(), static_cast<int>(control_.caption().size()), &area,
-                  DT_LEFT | DT_WORDBREAK | DT_EXPANDTABS | DT_NOPREFIX);
+                  DT_LEFT | lines | DT_EXPANDTABS | DT_NOPREFIX);
     }
 };
 
