@@ -26,10 +26,10 @@ const std::pair<const char*, std::function<FormPointer(forms::Context&)>> Forms[
     {"frmMain", makeForm<frmMain>},
     {"frmEdit",
      [](forms::Context& program) {
-         return std::make_unique<frmEdit>(program, zones::Selection{"2", {}, {}});
+         return std::make_unique<frmEdit>(program, "2", "Trusted sites");
      }},
     {"frmAdd", makeForm<frmAdd>},
-    {"frmSecurity", [](forms::Context& program) { return std::make_unique<frmSecurity>(program, "2"); }},
+    {"frmSecurity", [](forms::Context& program) { return std::make_unique<frmSecurity>(program, "2", "Trusted sites"); }},
     {"frmBackup", makeForm<frmBackup>},
     {"frmRestore", makeForm<frmRestore>},
     {"frmOESecurity", makeForm<frmOESecurity>},

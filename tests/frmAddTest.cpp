@@ -1,9 +1,11 @@
 #include "editing/frmAdd.h"
 
 #include "support/EditingFixture.h"
-#include "zones/Templates.h"
 
 namespace {
+
+const std::string Template =
+    "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\TemplatePolicies\\High";
 
 struct frmAddTest : EditingFixture {
     static void fill(frmAdd& form) {
@@ -21,7 +23,7 @@ TEST_F(frmAddTest, MakesASafeZoneUnderTheNextNumberAndCloses) {
         form.pressEnter();
         EXPECT_FALSE(form.loaded());
     });
-    const std::string zone = key("7"), high = std::string(zones::TemplatesKey) + "\\High";
+    const std::string zone = key("7"), high = Template;
     EXPECT_EQ(system.text(zone, "DisplayName"), "New & \"quoted\"");
     EXPECT_EQ(system.text(zone, "Description"), "A zone; C:\\x");
     EXPECT_EQ(system.text(zone, "Icon"), program.platform.system.GetSystemDirectoryA() + "\\Inetcpl.cpl#4487");

@@ -89,7 +89,7 @@ TEST_F(frmSecurityTest, ShowsThreeLevelsAndMakesOptionsOfWhatIsComplete) {
     system.setDword(describe("A\\S\\5", "No name"), "CheckedValue", 1);
     option("A\\S\\6", "Odd name", "12,01", 1);
     option("A\\S\\7", "Text for a number", "1201", 1);
-    system.setText(Settings + "\\A\\S\\7", "CheckedValue", "1");
+    system.setText(Settings + "\\A\\S\\7", "CheckedValue", "one");
     option("B\\U\\1", "", "1A00", 0x80000000);
     customise("2", [&](frmSecurity& form) {
         EXPECT_EQ(treeOf(form),
@@ -98,6 +98,61 @@ TEST_F(frmSecurityTest, ShowsThreeLevelsAndMakesOptionsOfWhatIsComplete) {
         for (int i = 5; i <= 8; ++i) form.TVMRTreeView1.click(i);
     });
     EXPECT_EQ(system.dword(key("2"), "CurrentLevel"), 65536u) << "what is no option cannot be chosen";
+}
+
+TEST_F(frmSecurityTest, TakesCheckedValuesAsNumbersBytesAndTexts) {
+    describeOne();
+    const auto options = [&] { return tree("2").substr(std::string("Group\n-Setting\n--( )Enable[1201,0]\n").size()); };
+    system.setDword(key("2"), "1201", 65536);
+    const std::string disable = Settings + "\\A\\S\\2";
+    system.setText(disable, "CheckedValue", "65536");
+    EXPECT_EQ(options(), "--(o)Disable[1201,65536]\n");
+    system.setBinary(disable, "CheckedValue", {0x00, 0x00, 0x01, 0x00});
+    EXPECT_EQ(options(), "--(o)Disable[1201,65536]\n");
+    system.setBinary(disable, "CheckedValue", {0x03});
+    EXPECT_EQ(options(), "--Disable\n");
+    system.setText(disable, "CheckedValue", "0x3");
+    EXPECT_EQ(options(), "--Disable\n");
+}
+
+TEST_F(frmSecurityTest, PassesOverWhatCannotBeReadAndShowsTheRest) {
+    describeOne();
+    describe("B", "Second");
+    option("B\\S\\1", "Prompt", "1200", 1);
+    const std::string whole = tree("2");
+    system.desktop.patient = true;
+    int refused = 0, told = 0;
+    for (bool failed = true; failed; ++refused) {
+        ASSERT_LT(refused, 50);
+        system.desktop.told.clear();
+        std::string shown;
+        editPage("2", SecurityPage, [&](frmEdit& form) {
+            system.registry.watch.failOn("RegOpenKeyExA", refused + 1, platform::FileNotFound);
+            openSettings(form, [&](frmSecurity& settings) { shown = treeOf(settings); });
+        });
+        failed = system.registry.watch.failed();
+        system.registry.watch.reset();
+        EXPECT_LE(system.desktop.told.size(), 1u);
+        if (shown == whole) continue;
+        ++told;
+        EXPECT_TRUE(shown.find("(o)Enable") != std::string::npos || shown.find("Prompt") != std::string::npos ||
+                    shown.empty())
+            << shown;
+    }
+    EXPECT_GE(told, 6);
+    system.desktop.settle();
+}
+
+TEST_F(frmSecurityTest, StaysAmongTheSettingsWhateverTheirKeysAreCalled) {
+    describeOne();
+    for (const char* name : {" ", "..", ".", "1 "}) option(std::string("A\\S\\") + name, name, "1200", 1);
+    describe("B", "Last");
+    const std::string shown = tree("2");
+    EXPECT_TRUE(shown.starts_with("Group\n-Setting\n--")) << shown;
+    for (const char* text : {"--(o)Enable[1201,0]\n", "--( )Disable[1201,3]\n", "--( ) [1200,1]\n", "--( )..[1200,1]\n",
+                             "--( )1 [1200,1]\n"})
+        EXPECT_NE(shown.find(text), std::string::npos) << text << shown;
+    EXPECT_TRUE(shown.ends_with("\nLast\n")) << shown;
 }
 
 TEST_F(frmSecurityTest, TakesACaptionThatIsNoTextFromAProgramFile) {
@@ -142,7 +197,7 @@ TEST_F(frmSecurityTest, WritesAClickedOptionAtOnceAndMakesTheZoneCustom) {
             EXPECT_EQ(form.pointer(), ui::Pointer::Hourglass);
             settings.TVMRTreeView1.choose(4);
             EXPECT_EQ(system.dword(key("2"), "1201"), 0u) << "the arrow keys only look";
-            settings.TVMRTreeView1.activate();
+            settings.TVMRTreeView1.pressSpace();
             EXPECT_EQ(treeOf(settings), "Group\n-Setting\n--( )Enable[1201,0]\n--(o)Disable[1201,3]\n");
             EXPECT_EQ(system.dword(key("2"), "1201"), 3u);
             EXPECT_EQ(system.dword(key("2"), "CurrentLevel"), 0u);
@@ -167,6 +222,20 @@ TEST_F(frmSecurityTest, WorksOnTheEditedZoneAlsoAfterTheMainWindowHasMovedOn) {
     EXPECT_EQ(system.dword(key("1"), "CurrentLevel"), 66816u);
 }
 
+TEST_F(frmSecurityTest, WritesNothingIntoAZoneThatHasBecomeAnother) {
+    describeOne();
+    customise("2", [&](frmSecurity& form) {
+        EXPECT_EQ(form.lblZone.caption(), "Trusted sites");
+        system.setText(key("2"), "DisplayName", "Other");
+        system.desktop.expectMessage("Another program has changed this zone. Your changes were not saved.",
+                                     ui::Answer::Ok);
+        form.TVMRTreeView1.click(4);
+        EXPECT_EQ(treeOf(form), "Group\n-Setting\n--(o)Enable[1201,0]\n--( )Disable[1201,3]\n");
+    });
+    EXPECT_EQ(system.dword(key("2"), "1201"), 0u);
+    EXPECT_EQ(system.dword(key("2"), "CurrentLevel"), 65536u);
+}
+
 TEST_F(frmSecurityTest, ShowsWhatIsInForceWhenAWriteIsRefused) {
     describeOne();
     customise("2", [&](frmSecurity& form) {
@@ -179,7 +248,14 @@ TEST_F(frmSecurityTest, ShowsWhatIsInForceWhenAWriteIsRefused) {
             EXPECT_EQ(system.dword(key("2"), "CurrentLevel"), refused == 1 ? 65536u : 0u) << "the level comes first";
             EXPECT_EQ(system.dword(key("2"), "1201"), refused == 1 ? 3u : 0u);
             EXPECT_EQ(form.TVMRTreeView1.node(4).selected, refused == 1);
+            EXPECT_EQ(form.TVMRTreeView1.node(3).selected, refused == 2);
+            EXPECT_EQ(form.TVMRTreeView1.current(), 4) << "the tree stays where it is";
         }
+        system.deleteValue(key("2"), "1201");
+        system.registry.watch.failOn("RegSetValueExA", 2, platform::AccessDenied);
+        system.desktop.expectMessage(Refused, ui::Answer::Ok);
+        form.TVMRTreeView1.click(4);
+        EXPECT_FALSE(form.TVMRTreeView1.node(3).selected || form.TVMRTreeView1.node(4).selected);
         removeZone("2");
         system.desktop.expectMessage(NoZone, ui::Answer::Ok);
         form.TVMRTreeView1.click(4);

@@ -286,11 +286,7 @@ void frmMain::EditSelectedZone() {
     if (lvwZones.selected() == 0 ||
         !forms::stillShown(context_, selection_.zone, selectedName(), "The zones have been read again."))
         return;
-    frmEdit dialog(context_, selection_);
-    dialog.load();
-    dialog.general.details.txtZoneName.setText(lblZoneName.caption());
-    dialog.general.details.txtZoneDescription.setText(lblZoneCaption.caption());
-    dialog.general.details.DrawIcon();
+    frmEdit dialog(context_, selection_.zone, selectedName());
     dialog.showModal(this);
 }
 

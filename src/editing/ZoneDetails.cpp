@@ -2,11 +2,14 @@
 
 #include "editing/GCommonDialog.h"
 #include "errors/messages.h"
+#include "forms/ZoneList.h"
 #include "icons/ExtractIcon.h"
 #include "icons/frmIconSelector.h"
 #include "ui/Layout.h"
+#include "util/Error.h"
+#include "util/clsStrings.h"
 #include "util/procedure.h"
-#include "zones/Defaults.h"
+#include "zones/zones.h"
 
 namespace {
 
@@ -16,8 +19,21 @@ constexpr int LongestName = 259, LongestDescription = 199;
 using namespace ui::layout;
 constexpr ui::Twips IconSize = 540;
 
-void SelectText(ui::TextBox& box) {
-    box.selectAll();
+struct IconParts {
+    std::string file, resource;
+};
+
+// The parts of a stored icon reference; nothing when it names none.
+std::optional<IconParts> usableIcon(const std::string& reference) {
+    clsStrings parts;
+    try {
+        if (parts.Initialise(reference, "#") < 2) return std::nullopt;
+    } catch (const util::Error&) {
+        return std::nullopt;  // quotes that lead nowhere: no file has such a name
+    }
+    IconParts icon{parts.ElementAsString(1), parts.ElementAsString(2)};
+    if (icon.file.empty() || icon.resource.empty()) return std::nullopt;
+    return icon;
 }
 
 }  // namespace
@@ -41,47 +57,87 @@ ZoneDetails::ZoneDetails(forms::Context& context, ui::Parent parent, ui::Twips w
     txtZoneDescription.setMaxLength(LongestDescription);
     picIcon.setTabStop(true);
 
-    txtZoneName.onGotFocus = [this, traces] { procedure(traces.nameGotFocus, [&] { SelectText(txtZoneName); }); };
+    txtZoneName.onGotFocus = [this, traces] { procedure(traces.nameGotFocus, [&] { txtZoneName.selectAll(); }); };
     txtZoneDescription.onGotFocus = [this, traces] {
-        procedure(traces.descriptionGotFocus, [&] { SelectText(txtZoneDescription); });
+        procedure(traces.descriptionGotFocus, [&] { txtZoneDescription.selectAll(); });
     };
     picIcon.onClick = [this, traces] { procedure(traces.iconClick, [&] { ChooseIcon(); }); };
+}
+
+void ZoneDetails::Show(const zones::ZoneTexts& texts) {
+    txtZoneName.setText(textOr(texts.name, MissingName));
+    txtZoneDescription.setText(textOr(texts.description, MissingDescription));
+    const auto icon = usableIcon(texts.icon.text);
+    iconFile_ = icon ? icon->file : "";
+    iconResource_ = icon ? icon->resource : "";
+    writesIcon_ = !icon;
+    DrawIcon(zoneIconOf(context_.platform, texts.icon).reference);
+}
+
+void ZoneDetails::ShowDefaults(const zones::BuiltInZone& defaults) {
+    txtZoneName.setText(defaults.name);
+    txtZoneDescription.setText(defaults.description);
+    UseIcon(defaults.iconFile, defaults.iconResource);
+    DrawIcon(iconFile_ + "#" + iconResource_);
 }
 
 void ZoneDetails::DrawIcon(const std::string& reference) {
     basMain::ExtractIcon(context_.platform, reference, "#", 32, picIcon);
 }
 
+void ZoneDetails::UseIcon(std::string file, std::string resource) {
+    iconFile_ = std::move(file);
+    iconResource_ = std::move(resource);
+    writesIcon_ = true;
+}
+
 bool ZoneDetails::Complete() {
-    if (selection.iconFile.empty()) {
-        selection.iconFile = zones::fallbackIconFile(context_.platform);
-        selection.iconResource = zones::FallbackIconResource;
-    }
+    if (iconFile_.empty()) UseIcon(zones::fallbackIconFile(context_.platform), zones::FallbackIconResource);
     return Given(txtZoneName, "You must give this zone a name.") &&
            Given(txtZoneDescription, "You must give this zone a description.");
 }
 
 bool ZoneDetails::Given(ui::TextBox& box, const char* message) {
     if (box.text().find_first_not_of(' ') != std::string::npos) return true;
+    Refuse(box, message);
+    return false;
+}
+
+bool ZoneDetails::Fits() {
+    return ShortEnough(txtZoneName, "name") && ShortEnough(txtZoneDescription, "description");
+}
+
+// The boxes let nobody type more, but a stored text is shown whole.
+bool ZoneDetails::ShortEnough(ui::TextBox& box, const char* what) {
+    if (box.text().size() <= static_cast<std::size_t>(box.maxLength())) return true;
+    Refuse(box, std::string("The ") + what + " is too long. Internet Explorer reads one of more than " +
+                    std::to_string(box.maxLength()) + " characters as empty.");
+    return false;
+}
+
+void ZoneDetails::Refuse(ui::TextBox& box, const std::string& message) {
     errors::tell(context_.platform, message);
     box.setFocus();
-    SelectText(box);  // also when the box had the focus all the time
-    return false;
+    box.selectAll();  // also when the box had the focus all the time
 }
 
 void ZoneDetails::Write() {
     clsRegistry& registry = context_.registry;
     registry.writeText(zones::value::DisplayName, txtZoneName.text());
     registry.writeText(zones::value::Description, txtZoneDescription.text());
-    registry.writeText(zones::value::Icon, selection.iconFile + "#" + selection.iconResource);
+    if (writesIcon_) registry.writeText(zones::value::Icon, iconFile_ + "#" + iconResource_);
 }
 
 void ZoneDetails::ChooseIcon() {
-    const auto file = GCommonDialog::BrowseForIcons(context_.platform, selection.iconFile);
+    const auto file = GCommonDialog::BrowseForIcons(context_.platform, iconFile_);
     if (!file) return;
-    frmIconSelector selector(context_.platform, *file, picIcon, [this](const auto& chosenFile, const auto& resource) {
-        selection.iconFile = chosenFile;
-        selection.iconResource = resource;
-    });
+    if (file->find('#') != std::string::npos) {
+        errors::tell(context_.platform, "The icons of \"" + *file +
+                                            "\" cannot be used: the path contains a \"#\", after which Internet "
+                                            "Explorer expects the number of an icon.");
+        return;
+    }
+    frmIconSelector selector(context_.platform, *file, picIcon,
+                             [this](const auto& chosenFile, const auto& resource) { UseIcon(chosenFile, resource); });
     selector.showModal(&picIcon.form());
 }

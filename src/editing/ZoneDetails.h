@@ -5,7 +5,8 @@
 #include "ui/Label.h"
 #include "ui/PictureBox.h"
 #include "ui/TextBox.h"
-#include "zones/zones.h"
+#include "zones/Defaults.h"
+#include "zones/ZoneRecord.h"
 
 class ZoneDetails {
 public:
@@ -15,7 +16,7 @@ public:
         const char* descriptionGotFocus;
         const char* iconClick;
     };
-    // Stands at the top of `place` with the usual margins; `width` is that of the place.
+    // Stands at the top of `parent` with the usual margins; `width` is that of the parent.
     ZoneDetails(forms::Context& context, ui::Parent parent, ui::Twips width, const char* hint, const Traces& traces);
     static constexpr ui::Twips Height = 2310;  // with the margins
 
@@ -26,22 +27,30 @@ public:
     ui::PictureBox picIcon;
     ui::Label zzzlblHint;
 
-    // The zone being edited, and its icon as chosen so far.
-    zones::Selection selection;
-
-    // Draws the icon of a reference, or that of the selection.
+    // Shows a zone as it is stored. An icon that can be used is not written again until another takes its place.
+    void Show(const zones::ZoneTexts& texts);
+    void ShowDefaults(const zones::BuiltInZone& defaults);
     void DrawIcon(const std::string& reference);
-    void DrawIcon() { DrawIcon(selection.iconFile + "#" + selection.iconResource); }
 
-    // Whether the zone can be saved. A zone without icon gets the browser's own; a blank name or description is
-    // refused with a message, and its box gets the focus.
+    // Whether there is all that a zone needs. A zone without icon gets the browser's own; a blank name or description
+    // is refused with a message, and its box gets the focus.
     bool Complete();
-    // Writes the three values into the key where the session stands.
+    // Whether the browser can read it all; what is too long is refused in the same way.
+    bool Fits();
+    // Writes the values into the key where the session stands.
     void Write();
+
+    // The icon as chosen so far: a file, "" for none, and the number or name of an icon in it.
+    const std::string& iconFile() const { return iconFile_; }
 
 private:
     void ChooseIcon();
+    void UseIcon(std::string file, std::string resource);
     bool Given(ui::TextBox& box, const char* message);
+    bool ShortEnough(ui::TextBox& box, const char* what);
+    void Refuse(ui::TextBox& box, const std::string& message);
 
     forms::Context& context_;
+    std::string iconFile_, iconResource_;
+    bool writesIcon_ = true;
 };

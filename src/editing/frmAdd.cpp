@@ -1,5 +1,6 @@
 #include "editing/frmAdd.h"
 
+#include "errors/messages.h"
 #include "forms/ZoneChange.h"
 #include "ui/Layout.h"
 #include "util/procedure.h"
@@ -31,7 +32,11 @@ void frmAdd::cmdGeneral_Click() {
         if (!details.Complete()) return;
         const auto zone = forms::numberOfNewZone(context_);
         if (!zone) return;
-        forms::change(context_, *zone, [&] { CreateZone(*zone); });
+        const bool created = forms::change(context_, *zone, [&] { CreateZone(*zone); });
+        if (created && !zones::hasTemplate(context_.registry, 0))
+            errors::tell(context_.platform,
+                         "The browser has no settings for the level \"High\" on this computer. The "
+                         "new zone has no security settings of its own yet.");
         context_.mainWindow->RebuildList();
         if (forms::exists(context_, *zone)) unload();
     });
@@ -41,7 +46,7 @@ void frmAdd::CreateZone(const std::string& zone) {
     clsRegistry& registry = context_.registry;
     zones::goToZones(registry);
     registry.MakeKey(zone);
-    registry.cD(zone);
+    if (zones::goToZone(registry, zone) != Found::Present) return;
     details.Write();
     zones::SetDefaults(registry, zone);
 }

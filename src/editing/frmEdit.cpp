@@ -1,21 +1,17 @@
 #include "editing/frmEdit.h"
 
-#include <algorithm>
 #include <cstdint>
 
 #include "editing/frmSecurity.h"
 #include "errors/messages.h"
 #include "forms/ZoneChange.h"
-#include "icons/ExtractIcon.h"
-#include "ui/CheckBox.h"
-#include "ui/ComboBox.h"
+#include "forms/ZoneList.h"
 #include "ui/Hourglass.h"
 #include "ui/Layout.h"
 #include "util/numbers.h"
 #include "util/procedure.h"
 #include "zones/Defaults.h"
 #include "zones/Templates.h"
-#include "zones/ZoneRecord.h"
 
 namespace {
 
@@ -26,61 +22,65 @@ using namespace ui::layout;
 constexpr ui::Twips PageLeft = 105, PageTop = 525, HiddenLeft = -10000;
 
 constexpr ui::Twips Edge = 45;
-constexpr ui::Bounds Tabs{PageLeft - Edge, Margin, PageSize.width + 2 * Edge,
-                          PageTop - Margin + PageSize.height + Edge};
+constexpr ui::Bounds Tabs{PageLeft - Edge, Margin, EditPageSize.width + 2 * Edge,
+                          PageTop - Margin + EditPageSize.height + Edge};
 constexpr ui::Twips CloseTop = Tabs.bottom() + Margin;
 constexpr ui::Size Client{Tabs.right() + PageLeft - Edge, CloseTop + ButtonHeight + Margin};
 
 enum Page { GeneralTab = 1, FlagsTab, SecurityTab };
-enum { Default = 0, Apply = 1 };  // of cmdGeneral and cmdFlags
+constexpr int PageCount = 3;
+constexpr int HiddenFromBrowser = 5;  // the flag that the Internet zone is never given
 
 }  // namespace
 
-frmEdit::frmEdit(forms::Context& context, zones::Selection selected)
+EditPages::EditPages(ui::Form& form) : ControlArray("Picture1") {
+    for (int page = 0; page < PageCount; ++page)
+        add(form, {HiddenLeft, PageTop, EditPageSize.width, EditPageSize.height}, ui::PictureBox::Border::None);
+}
+
+frmEdit::frmEdit(forms::Context& context, std::string zone, std::string shownName)
     : Form(context.platform.desktop, Kind::Dialog, "frmEdit", "Edit Zone", Client),
       // ---- General | Flags | Security
       TabStrip1(*this, "TabStrip1", Tabs, {"General", "Flags", "Security"}),
-      Picture1("Picture1"),
-      general(context, addPage()),
-      flags(addPage()),
-      levels(addPage()),
-      // ----                       [Close]
+      Picture1(*this),
+      general(context, Picture1(0)),
+      flags(Picture1(1)),
+      levels(Picture1(2)),
+      // ---- My Computer             [Close]
+      lblZone(*this, "lblZone", besideButton(Tabs.left, Tabs.right() - ButtonWidth, CloseTop), ""),
       cmdClose(*this, "cmdClose", {Tabs.right() - ButtonWidth, CloseTop, ButtonWidth, ButtonHeight}, "Close"),
-      context_(context) {
-    general.details.selection = std::move(selected);
+      context_(context),
+      zone_(std::move(zone)) {
+    lblZone.makeOneLine();
+    ShowName(std::move(shownName));
     setCancelButton(cmdClose);
     ConnectEvents();
     ShowPage(GeneralTab);
 }
 
-ui::PictureBox& frmEdit::addPage() {
-    return Picture1.add(*this, {HiddenLeft, PageTop, PageSize.width, PageSize.height}, ui::PictureBox::Border::None);
-}
-
 void frmEdit::ConnectEvents() {
     TabStrip1.onClick = [this] { TabStrip1_Click(); };
     cmdClose.onClick = [this] { cmdClose_Click(); };
-    for (const int i : {Default, Apply}) {
+    for (const int i : {DefaultButton, ApplyButton}) {
         general.cmdGeneral(i).onClick = [this, i] { cmdGeneral_Click(i); };
         flags.cmdFlags(i).onClick = [this, i] { cmdFlags_Click(i); };
     }
     for (int i = 0; i < levels.cboSetting.size(); ++i) {
         levels.cboSetting(i).onClick = [this, i] { cboSetting_Click(i); };
+        levels.cboSetting(i).onGotFocus = [this] { BindEnter(); };
         levels.cmdApply(i).onClick = [this, i] { cmdApply_Click(i); };
-        // Enter applies the level that the user is choosing.
-        levels.cboSetting(i).onGotFocus = [this, i] { setDefaultButton(levels.cmdApply(i)); };
+        levels.cmdApply(i).onGotFocus = [this] { BindEnter(); };
     }
     levels.cmdSecurity.onClick = [this] { cmdSecurity_Click(); };
+    for (ui::Control* other : {static_cast<ui::Control*>(&TabStrip1), static_cast<ui::Control*>(&levels.cmdSecurity),
+                               static_cast<ui::Control*>(&cmdClose)})
+        other->onGotFocus = [this] { BindEnter(); };
 }
 
 void frmEdit::Form_Load() {
     procedure("frmEdit.Form_Load", [&] {
-        TakeSelection();
-        // By number: a zone named "03" is offered the defaults of zone 3 as well.
-        const auto number = util::wholeNumber(zone());
-        general.cmdGeneral(Default).setEnabled(number && *number < zones::BuiltInZones.size());
         RepairMyComputer();
-        if (zone() == "3") flags.chkProperties(5).setEnabled(false);
+        if (zone_ == "3") flags.chkProperties(HiddenFromBrowser).setEnabled(false);
 
         std::vector<std::string> offered;
         for (int i = 0; i < zones::OfferedLevels; ++i) offered.emplace_back(zones::Levels[i].name);
@@ -88,81 +88,114 @@ void frmEdit::Form_Load() {
         offered.emplace_back(DefaultLevel);
         levels.cboSetting(RecommendedLevel).setItems(offered);
         levels.cboSetting(MinimumLevel).setItems(offered);
+
+        ReadGeneral();
     });
 }
 
-void frmEdit::TakeSelection() {
-    zones::Selection& own = general.details.selection;
-    zones::goToZone(context_.registry, own.zone);
-    if (context_.registry.readText(zones::value::Icon).text.find('#') != std::string::npos) return;
-    // The main window shows the program's icon for a zone that has none; that is not to become the zone's.
-    own.iconFile.clear();
-    own.iconResource.clear();
-}
-
-// Whichever zone is edited. A lowest level of 0 is none that the browser offers.
+// Whichever zone is edited. A lowest level of 0 is none that the browser offers. The user asked for nothing here, and
+// is not told when it cannot be done.
 void frmEdit::RepairMyComputer() {
     clsRegistry& registry = context_.registry;
-    zones::goToZone(registry, "0");
+    if (zones::goToZone(registry, "0") != Found::Present) return;
     const NumberReading minimum = registry.readNumber(zones::value::MinLevel);
     if (!minimum.present() || minimum.number != 0) return;
-    forms::change(context_, "0", [&] {
-        constexpr std::uint32_t Low = 65536;
-        registry.writeNumber(zones::value::MinLevel, Low);
-        registry.writeNumber(zones::value::RecommendedLevel, Low);
-    });
+    constexpr std::uint32_t Low = 65536;
+    registry.writeNumber(zones::value::MinLevel, Low);
+    registry.writeNumber(zones::value::RecommendedLevel, Low);
 }
 
 void frmEdit::TabStrip1_Click() {
     procedure("frmEdit.TabStrip1_Click", [&] {
-        if (TabStrip1.selected() == FlagsTab) GetFlags();
-        if (TabStrip1.selected() == SecurityTab) GetRecMinSettings();
-        ShowPage(TabStrip1.selected());
+        const int page = TabStrip1.selected();
+        // What the user has typed stays: only a page that could not be read is read again.
+        if (page == GeneralTab && !general.reading.succeeded()) ReadGeneral();
+        if (page == FlagsTab) GetFlags();
+        if (page == SecurityTab) GetRecMinSettings();
+        ShowPage(page);
     });
 }
 
 void frmEdit::ShowPage(int page) {
     for (int i = 0; i < Picture1.size(); ++i) Picture1(i).setLeft(i == page - 1 ? PageLeft : HiddenLeft);
-    setDefaultButton(page == GeneralTab ? general.cmdGeneral(Apply)
-                     : page == FlagsTab ? flags.cmdFlags(Apply)
-                                        : levels.cmdApply(CurrentLevel));
+    BindEnter();
+}
+
+// Enter applies the page. On that of the levels each box has an "Apply" of its own; without one of them Enter must not
+// change a level that the user is not even looking at.
+void frmEdit::BindEnter() {
+    if (TabStrip1.selected() == GeneralTab) return setDefaultButton(general.cmdGeneral(ApplyButton));
+    if (TabStrip1.selected() == FlagsTab) return setDefaultButton(flags.cmdFlags(ApplyButton));
+    for (int i = 0; i < levels.cboSetting.size(); ++i)
+        if (levels.cboSetting(i).focused()) return setDefaultButton(levels.cmdApply(i));
+    setDefaultButton(cmdClose);
 }
 
 void frmEdit::cmdClose_Click() {
     procedure("frmEdit.cmdClose_Click", [&] { unload(); });
 }
 
+bool frmEdit::StillShown() {
+    return forms::stillShown(context_, zone_, name_);
+}
+
+bool frmEdit::Save(const std::function<void()>& write) {
+    return forms::change(context_, zone_, [&] {
+        zones::goToZone(context_.registry, zone_);
+        write();
+    });
+}
+
+void frmEdit::TellUnreadable(const char* values) {
+    errors::tell(context_.platform, std::string("The zone's ") + values + " could not be read, and cannot be saved.");
+}
+
+void frmEdit::ShowName(std::string name) {
+    name_ = std::move(name);
+    lblZone.setCaption(name_);
+}
+
 // General -------------------------------------------------------------------------------------------------------
+
+void frmEdit::ReadGeneral() {
+    const Found key = zones::goToZone(context_.registry, zone_);
+    zones::ZoneTexts texts;
+    if (key == Found::Present) texts = zones::readTexts(context_.registry);
+    const bool read = key != Found::Unreadable && texts.usable();
+    if (key == Found::Present && texts.name.found != Found::Unreadable) ShowName(textOr(texts.name, MissingName));
+    general.details.Show(texts);
+
+    // By number: a zone named "03" is offered the defaults of zone 3 as well.
+    const auto number = util::wholeNumber(zone_);
+    const bool builtIn = number && *number < zones::BuiltInZones.size();
+    general.cmdGeneral(DefaultButton).setEnabled(read && builtIn);
+    general.cmdGeneral(ApplyButton).setEnabled(read);
+    if (general.reading.note(read)) TellUnreadable("name, description and icon");
+}
 
 void frmEdit::cmdGeneral_Click(int index) {
     procedure("frmEdit.cmdGeneral_Click", [&] {
         if (!general.details.Complete()) return;
-        if (index == Default) {
-            general.details.picIcon.clear();
-            GetDefaults();
-        }
-        SaveGeneral();
+        if (index == DefaultButton) GetDefaults();
+        if (general.details.Fits() && StillShown()) SaveGeneral();
     });
 }
 
 void frmEdit::SaveGeneral() {
-    forms::change(context_, zone(), [&] {
-        zones::goToZone(context_.registry, zone());
-        general.details.Write();
-    });
+    if (Save([&] { general.details.Write(); })) {
+        ShowName(general.details.txtZoneName.text());
+    } else if (zones::goToZone(context_.registry, zone_) == Found::Present) {
+        // The name may have been written although the rest was not.
+        const TextReading name = context_.registry.readText(zones::value::DisplayName);
+        if (name.found != Found::Unreadable) ShowName(textOr(name, MissingName));
+    }
     context_.mainWindow->RebuildList();
 }
 
 void frmEdit::GetDefaults() {
     procedure("frmEdit.GetDefaults", [&] {
-        const zones::BuiltInZone* defaults = zones::builtIn(zone());
-        if (!defaults) return;
-        ZoneDetails& details = general.details;
-        details.txtZoneName.setText(defaults->name);
-        details.txtZoneDescription.setText(defaults->description);
-        details.selection.iconFile = defaults->iconFile;
-        details.selection.iconResource = defaults->iconResource;
-        details.DrawIcon();
+        general.details.picIcon.clear();
+        if (const zones::BuiltInZone* defaults = zones::builtIn(zone_)) general.details.ShowDefaults(*defaults);
     });
 }
 
@@ -170,121 +203,94 @@ void frmEdit::GetDefaults() {
 
 void frmEdit::GetFlags() {
     procedure("frmEdit.GetFlags", [&] {
-        clsRegistry& registry = context_.registry;
-        zones::goToZones(registry);
-        std::uint32_t bits = zones::MissingFlags;
-        if (registry.HasKeys()) {
-            zones::goToZone(registry, zone());
-            if (const NumberReading stored = zones::readFlags(registry); stored.found != Found::Absent)
-                bits = stored.number;
-        }
-        ShowFlags(bits);
-    });
-}
+        const Found key = zones::goToZone(context_.registry, zone_);
+        NumberReading stored;
+        if (key == Found::Present) stored = zones::readFlags(context_.registry);
+        const bool read = key != Found::Unreadable && stored.usable();
+        flags.show(!read ? 0 : stored.present() ? stored.number : zones::MissingFlags);
 
-void frmEdit::ShowFlags(std::uint32_t bits) {
-    for (int i = 0; i < flags.chkProperties.size(); ++i) flags.chkProperties(i).setChecked((bits >> i & 1) != 0);
+        for (int i = 0; i < flags.chkProperties.size(); ++i)
+            flags.chkProperties(i).setEnabled(read && !(zone_ == "3" && i == HiddenFromBrowser));
+        for (ui::CommandButton& button : flags.cmdFlags) button.setEnabled(read);
+        if (flags.reading.note(read)) TellUnreadable("flags");
+    });
 }
 
 void frmEdit::cmdFlags_Click(int index) {
     procedure("frmEdit.cmdFlags_Click", [&] {
-        if (index == Default) {
-            ShowFlags(zones::defaultsOf(zone()).flags);
+        if (index == DefaultButton) {
+            flags.show(zones::defaultsOf(zone_).flags);
         } else {
             SaveFlags();
         }
-        context_.mainWindow->UpdateLabels(zone());
+        context_.mainWindow->UpdateLabels(zone_);
     });
 }
 
-// The boxes are all there is: bits that the zone had beyond them go.
 void frmEdit::SaveFlags() {
-    std::uint32_t sum = 0;
-    for (const ui::CheckBox& box : flags.chkProperties)
-        if (box.checked()) sum += util::wholeNumber(box.tag()).value_or(0);
-    forms::change(context_, zone(), [&] {
-        zones::goToZone(context_.registry, zone());
-        context_.registry.writeNumber(zones::value::Flags, sum);
-    });
+    if (StillShown()) Save([&] { context_.registry.writeNumber(zones::value::Flags, flags.shown()); });
 }
 
 // Levels --------------------------------------------------------------------------------------------------------
 
 void frmEdit::GetRecMinSettings() {
     procedure("frmEdit.GetRecMinSettings", [&] {
-        const std::string place = zones::zoneAtPlace(context_.registry, zone());
-        const bool found = !place.empty() && zones::goToZone(context_.registry, place) == Found::Present;
+        clsRegistry& registry = context_.registry;
+        const clsRegistry::FailureWatch watch(registry);
+        const std::string atPlace = zones::zoneAtPlace(registry, zone_);
+        zones::ZoneLevels stored;
+        if (!atPlace.empty() && zones::goToZone(registry, atPlace) == Found::Present)
+            stored = zones::readLevels(registry);
+        const bool tell = levels.reading.note(!watch.failed() && stored.usable());
+
+        const NumberReading* inOrder[] = {&stored.recommended, &stored.minimum, &stored.current};
         for (int i = 0; i < levels.cboSetting.size(); ++i) {
-            if (found) ReadLevel(i);
+            if (inOrder[i]->present()) levels.show(i, inOrder[i]->number);
             cboSetting_Click(i);
         }
+        if (tell) TellUnreadable("security levels");
     });
-}
-
-// A level that is none of those that can be chosen leaves label and box as they are.
-void frmEdit::ReadLevel(int index) {
-    const auto row = static_cast<std::size_t>(index);
-    const NumberReading stored = context_.registry.readNumber(LevelRows[row].value);
-    if (!stored.present()) return;
-    const auto level = zones::levelIndex(stored.number);
-    if (!level) return;
-    const bool custom = *level >= zones::OfferedLevels;
-    if (custom && index != CurrentLevel) return;
-    levels.stored[row].setCaption(zones::Levels[static_cast<std::size_t>(*level)].name);
-    if (!custom) levels.cboSetting(index).setListIndex(*level);
 }
 
 void frmEdit::cboSetting_Click(int index) {
-    procedure("frmEdit.cboSetting_Click", [&] {
-        const ui::ComboBox& box = levels.cboSetting(index);
-        const bool change =
-            box.listIndex() >= 0 && box.text() != levels.stored[static_cast<std::size_t>(index)].caption();
-        levels.cmdApply(index).setEnabled(change);
-    });
+    procedure("frmEdit.cboSetting_Click", [&] { levels.enableApply(index); });
 }
 
 void frmEdit::cmdApply_Click(int index) {
     procedure("frmEdit.cmdApply_Click", [&] {
-        const std::string chosen = levels.cboSetting(index).text();
-        bool there = true;
-        const bool written = forms::change(context_, zone(), [&] { there = SaveLevel(index, chosen); });
-        if (there && written) levels.cmdApply(index).setEnabled(false);
+        const int place = levels.cboSetting(index).listIndex();
+        if (place < 0 || !StillShown()) return;
+        if (index == CurrentLevel && !HasTemplate(place)) return;
+        if (Save([&] { SaveLevel(index, place); })) levels.cmdApply(index).setEnabled(false);
+        context_.mainWindow->UpdateLabels(zone_);
     });
 }
 
-// False when there is nothing of that name to be written.
-bool frmEdit::SaveLevel(int index, const std::string& chosen) {
-    clsRegistry& registry = context_.registry;
-    const auto level = std::find_if(zones::Levels.begin(), zones::Levels.end(),
-                                    [&](const zones::Level& known) { return chosen == known.name; });
-    const bool known = level != zones::Levels.end();
-    if (index == CurrentLevel) return known && SaveTemplate(static_cast<int>(level - zones::Levels.begin()));
-    if (!known && chosen != DefaultLevel) return false;
-
-    const zones::Defaults& defaults = zones::defaultsOf(zone());
-    const std::uint32_t number = known                       ? level->number
-                                 : index == RecommendedLevel ? defaults.recommendedLevel
-                                                             : defaults.minimumLevel;
-    zones::goToZone(registry, zone());
-    registry.writeNumber(LevelRows[static_cast<std::size_t>(index)].value, number);
-    return true;
+bool frmEdit::HasTemplate(int level) {
+    const clsRegistry::FailureWatch watch(context_.registry);
+    if (zones::hasTemplate(context_.registry, level)) return true;
+    const std::string name = zones::Levels[static_cast<std::size_t>(level)].name;
+    errors::tell(context_.platform, watch.failed() ? "The browser's settings for the level \"" + name +
+                                                         "\" could not be read. The zone is unchanged."
+                                                   : "The browser has no settings for the level \"" + name +
+                                                         "\" on this computer. The zone is unchanged.");
+    return false;
 }
 
-bool frmEdit::SaveTemplate(int level) {
-    if (!zones::hasTemplate(context_.registry, level)) {
-        errors::tell(context_.platform, std::string("The browser has no settings for the level \"") +
-                                            zones::Levels[static_cast<std::size_t>(level)].name +
-                                            "\" on this computer. The zone is unchanged.");
-        return false;
-    }
-    zones::SaveSecurityLevel(context_.registry, zone(), level);
-    return true;
+// `place`: that of the chosen level in the box; below the levels stands the zone's default.
+void frmEdit::SaveLevel(int index, int place) {
+    if (index == CurrentLevel) return zones::SaveSecurityLevel(context_.registry, zone_, place);
+    const zones::Defaults& defaults = zones::defaultsOf(zone_);
+    const std::uint32_t number = place < zones::OfferedLevels ? zones::Levels[static_cast<std::size_t>(place)].number
+                                 : index == RecommendedLevel  ? defaults.recommendedLevel
+                                                              : defaults.minimumLevel;
+    context_.registry.writeNumber(LevelRows[static_cast<std::size_t>(index)].value, number);
 }
 
 void frmEdit::cmdSecurity_Click() {
     procedure("frmEdit.cmdSecurity_Click", [&] {
         const ui::Hourglass hourglass(*this);
-        frmSecurity settings(context_, zone());
+        frmSecurity settings(context_, zone_, name_);
         settings.onWritten = [this] { GetRecMinSettings(); };
         settings.showModal(this);
     });

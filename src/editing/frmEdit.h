@@ -1,58 +1,76 @@
 // The dialog in which one zone is edited, on three pages: name, description and icon; flags; security levels.
 //
-// A page is read from the registry each time its tab is chosen, and saved by its own "Apply".
+// The pages of flags and levels are read from the registry each time their tab is chosen, the general one when the
+// dialog is loaded. Each is saved by its own "Apply".
 #pragma once
 
-#include "editing/frmEditPages.h"
+#include <functional>
+#include <string>
+
+#include "editing/FlagsPage.h"
+#include "editing/GeneralPage.h"
+#include "editing/LevelsPage.h"
 #include "forms/Context.h"
 #include "ui/CommandButton.h"
 #include "ui/ControlArray.h"
 #include "ui/Form.h"
+#include "ui/Label.h"
 #include "ui/PictureBox.h"
 #include "ui/TabStrip.h"
+#include "zones/ZoneRecord.h"
+
+// What the controls of each page stand on.
+struct EditPages : ui::ControlArray<ui::PictureBox> {
+    explicit EditPages(ui::Form& form);
+};
 
 class frmEdit : public ui::Form {
 public:
-    // Edits the zone of `selected`, which shows that icon.
-    frmEdit(forms::Context& context, zones::Selection selected);
+    // Edits the zone that the user knows by the name `shownName`.
+    frmEdit(forms::Context& context, std::string zone, std::string shownName);
 
     ui::TabStrip TabStrip1;
-    ui::ControlArray<ui::PictureBox> Picture1;  // the pages
+    EditPages Picture1;
     GeneralPage general;
     FlagsPage flags;
     LevelsPage levels;
+    ui::Label lblZone;
     ui::CommandButton cmdClose;
 
 protected:
     void Form_Load() override;
 
 private:
-    ui::PictureBox& addPage();
     void ConnectEvents();
-    const std::string& zone() const { return general.details.selection.zone; }
-
-    void TakeSelection();
     void RepairMyComputer();
     void TabStrip1_Click();
     void ShowPage(int page);
+    void BindEnter();
     void cmdClose_Click();
 
+    // Whether the zone is still the one that the dialog was opened for. Otherwise the user has been told.
+    bool StillShown();
+    bool Save(const std::function<void()>& write);
+    void TellUnreadable(const char* values);
+    void ShowName(std::string name);
+
+    void ReadGeneral();
     void cmdGeneral_Click(int index);
     void SaveGeneral();
     void GetDefaults();
 
     void cmdFlags_Click(int index);
     void GetFlags();
-    void ShowFlags(std::uint32_t bits);
     void SaveFlags();
 
     void cboSetting_Click(int index);
     void cmdApply_Click(int index);
-    bool SaveLevel(int index, const std::string& chosen);
-    bool SaveTemplate(int level);
+    bool HasTemplate(int level);
+    void SaveLevel(int index, int place);
     void cmdSecurity_Click();
     void GetRecMinSettings();
-    void ReadLevel(int index);
 
     forms::Context& context_;
+    std::string zone_;
+    std::string name_;  // as it was last shown, read or saved
 };

@@ -1,9 +1,9 @@
 #include "editing/frmSecurity.h"
 
-#include <algorithm>
 #include <unordered_map>
 #include <vector>
 
+#include "errors/messages.h"
 #include "forms/ZoneChange.h"
 #include "icons/ExtractIcon.h"
 #include "ui/Layout.h"
@@ -29,27 +29,34 @@ constexpr ui::Twips Inner = Client.width - 2 * Margin;
 constexpr ui::Twips ButtonTop = Client.height - Margin - ButtonHeight;
 constexpr ui::Twips TreeHeight = ButtonTop - 2 * Margin;
 
-std::string textOf(clsRegistry& registry, const char* name) {
-    return registry.readText(name).text;
-}
+// The values of a group, a setting and an option.
+namespace value {
+constexpr const char* Text = "Text";
+constexpr const char* PlugUIText = "PlugUIText";
+constexpr const char* Bitmap = "Bitmap";
+constexpr const char* ValueName = "ValueName";
+constexpr const char* CheckedValue = "CheckedValue";
+}  // namespace value
 
-// Runs `visit` with the session in each subkey in turn.
-template <class Visit>
-void forEachKey(clsRegistry& registry, Visit visit) {
-    const auto keys = registry.DirKey();
-    if (!keys) return;
-    for (const std::string& key : *keys) {
-        if (key == SkippedKey) continue;
-        registry.cD(key + "\\");  // a blank behind a key's name counts
-        visit();
-        registry.cD("..");
+// What a click on an option writes, as its node's tag keeps it: "1201,3".
+struct OptionTag {
+    std::string valueName;
+    std::uint32_t number = 0;
+
+    std::string text() const { return valueName + "," + util::toDecimal(number); }
+    static std::optional<OptionTag> of(const std::string& text) {
+        clsStrings parts;
+        parts.Initialise(text, ",");
+        const auto number = util::wholeNumber(parts.ElementAsString(2));
+        if (!number) return std::nullopt;
+        return OptionTag{parts.ElementAsString(1), *number};
     }
-}
+};
 
 }  // namespace
 
-// The zone's values while the tree is being filled: a session of their own, as the shared one stands among
-// the settings then, and each value read once for all options of its setting.
+// The zone's values: a session of their own, as the shared one stands among the settings while the tree is filled, and
+// each value read once for all options of its setting.
 struct frmSecurity::ZoneValues {
     ZoneValues(platform::Platform& platform, const std::string& zone) : session(platform) {
         const std::string place = zones::zoneAtPlace(session, zone);
@@ -57,18 +64,51 @@ struct frmSecurity::ZoneValues {
     }
 
     clsRegistry session;
+    clsRegistry::FailureWatch watch{session};
     bool found = false;
     std::unordered_map<std::string, std::optional<std::int32_t>> read;
 };
 
-frmSecurity::frmSecurity(forms::Context& context, std::string zone)
+struct frmSecurity::Filling {
+    Filling(forms::Context& context, const std::string& zone)
+        : registry(context.registry), values(context.platform, zone) {}
+
+    clsRegistry& registry;
+    clsRegistry::FailureWatch watch{registry};
+    ZoneValues values;
+    bool passedOver = false;
+
+    bool complete() const { return !passedOver && !watch.failed() && !values.watch.failed(); }
+
+    // Calls `visit` with the path of each key below `path`, the session standing in it. A name that the code page
+    // cannot carry is listed, but leads to no key.
+    template <class Visit>
+    void forEachKey(const std::string& path, Visit visit) {
+        const auto keys = registry.DirKey();
+        if (!keys) return;
+        for (const std::string& key : *keys) {
+            if (key == SkippedKey) continue;
+            const std::string below = path + "\\" + key;
+            if (registry.goTo(below) == Found::Present) {
+                visit(below);
+            } else {
+                passedOver = true;
+            }
+        }
+    }
+};
+
+frmSecurity::frmSecurity(forms::Context& context, std::string zone, std::string shownName)
     : Form(context.platform.desktop, Kind::Dialog, "frmSecurity", "Custom Security", Client),
       TVMRTreeView1(*this, "TVMRTreeView1", {Margin, Margin, Inner, TreeHeight}),
       ilsGroups(*this, "ilsGroups", 16),
       picTemp(*this, "picTemp", {0, 0, 240, 240}),
+      lblZone(*this, "lblZone", besideButton(Margin, Client.width - Margin - ButtonWidth, ButtonTop), shownName),
       cmdClose(*this, "cmdClose", {Client.width - Margin - ButtonWidth, ButtonTop, ButtonWidth, ButtonHeight}, "Close"),
       context_(context),
-      zone_(std::move(zone)) {
+      zone_(std::move(zone)),
+      shownName_(std::move(shownName)) {
+    lblZone.makeOneLine();
     picTemp.setVisible(false);
     TVMRTreeView1.setImages(&ilsGroups);
     setDefaultButton(cmdClose);
@@ -79,10 +119,7 @@ frmSecurity::frmSecurity(forms::Context& context, std::string zone)
 }
 
 void frmSecurity::Form_Load() {
-    procedure("frmSecurity.Form_Load", [&] {
-        FillTree();
-        if (TVMRTreeView1.count() > 0) TVMRTreeView1.ensureVisible(1);
-    });
+    procedure("frmSecurity.Form_Load", [&] { FillTree(); });
 }
 
 void frmSecurity::cmdClose_Click() {
@@ -93,54 +130,56 @@ void frmSecurity::cmdClose_Click() {
 
 void frmSecurity::FillTree() {
     procedure("frmSecurity.FillTree", [&] {
-        ZoneValues values(context_.platform, zone_);
-        clsRegistry& registry = context_.registry;
-        registry.goTo(SettingsKey);
-        forEachKey(registry, [&] { AddGroup(values); });
+        Filling filling(context_, zone_);
+        context_.registry.goTo(SettingsKey);
+        filling.forEachKey(SettingsKey, [&](const std::string& path) { AddGroup(filling, path); });
+        if (TVMRTreeView1.count() > 0) TVMRTreeView1.ensureVisible(1);
+        if (!filling.complete())
+            errors::tell(context_.platform, "Part of the settings could not be read. Not all of them are shown.");
     });
 }
 
-void frmSecurity::AddGroup(ZoneValues& values) {
+void frmSecurity::AddGroup(Filling& filling, const std::string& path) {
     clsRegistry& registry = context_.registry;
     ui::TreeNode group;
-    group.text = textOf(registry, "Text");
-    group.image = AddPicture(textOf(registry, "Bitmap"));
+    group.text = registry.readText(value::Text).text;
+    group.image = AddPicture(registry.readText(value::Bitmap).text);
     const int number = TVMRTreeView1.add(group);
-    forEachKey(registry, [&] { AddSetting(values, number); });
+    filling.forEachKey(path, [&](const std::string& below) { AddSetting(filling, below, number); });
 }
 
-void frmSecurity::AddSetting(ZoneValues& values, int group) {
+void frmSecurity::AddSetting(Filling& filling, const std::string& path, int group) {
     ui::TreeNode setting;
     setting.text = SettingCaption();
     setting.parent = group;
     const int number = TVMRTreeView1.add(setting);
-    forEachKey(context_.registry, [&] { AddOption(values, number); });
+    filling.forEachKey(path, [&](const std::string&) { AddOption(filling, number); });
 }
 
 // A caption that begins with "%" only stands for the text in the browser's resources.
 std::string frmSecurity::SettingCaption() {
-    std::string text = textOf(context_.registry, "Text");
+    const std::string text = context_.registry.readText(value::Text).text;
     if (!text.empty() && text.front() != '%') return text;
-    const std::string reference = textOf(context_.registry, "PlugUIText");
+    const std::string reference = context_.registry.readText(value::PlugUIText).text;
     return text.empty() && reference.empty() ? text : ExtractString(reference);
 }
 
 // What has neither a value's name nor a number is no option but a deeper branch of a longer tree. With only one of
 // them it is shown, but there is nothing that a click could write. Value names are hexadecimal numbers; a "," or a
 // quote would take the tag apart at the wrong place.
-void frmSecurity::AddOption(ZoneValues& values, int setting) {
+void frmSecurity::AddOption(Filling& filling, int setting) {
     clsRegistry& registry = context_.registry;
-    const std::string name = textOf(registry, "ValueName");
-    const NumberReading checked = registry.readNumber("CheckedValue");
+    const std::string name = registry.readText(value::ValueName).text;
+    const NumberReading checked = registry.readNumberOfAnyType(value::CheckedValue);
     if (name.empty() && checked.found == Found::Absent) return;
 
     ui::TreeNode option;
-    option.text = textOf(registry, "Text");
+    option.text = registry.readText(value::Text).text;
     option.parent = setting;
     if (checked.present() && !name.empty() && name.find_first_of(",\"") == std::string::npos) {
         option.option = true;
-        option.tag = name + "," + checked.display;
-        option.selected = GetValue(values, name) == static_cast<std::int32_t>(checked.number);
+        option.tag = OptionTag{name, checked.number}.text();
+        option.selected = GetValue(filling.values, name) == static_cast<std::int32_t>(checked.number);
     }
     TVMRTreeView1.add(option);
 }
@@ -189,24 +228,32 @@ std::optional<std::int32_t> frmSecurity::GetValue(ZoneValues& values, const std:
 
 void frmSecurity::TVMRTreeView1_OptionClick(int node) {
     procedure("frmSecurity.TVMRTreeView1_OptionClick", [&] {
-        clsStrings tag;
-        tag.Initialise(TVMRTreeView1.node(node).tag, ",");
-        const std::string name = tag.ElementAsString(1);
-        const auto number = util::wholeNumber(tag.ElementAsString(2));
-        if (!number) return;
+        const auto option = OptionTag::of(TVMRTreeView1.node(node).tag);
+        if (!option) return;
+        if (!forms::stillShown(context_, zone_, shownName_)) return MarkOptionsInForce();
 
         clsRegistry& registry = context_.registry;
         const bool written = forms::change(context_, zone_, [&] {
             zones::goToZone(registry, zone_);
             registry.writeNumber(zones::value::CurrentLevel, 0);
-            registry.writeNumber(name, *number);
+            registry.writeNumber(option->valueName, option->number);
         });
         ui::raise(onWritten);
         context_.mainWindow->UpdateLabels(zone_);
-        if (written) return;
-        // The option is not in force: show what is.
-        TVMRTreeView1.clear();
-        ilsGroups.clear();
-        FillTree();
+        if (!written) MarkOptionsInForce();
     });
+}
+
+// The click has marked an option that is not in force.
+void frmSecurity::MarkOptionsInForce() {
+    ZoneValues values(context_.platform, zone_);
+    for (int node = 1; node <= TVMRTreeView1.count(); ++node) {
+        const auto option = OptionTag::of(TVMRTreeView1.node(node).tag);
+        if (!option) continue;
+        if (GetValue(values, option->valueName) == static_cast<std::int32_t>(option->number)) {
+            TVMRTreeView1.selectOption(node);
+        } else {
+            TVMRTreeView1.unselectOption(node);
+        }
+    }
 }

@@ -14,10 +14,12 @@
 #include "ui/Form.h"
 #include "ui/Image.h"
 #include "ui/ImageList.h"
+#include "ui/Label.h"
 
 class frmSecurity : public ui::Form {
 public:
-    frmSecurity(forms::Context& context, std::string zone);
+    // For the zone that the user knows by the name `shownName`.
+    frmSecurity(forms::Context& context, std::string zone, std::string shownName);
 
     // Raised after a setting has been written: the zone's level is custom now.
     ui::Event onWritten;
@@ -25,6 +27,7 @@ public:
     TVMRTreeView TVMRTreeView1;
     ui::ImageList ilsGroups;
     ui::Image picTemp;  // hidden: each group's picture is loaded here on its way into the image list
+    ui::Label lblZone;
     ui::CommandButton cmdClose;
 
     // Resolves "@file,-number" in the string resources of a program file. A text that says so when there is no such
@@ -36,18 +39,20 @@ protected:
     void Form_Load() override;
 
 private:
+    struct Filling;
     struct ZoneValues;
 
     void FillTree();
-    void AddGroup(ZoneValues& values);
-    void AddSetting(ZoneValues& values, int group);
-    void AddOption(ZoneValues& values, int setting);
+    void AddGroup(Filling& filling, const std::string& path);
+    void AddSetting(Filling& filling, const std::string& path, int group);
+    void AddOption(Filling& filling, int setting);
     std::string SettingCaption();
     int AddPicture(const std::string& bitmap);
     std::optional<std::int32_t> GetValue(ZoneValues& values, const std::string& name);
     void TVMRTreeView1_OptionClick(int node);
+    void MarkOptionsInForce();
     void cmdClose_Click();
 
     forms::Context& context_;
-    std::string zone_;
+    std::string zone_, shownName_;
 };

@@ -89,6 +89,8 @@ public:
 
     TextReading readText(const std::string& name);
     NumberReading readNumber(const std::string& name);
+    // A number that need not be a DWORD: four bytes of binary, low byte first, or its decimal text count as well.
+    NumberReading readNumberOfAnyType(const std::string& name);
     void writeText(const std::string& name, const std::string& text);
     void writeNumber(const std::string& name, std::uint32_t number);
 

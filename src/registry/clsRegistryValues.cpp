@@ -129,6 +129,20 @@ NumberReading clsRegistry::readNumber(const std::string& name) {
     });
 }
 
+NumberReading clsRegistry::readNumberOfAnyType(const std::string& name) {
+    return procedure("clsRegistry.ValueOf [Get]", [&]() -> NumberReading {
+        const Stored stored = read(name);
+        if (const Found found = foundBy(stored.code); found != Found::Present) return {found, 0, {}};
+        const ValueType type = typeOf(stored.type);
+        std::optional<std::uint32_t> number;
+        if (type == ValueType::String) number = util::wholeNumber(storedText(stored.data));
+        if (type != ValueType::String && stored.data.size() == sizeof(std::uint32_t))
+            number = storedNumber(stored.data);
+        if (!number) return {Found::OtherType, 0, {}};
+        return {Found::Present, *number, util::toDecimal(*number)};
+    });
+}
+
 void clsRegistry::writeText(const std::string& name, const std::string& text) {
     ValueOf(name, ValueType::String, text);
 }

@@ -1,4 +1,4 @@
-// A picture; like a label windowless, and drawn on the form.
+// A picture on the form or on the box it stands in, drawn there like a label.
 #pragma once
 
 #include <string>

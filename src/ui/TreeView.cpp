@@ -42,6 +42,10 @@ void TreeView::selectOption(int number) {
     }
 }
 
+void TreeView::unselectOption(int number) {
+    if (store(nodes_.at(static_cast<std::size_t>(number - 1)).selected, false)) updatePeer(&Peer::applyNode, number);
+}
+
 void TreeView::setCurrent(int number) {
     if (number < 0 || number > count()) throw std::out_of_range("the tree has no such node");
     if (store(current_, number)) updatePeer(&Peer::applyCurrent);
@@ -65,7 +69,7 @@ void TreeView::click(int number) {
     raise(onOptionClick, number);
 }
 
-void TreeView::activate() {
+void TreeView::pressSpace() {
     if (current_ > 0) click(current_);
 }
 

@@ -43,19 +43,17 @@ public:
     void clear();
     // Marks an option and unmarks the other options of its parent.
     void selectOption(int number);
+    void unselectOption(int number);
 
-    int current() const { return current_; }  // the node with the cursor; 0 for none
+    int current() const { return current_; }  // the node with the cursor, 0 is none
     void setCurrent(int number);
     void ensureVisible(int number);
     int visibleNode() const { return visibleNode_; }
 
-    // Whether the cursor is on an option. Enter chooses it then, and otherwise presses the form's default button.
-    bool onOption() const { return current_ > 0 && node(current_).option; }
-
-    // The user's entries: the cursor moves; a mouse click on an option's row; Space or Enter on the current node.
+    // The user's entries: the cursor moves; a mouse click on an option's row; Space on the current node.
     void choose(int number);
     void click(int number);
-    void activate();
+    void pressSpace();
     // Raised with the option's number after the option has been marked; also when it was marked already.
     std::function<void(int)> onOptionClick;
 

@@ -66,7 +66,7 @@ struct EditingFixture : testing::Test {
             },
             [&] { form.general.details.picIcon.click(); });
     }
-    static constexpr int FlagsPage = 2, SecurityPage = 3;
+    static constexpr int GeneralTab = 1, FlagsPage = 2, SecurityPage = 3;
 
     static constexpr const char* Refused =
         "Some changes could not be written; the zone has only part of the new values.";

@@ -1,0 +1,28 @@
+#include "editing/FlagsPage.h"
+
+#include "util/numbers.h"
+#include "zones/zones.h"
+
+// The highest bit's box stands first.
+FlagsPage::FlagsPage(ui::Control& page) : chkProperties("chkProperties"), cmdFlags("cmdFlags") {
+    using namespace ui::layout;
+    constexpr ui::Twips Row = 315;
+    constexpr int Last = static_cast<int>(zones::FlagCaptions.size()) - 1;
+    for (int i = Last; i >= 0; --i) {
+        const ui::Bounds bounds{Margin, Margin + (Last - i) * Row, EditPageInner, BoxHeight};
+        auto& box = chkProperties.addInFront(i, page, bounds, zones::FlagCaptions[static_cast<std::size_t>(i)]);
+        box.setTag(util::toDecimal(1u << i));
+    }
+    addPageButtons(cmdFlags, page);
+}
+
+void FlagsPage::show(std::uint32_t bits) {
+    for (int i = 0; i < chkProperties.size(); ++i) chkProperties(i).setChecked((bits >> i & 1) != 0);
+}
+
+std::uint32_t FlagsPage::shown() const {
+    std::uint32_t bits = 0;
+    for (int i = 0; i < chkProperties.size(); ++i)
+        if (chkProperties(i).checked()) bits |= 1u << i;
+    return bits;
+}
