@@ -189,13 +189,13 @@ TEST_F(clsFileIconTest, ImagesAreEqualByWidthHeightAndColours) {
 
 TEST_F(clsFileIconTest, TheImageThatServesASizeBestIsFound) {
     const struct {
-        std::vector<std::pair<int, int>> images;  // width as stored, bits
+        std::vector<std::pair<int, int>> images;  // width, bits
         int wanted, best;
     } cases[] = {
         {{{16, 8}, {32, 4}, {32, 8}, {48, 32}}, 32, 2},   // that width, most colours
         {{{16, 8}, {64, 32}, {48, 4}, {48, 8}}, 32, 3},   // the smallest larger one
         {{{16, 32}, {24, 4}, {24, 8}, {20, 32}}, 32, 2},  // the largest
-        {{{0, 32}, {16, 4}}, 32, 0},                      // 0 is 256
+        {{{256, 32}, {16, 4}}, 32, 0},                    // stored as 0
         {{{32, 8}, {32, 8}}, 32, 0},
     };
     for (const auto& c : cases)

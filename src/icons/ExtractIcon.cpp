@@ -29,18 +29,11 @@ Location ownIcon(platform::Platform& platform) {
     return {basSystem::ProgramFile(platform), "1"};
 }
 
-// Throws util::Error when the system makes no icon of the image: a box could not draw it either.
-ui::Picture pictureOf(const clsFileIcon& icon, int size) {
-    const int image = icon.ImageForWidth(size);
-    icon.IconHandle(image);
-    return icon.IconPicture(image);
-}
-
 // Throws util::Error when there is no such icon or it cannot be drawn.
 ui::Picture iconAt(platform::Platform& platform, const Location& location, int size) {
     clsFileIcon icon(platform);
     icon.LoadIconFromEXE(location.file, icons::toIdentifier(location.identifier));
-    return pictureOf(icon, size);
+    return icon.IconPicture(icon.ImageForWidth(size));
 }
 
 // The result of `load`, or an empty picture when that fails.
@@ -56,13 +49,13 @@ ui::Picture pictureOrNone(Load load) {
 ui::Picture pictureFile(platform::Platform& platform, const std::string& path, int size) {
     std::string file;
     if (platform.files.read(path, file, 2) != platform::Success) return {};
-    if (icons::looksLikeBitmapFile(icons::asBytes(file))) {
+    if (icons::looksLikeBitmapFile(platform::asBytes(file))) {
         if (platform.files.read(path, file) != platform::Success) return {};
-        return icons::bitmapFromFile(icons::asBytes(file));
+        return icons::bitmapFromFile(platform::asBytes(file));
     }
     clsFileIcon icon(platform);
     icon.LoadIcon(path);
-    return pictureOf(icon, size);
+    return icon.IconPicture(icon.ImageForWidth(size));
 }
 
 }  // namespace
@@ -83,7 +76,7 @@ ui::Picture IconCache::iconOf(const std::string& reference, const std::string& s
     }
     clsFileIcon icon(platform_);
     icon.LoadIconFromEXE(*open_, location.file, icons::toIdentifier(location.identifier));
-    return pictureOf(icon, size);
+    return icon.IconPicture(icon.ImageForWidth(size));
 }
 
 const ui::Picture& IconCache::Icon(const std::string& reference, const std::string& separator, int size) {

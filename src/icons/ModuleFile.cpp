@@ -10,7 +10,7 @@ Resource ModuleFile::read(const platform::ResourceId& name, const platform::Reso
     if (!info) return {Reached::Nothing, {}};
     const platform::ResourceData data = modules_.LoadResource(module_, info);
     if (!data) return {Reached::Found, {}};
-    const ByteSpan bytes = modules_.LockResource(module_, info, data);
+    const platform::ByteSpan bytes = modules_.LockResource(module_, info, data);
     if (!bytes.data()) return {Reached::Loaded, {}};
     return {Reached::Locked, bytes};
 }

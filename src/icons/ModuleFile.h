@@ -3,7 +3,6 @@
 
 #include <string>
 
-#include "icons/Bytes.h"
 #include "platform/Modules.h"
 
 namespace icons {
@@ -12,7 +11,7 @@ namespace icons {
 struct Resource {
     enum class Reached { Nothing, Found, Loaded, Locked };
     Reached reached = Reached::Nothing;
-    ByteSpan bytes;
+    platform::ByteSpan bytes;
 };
 
 class ModuleFile {

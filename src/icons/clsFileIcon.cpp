@@ -3,16 +3,18 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numeric>
 #include <tuple>
 #include <unordered_map>
 
 #include "icons/ModuleFile.h"
 #include "icons/cMemory.h"
+#include "platform/ImageLayout.h"
 #include "util/Error.h"
 
 namespace {
 
-using icons::ByteSpan;
+using platform::ByteSpan;
 using Entry = clsFileIcon::Entry;
 
 // An icon's directory: a header of three 16-bit numbers (reserved, type, image count) and an entry for each image.
@@ -23,15 +25,16 @@ constexpr std::size_t FileEntrySize = 16;   // in an icon file: ends with the 32
 constexpr std::size_t EntryTail = 12;       // where they begin to differ
 
 int imageCount(ByteSpan directory) {
-    return static_cast<std::int16_t>(icons::read16(directory, 4));
+    return static_cast<std::int16_t>(platform::read16(directory, 4));
 }
 
 Entry readEntry(ByteSpan bytes) {
-    return {icons::read8(bytes, 0),  icons::read8(bytes, 1),  icons::read8(bytes, 2), icons::read8(bytes, 3),
-            icons::read16(bytes, 4), icons::read16(bytes, 6), icons::read32(bytes, 8)};
+    return {platform::read8(bytes, 0), platform::read8(bytes, 1),  platform::read8(bytes, 2),
+            platform::read8(bytes, 3), platform::read16(bytes, 4), platform::read16(bytes, 6),
+            platform::read32(bytes, 8)};
 }
 
-void writeEntry(icons::BufferWriter& writer, const Entry& entry, std::uint32_t offset) {
+void writeEntry(platform::BufferWriter& writer, const Entry& entry, std::uint32_t offset) {
     writer.write8(entry.width);
     writer.write8(entry.height);
     writer.write8(entry.colourCount);
@@ -48,6 +51,13 @@ int pixels(std::uint8_t stored) {
 
 double colours(const Entry& entry) {
     return std::ldexp(1.0, entry.bitCount);
+}
+
+// Old icon files leave the bit count of an entry at 0; the image itself has it too.
+int depth(const Entry& entry, const platform::Bytes& image) {
+    if (entry.bitCount) return entry.bitCount;
+    const auto layout = platform::iconLayout({image.data(), image.size()}, true);
+    return layout ? layout->bits : 0;
 }
 
 struct Message {
@@ -76,12 +86,6 @@ constexpr Message Messages[] = {
 };
 
 }  // namespace
-
-// Old icon files leave the bit count of an entry at 0; the bitmap header of the image has it too.
-int clsFileIcon::Image::depth() const {
-    constexpr std::size_t BitCountInHeader = 14;
-    return entry.bitCount ? entry.bitCount : icons::read16({bytes->data(), bytes->size()}, BitCountInHeader);
-}
 
 void clsFileIcon::raiseError(ErrorNumber number) const {
     const auto message = std::find_if(std::begin(Messages), std::end(Messages),
@@ -132,7 +136,7 @@ std::vector<clsFileIcon::Image> clsFileIcon::readGroup(const icons::ModuleFile& 
     std::vector<Image> images;
     for (std::size_t at = HeaderSize; at < size; at += GroupEntrySize) {
         const Entry entry = readEntry(group.bytes.subspan(at));
-        const std::uint16_t number = icons::read16(group.bytes, at + EntryTail);
+        const std::uint16_t number = platform::read16(group.bytes, at + EntryTail);
         auto& bytes = read[number];
         if (!bytes) {
             const icons::Resource image = module.read(number, platform::RtIcon);
@@ -161,11 +165,11 @@ std::vector<clsFileIcon::Image> clsFileIcon::readFile(const std::string& fileNam
     std::string file;
     const auto readFirst = [&](std::size_t size) {
         if (platform_.files.read(fileName, file, size) != platform::Success) raiseError(NumberNotReadable);
-        return icons::asBytes(file);
+        return platform::asBytes(file);
     };
     const ByteSpan header = readFirst(HeaderSize);
-    if (icons::read16(header, 0) != 0) raiseError(NumberReserved);
-    if (icons::read16(header, 2) != TypeIcon) raiseError(NumberNotIcon);
+    if (platform::read16(header, 0) != 0) raiseError(NumberReserved);
+    if (platform::read16(header, 2) != TypeIcon) raiseError(NumberNotIcon);
     const int count = imageCount(header);
     if (count <= 0) raiseError(NumberNoImages);
 
@@ -202,7 +206,7 @@ void clsFileIcon::SaveIcon(const std::string& fileName) const {
     if (size > std::numeric_limits<std::uint32_t>::max()) raiseError(NumberWriteFailed);
 
     const cMemory memory(platform_.memory, static_cast<std::size_t>(size));
-    icons::BufferWriter writer(memory.Bytes());
+    platform::BufferWriter writer(memory.Bytes());
     writer.write16(0);
     writer.write16(TypeIcon);
     writer.write16(static_cast<std::uint16_t>(images_.size()));
@@ -268,13 +272,18 @@ int clsFileIcon::ImageForWidth(int width) const {
     if (images_.empty()) raiseError(NumberNoImages);
     // Less is better: too small is worse than too large, then the distance counts, then depth. An exact width is
     // the nearest of those not too small.
-    const auto rank = [width](const Image& image) {
-        const int has = pixels(image.entry.width);
-        return std::make_tuple(has < width, std::abs(has - width), -image.depth());
+    const auto rank = [&](int image) {
+        const Image& held = at(image);
+        const int has = pixels(held.entry.width);
+        return std::make_tuple(has < width, std::abs(has - width), -depth(held.entry, *held.bytes));
     };
-    const auto best = std::min_element(images_.begin(), images_.end(),
-                                       [&](const Image& a, const Image& b) { return rank(a) < rank(b); });
-    return static_cast<int>(best - images_.begin());
+    std::vector<int> order(images_.size());
+    std::iota(order.begin(), order.end(), 0);
+    std::stable_sort(order.begin(), order.end(), [&](int a, int b) { return rank(a) < rank(b); });
+    const auto best =
+        std::find_if(order.begin(), order.end(), [&](int image) { return makeIcon(image).handle() != 0; });
+    if (best == order.end()) raiseError(NumberDamaged);
+    return *best;
 }
 
 // Showing ----------------------------------------------------------------------------------------------------------
@@ -283,14 +292,18 @@ ui::Picture clsFileIcon::IconPicture(int image) const {
     return {ui::Picture::Kind::Icon, ImageBytes(image), ImageWidth(image), ImageHeight(image)};
 }
 
+SystemIcon clsFileIcon::makeIcon(int image) const {
+    return {platform_.modules,
+            platform_.modules.CreateIconFromResource(ImageBytes(image), ImageWidth(image), ImageHeight(image))};
+}
+
 SystemIcon clsFileIcon::IconHandle(int image) const {
-    const platform::IconHandle handle =
-        platform_.modules.CreateIconFromResource(ImageBytes(image), ImageWidth(image), ImageHeight(image));
-    if (!handle) raiseError(NumberDamaged);
-    return {platform_.modules, handle};
+    SystemIcon icon = makeIcon(image);
+    if (!icon.handle()) raiseError(NumberDamaged);
+    return icon;
 }
 
 void clsFileIcon::DrawIconImage(int image, ui::Image& box) const {
-    IconHandle(image);  // the box draws later, where a refusal would leave it blank
+    IconHandle(image);  // the box draws later, and would then stay blank
     box.setPicture(IconPicture(image));
 }

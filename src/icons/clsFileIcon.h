@@ -11,7 +11,6 @@
 #include <string>
 #include <vector>
 
-#include "icons/Bytes.h"
 #include "platform/Platform.h"
 #include "ui/Image.h"
 
@@ -84,39 +83,41 @@ public:
     void SaveIcon(const std::string& fileName) const;
 
     // Two images are the same when width, height and colour count are. The entry's size is taken from `image`.
-    void AddImage(const Entry& entry, icons::ByteSpan image);
+    void AddImage(const Entry& entry, platform::ByteSpan image);
     void RemoveImage(int image);
     void CloneTo(clsFileIcon& other) const;
 
     int ImageCount() const { return static_cast<int>(images_.size()); }
-    int ImageWidth(int image) const;              // pixels, 1 to 256
-    int ImageHeight(int image) const;             // pixels, 1 to 256
-    double ImageColourCount(int image) const;     // 2 to the entry's bit count, not its colour count byte
-    std::uint32_t ImageSize(int image) const;     // bytes
-    icons::ByteSpan ImageBytes(int image) const;  // valid until the images change
+    int ImageWidth(int image) const;                 // pixels, 1 to 256
+    int ImageHeight(int image) const;                // pixels, 1 to 256
+    double ImageColourCount(int image) const;        // 2 to the entry's bit count, not its colour count byte
+    std::uint32_t ImageSize(int image) const;        // bytes
+    platform::ByteSpan ImageBytes(int image) const;  // valid until the images change
     const std::string& FileName() const { return fileName_; }
     const platform::ResourceId& ResourceID() const { return resourceId_; }
 
     // The image that serves best where `width` pixels are wanted: one of that width, else the smallest larger one,
-    // else the largest; of several the one with the most colours. An icon without images has none.
+    // else the largest; of several the one with the most colours. Images that the system cannot draw are passed over;
+    // an icon without any other has none.
     int ImageForWidth(int width) const;
 
     ui::Picture IconPicture(int image) const;
     SystemIcon IconHandle(int image) const;
-    // Leaves `box` as it is when the image is damaged.
+    // Leaves `box` as it is when the image is damaged. (The program itself takes IconPicture of ImageForWidth, which
+    // has found out already.)
     void DrawIconImage(int image, ui::Image& box) const;
 
 private:
     struct Image {
         Entry entry;
         std::shared_ptr<const platform::Bytes> bytes;
-        int depth() const;
     };
 
     void forget(const std::string& fileName, const platform::ResourceId& identifier);
     std::vector<Image> readGroup(const icons::ModuleFile& module, const platform::ResourceId& identifier) const;
     std::vector<Image> readFile(const std::string& fileName) const;
     const Image& at(int image) const;
+    SystemIcon makeIcon(int image) const;  // without a handle when the image is damaged
     [[noreturn]] void raiseError(ErrorNumber number) const;
 
     platform::Platform& platform_;

@@ -171,7 +171,7 @@ std::string frmIconSelector::LoadIcon(const icons::ModuleFile& module, const pla
     clsFileIcon icon(platform_);
     icon.LoadIconFromEXE(module, file_, name);
     const auto draw = [&](int width) {
-        icon.DrawIconImage(icon.ImageForWidth(width), picParent);
+        picParent.setPicture(icon.IconPicture(icon.ImageForWidth(width)));
         return picParent.picture();
     };
     const ui::Picture large = draw(ilsIcons32.size());

@@ -8,9 +8,9 @@
 #include <cstdint>
 #include <string>
 
-namespace platform {
+#include "platform/bytes.h"
 
-using Bytes = std::basic_string<std::uint8_t>;
+namespace platform {
 
 // A result code of the system (winerror.h). The ones the program or its tests tell apart:
 using Result = std::uint32_t;

@@ -4,7 +4,7 @@
 #include <charconv>
 #include <cstdint>
 
-#include "platform/IconImage.h"
+#include "platform/ImageLayout.h"
 #include "simulated/Names.h"
 
 namespace simulated {
@@ -172,7 +172,7 @@ std::uint32_t Modules::countIcons(const std::string& path) {
 }
 
 IconHandle Modules::CreateIconFromResource(std::span<const std::uint8_t> image, int width, int height) {
-    if (width <= 0 || height <= 0 || !isIconImage(image)) return fail(InvalidParameter);
+    if (width <= 0 || height <= 0 || !iconLayout(image, drawsPng)) return fail(InvalidParameter);
     icons_.insert(++next_);
     return next_;
 }

@@ -47,6 +47,8 @@ public:
     // resources it was loaded with.
     ProgramFile& add(const std::string& path);
 
+    bool drawsPng = true;  // as systems from Windows 6.0 on do
+
     std::size_t loaded() const { return loaded_.size(); }
     std::size_t icons() const { return icons_.size(); }
 

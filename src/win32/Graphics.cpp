@@ -1,78 +1,26 @@
 #include "win32/Graphics.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <cstring>
-#include <optional>
+
+#include "platform/ImageLayout.h"
 
 namespace win32 {
 
 namespace {
 
-// The rows of a device-independent bitmap are padded to four bytes.
-constexpr std::uint64_t rowBytes(std::uint64_t width, std::uint64_t bits) {
-    return (width * bits + 31) / 32 * 4;
-}
-
-constexpr LONG LargestSide = 0x7FFF;
-
-// A bitmap's header, and where its pixels begin and end.
-struct Layout {
-    BITMAPINFOHEADER header;
-    std::size_t pixels;
-    std::uint64_t end;  // behind the last row
-    std::uint64_t rows() const { return static_cast<std::uint64_t>(std::abs(header.biHeight)); }
-};
-
-// Nothing when the bytes are too few for what the header claims, so that drawing cannot read behind them. Compressed
-// pixels tell their size only while being drawn: they count as damaged.
-std::optional<Layout> layoutOf(std::span<const std::uint8_t> image) {
-    Layout layout = {};
-    BITMAPINFOHEADER& h = layout.header;
-    if (image.size() < sizeof h) return std::nullopt;
-    std::memcpy(&h, image.data(), sizeof h);
-    if (h.biSize < sizeof h || h.biSize > image.size()) return std::nullopt;
-    if (h.biWidth <= 0 || h.biWidth > LargestSide || h.biHeight == 0) return std::nullopt;
-    if (h.biHeight > LargestSide || h.biHeight < -LargestSide) return std::nullopt;
-    if (h.biCompression != BI_RGB && h.biCompression != BI_BITFIELDS) return std::nullopt;
-    constexpr WORD depths[] = {1, 4, 8, 16, 24, 32};
-    if (std::find(std::begin(depths), std::end(depths), h.biBitCount) == std::end(depths)) return std::nullopt;
-
-    const std::uint64_t most = h.biBitCount <= 8 ? 1u << h.biBitCount : 0;
-    const std::uint64_t colours = h.biClrUsed ? h.biClrUsed : most;
-    if (colours > 256) return std::nullopt;
-    const std::uint64_t masks =
-        h.biCompression == BI_BITFIELDS && h.biSize == sizeof h ? 3 * sizeof(DWORD) : std::uint64_t{0};
-    const std::uint64_t pixels = h.biSize + masks + colours * sizeof(RGBQUAD);
-    const auto width = static_cast<std::uint64_t>(h.biWidth);
-    layout.end = pixels + rowBytes(width, h.biBitCount) * layout.rows();
-    if (layout.end > image.size()) return std::nullopt;
-    layout.pixels = static_cast<std::size_t>(pixels);
-    return layout;
-}
-
-bool isPng(std::span<const std::uint8_t> image) {
-    constexpr std::uint8_t mark[] = {0x89, 'P', 'N', 'G'};
-    return image.size() > 24 && std::equal(std::begin(mark), std::end(mark), image.begin());
-}
-
-// An icon's header counts the rows of both its halves, the colours and the mask of one bit a pixel.
-bool iconIsWhole(std::span<const std::uint8_t> image) {
-    if (isPng(image)) return true;
-    BITMAPINFOHEADER header = {};
-    if (image.size() < sizeof header) return false;
-    std::memcpy(&header, image.data(), sizeof header);
-    if (header.biHeight <= 0 || header.biHeight % 2) return false;
-    header.biHeight /= 2;
-    std::basic_string<std::uint8_t> colours(image.begin(), image.end());
-    std::memcpy(colours.data(), &header, sizeof header);
-    const auto layout = layoutOf(colours);
-    // Pixels of 32 bits say themselves how much is seen of them, and some icons spare the mask.
-    const std::uint64_t mask = header.biBitCount == 32 ? 0 : rowBytes(static_cast<std::uint64_t>(header.biWidth), 1);
-    return layout && layout->end + mask * layout->rows() <= image.size();
-}
-
 const ui::Picture::Kind IconKind = ui::Picture::Kind::Icon;
+
+// Windows does from version 6.0 on, Wine always. Older ones take a PNG for the header of a bitmap.
+bool systemDrawsPng() {
+    static const bool draws = [] {
+        OSVERSIONINFOA version = {};
+        version.dwOSVersionInfoSize = sizeof version;
+        if (GetVersionExA(&version) && version.dwMajorVersion >= 6) return true;
+        const HMODULE kernel = GetModuleHandleA("ntdll.dll");
+        return kernel && GetProcAddress(kernel, "wine_get_version");
+    }();
+    return draws;
+}
 
 // A square bitmap like the screen's, and a context that draws on it.
 struct Canvas {
@@ -105,27 +53,32 @@ bool addIcon(HIMAGELIST images, HICON icon) {
 
 }  // namespace
 
-Icon makeIcon(const ui::Picture& picture, int width, int height) {
-    const auto image = picture.image();
-    if (picture.empty() || picture.kind() != IconKind || !iconIsWhole(image)) return Icon();
+Icon makeIcon(platform::ByteSpan image, int width, int height) {
+    const auto layout = platform::iconLayout(image, systemDrawsPng());
+    if (!layout) return Icon();
+    platform::Bytes whole = platform::withMask(image, *layout);
     constexpr DWORD version = 0x00030000;  // the only version of the format there is
-    return Icon(CreateIconFromResourceEx(const_cast<BYTE*>(image.data()), static_cast<DWORD>(image.size()), TRUE,
-                                         version, width, height, LR_DEFAULTCOLOR));
+    return Icon(CreateIconFromResourceEx(whole.data(), static_cast<DWORD>(whole.size()), TRUE, version, width, height,
+                                         LR_DEFAULTCOLOR));
+}
+
+Icon makeIcon(const ui::Picture& picture, int width, int height) {
+    return picture.kind() == IconKind ? makeIcon(picture.image(), width, height) : Icon();
 }
 
 SIZE bitmapSize(const ui::Picture& picture) {
     if (picture.empty() || picture.kind() == IconKind) return {0, 0};
-    const auto layout = layoutOf(picture.image());
-    return layout ? SIZE{layout->header.biWidth, static_cast<LONG>(layout->rows())} : SIZE{0, 0};
+    const auto layout = platform::bitmapLayout(picture.image());
+    return layout ? SIZE{layout->width, layout->height} : SIZE{0, 0};
 }
 
 void drawBitmap(HDC context, const RECT& target, const ui::Picture& picture) {
-    const SIZE size = bitmapSize(picture);
-    if (!size.cx) return;
     const auto image = picture.image();
+    const auto layout = picture.kind() == IconKind ? std::nullopt : platform::bitmapLayout(image);
+    if (!layout) return;
     SetStretchBltMode(context, COLORONCOLOR);
     StretchDIBits(context, target.left, target.top, target.right - target.left, target.bottom - target.top, 0, 0,
-                  size.cx, size.cy, image.data() + layoutOf(image)->pixels,
+                  layout->width, layout->height, image.data() + layout->pixels,
                   reinterpret_cast<const BITMAPINFO*>(image.data()), DIB_RGB_COLORS, SRCCOPY);
 }
 

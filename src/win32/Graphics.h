@@ -1,11 +1,14 @@
 // Pictures made into pixels.
 #pragma once
 
+#include "platform/bytes.h"
 #include "ui/Picture.h"
 #include "win32/Screen.h"
 
 namespace win32 {
 
+// From the image of an icon; none when it is one that cannot be drawn.
+Icon makeIcon(platform::ByteSpan image, int width, int height);
 // None when the picture is no icon, or damaged.
 Icon makeIcon(const ui::Picture& picture, int width, int height);
 

@@ -7,8 +7,9 @@
 #include <algorithm>
 #include <exception>
 
-#include "platform/IconImage.h"
+#include "platform/bytes.h"
 #include "win32/DelayLoaded.h"
+#include "win32/Graphics.h"
 #include "win32/ResourceTree.h"
 
 namespace win32 {
@@ -63,7 +64,7 @@ bool canBeWalked(HMODULE module) {
 bool isStringBlock(std::span<const std::uint8_t> block) {
     for (int i = 0; i < 16; ++i) {
         if (block.size() < 2) return false;
-        const std::size_t size = 2 + 2 * std::size_t{littleEndian(block, 0, 2)};
+        const std::size_t size = 2 + 2 * std::size_t{read16(block, 0)};
         if (block.size() < size) return false;
         block = block.subspan(size);
     }
@@ -192,15 +193,9 @@ std::uint32_t Modules::countIcons(const std::string& path) {
 }
 
 IconHandle Modules::CreateIconFromResource(std::span<const std::uint8_t> image, int width, int height) {
-    constexpr DWORD iconVersion = 0x00030000;
-    if (width <= 0 || height <= 0 || !isIconImage(image)) {
-        lastError_ = InvalidParameter;
-        return 0;
-    }
-    auto* bytes = const_cast<BYTE*>(image.data());  // only read
-    const HICON icon =
-        CreateIconFromResourceEx(bytes, static_cast<DWORD>(image.size()), TRUE, iconVersion, width, height, 0);
-    return icon ? reinterpret_cast<IconHandle>(icon) : failed<IconHandle>(0);
+    Icon icon = width > 0 && height > 0 ? makeIcon(image, width, height) : Icon();
+    if (!icon) lastError_ = InvalidParameter;
+    return reinterpret_cast<IconHandle>(icon.release());
 }
 
 void Modules::DestroyIcon(IconHandle icon) {

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "platform/IconImage.h"
+#include "platform/bytes.h"
 
 namespace win32 {
 
@@ -40,7 +40,7 @@ private:
             outside_ = true;
             return 0;
         }
-        return platform::littleEndian(file_, at, size);
+        return size == 2 ? platform::read16(file_, at) : platform::read32(file_, at);
     }
 
     // Where in the file an address of the loaded program is; nothing when no section holds it.

@@ -39,6 +39,127 @@ Image image(int size, int bits, std::uint8_t seed) {
     return image;
 }
 
+namespace {
+
+void bigEndian(Bytes& out, std::uint32_t number) {
+    for (int shift = 24; shift >= 0; shift -= 8) out.push_back(static_cast<std::uint8_t>(number >> shift));
+}
+
+void chunk(Bytes& png, const char* type, const Bytes& data) {
+    Bytes checked(type, type + 4);
+    checked += data;
+    std::uint32_t sum = 0xFFFFFFFF;
+    for (const std::uint8_t byte : checked) {
+        sum ^= byte;
+        for (int bit = 0; bit < 8; ++bit) sum = sum >> 1 ^ (sum & 1 ? 0xEDB88320 : 0);
+    }
+    bigEndian(png, static_cast<std::uint32_t>(data.size()));
+    bigEndian(png += checked, ~sum);
+}
+
+// As a stream that needs no compressing: blocks, each with its length and the length's complement.
+Bytes stored(const Bytes& data) {
+    ByteWriter out;
+    out.u8(0x78).u8(0x01);
+    std::uint32_t a = 1, b = 0;
+    for (const std::uint8_t byte : data) {
+        a = (a + byte) % 65521;
+        b = (b + a) % 65521;
+    }
+    for (std::size_t at = 0; at < data.size(); at += 0xFFFF) {
+        const Bytes block = data.substr(at, 0xFFFF);
+        const auto length = static_cast<std::uint32_t>(block.size());
+        out.u8(at + length == data.size()).u16(length).u16(~length).add(block);
+    }
+    bigEndian(out.bytes(), b << 16 | a);
+    return out.bytes();
+}
+
+Bytes patched(Bytes bytes, std::size_t at, const Bytes& with) {
+    return bytes.replace(at, with.size(), with);
+}
+
+}  // namespace
+
+Bytes png(int width, int height) {
+    Bytes header, pixels;
+    bigEndian(header, static_cast<std::uint32_t>(width));
+    bigEndian(header, static_cast<std::uint32_t>(height));
+    header += {8, 6, 0, 0, 0};  // bits, colours with transparency
+    for (int row = 0; row < height; ++row) {
+        pixels.push_back(0);
+        for (int x = 0; x < width; ++x) pixels += {0x40, 0x80, 0xC0, 0xFF};
+    }
+    Bytes out{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
+    chunk(out, "IHDR", header);
+    chunk(out, "IDAT", stored(pixels));
+    chunk(out, "IEND", {});
+    return out;
+}
+
+std::vector<StoredImage> storedImages() {
+    const auto bits = [](int count) { return image(16, count).bytes; };
+    constexpr std::size_t header = 40, width = 4, height = 8, planes = 12, depth = 14, compression = 16, used = 32;
+    constexpr std::size_t mask = 4 * 16;
+    // Three masks after the header, for red, green and blue.
+    const auto bitFields = [&](int count) {
+        const Bytes masks = count == 16 ? Bytes{0, 0xF8, 0, 0, 0xE0, 7, 0, 0, 0x1F, 0, 0, 0}
+                                        : Bytes{0, 0, 0xFF, 0, 0, 0xFF, 0, 0, 0xFF, 0, 0, 0};
+        return patched(bits(count), compression, {3}).insert(header, masks);
+    };
+    const auto unmasked = [&](int count) { return bits(count).substr(0, bits(count).size() - mask); };
+    const auto cut = [](const Bytes& bytes) { return bytes.substr(0, bytes.size() - 1); };
+    const Bytes drawing = png(16, 16);
+    return {
+        {"1 bit", bits(1), true},
+        {"4 bits", bits(4), true},
+        {"8 bits", bits(8), true},
+        {"16 bits", bits(16), true},
+        {"24 bits", bits(24), true},
+        {"32 bits", bits(32), true},
+        {"more than there has to be", bits(4) + Bytes{1, 2, 3}, true},
+        {"16 of 256 colours", patched(bits(8), used, {16}).erase(header, 240 * 4), true},
+        {"a palette for 24 bits", patched(bits(24), used, {2}).insert(header, 8, 0), true},
+        {"16 bits with fields", bitFields(16), true},
+        {"32 bits with fields", bitFields(32), true},
+        {"32 bits without a mask", unmasked(32), true},
+        {"32 bits and half a mask", bits(32).substr(0, bits(32).size() - mask / 2), true},
+        {"a PNG", drawing, true},
+
+        {"32 bits, a pixel short", cut(unmasked(32)), false},
+        {"24 bits without a mask", unmasked(24), false},
+        {"a mask that is a byte short", cut(bits(4)), false},
+        {"a colour table that is a byte short", bits(8).substr(0, header + 1023), false},
+        {"odd height", patched(bits(4), height, {31}), false},
+        {"no height", patched(bits(4), height, {0}), false},
+        {"top row first", patched(bits(4), height, {0xE0, 0xFF, 0xFF, 0xFF}), false},
+        {"no width", patched(bits(4), width, {0}), false},
+        {"width below 0", patched(bits(4), width, {0xF0, 0xFF, 0xFF, 0xFF}), false},
+        {"1 pixel wider than an icon can be", patched(bits(1), width, {1, 4, 0, 0, 2, 0, 0, 0}) + Bytes(300, 0), false},
+        {"a header of 12 bytes", patched(bits(4), 0, {12}), false},
+        {"a longer header", patched(bits(4), 0, {52}).insert(header, 12, 0), false},
+        {"no planes", patched(bits(4), planes, {0}), false},
+        {"no bits", patched(bits(4), depth, {0}), false},
+        {"2 bits", patched(bits(4), depth, {2}), false},
+        {"64 bits", patched(bits(4), depth, {64}) + Bytes(2048, 0), false},
+        {"24 bits with fields", patched(bits(24), compression, {3}).insert(header, 12, 0), false},
+        {"8 bits with fields", patched(bits(8), compression, {3}).insert(header, 12, 0), false},
+        {"run lengths", patched(bits(8), compression, {1}), false},
+        {"300 colours used", patched(bits(8), used, {0x2C, 1}).insert(header, 44 * 4, 0), false},
+        {"more colours used than can be counted", patched(bits(8), used, {0xFF, 0xFF, 0xFF, 0xFF}), false},
+        {"a PNG of 12,000 pixels", patched(drawing, 16, {0, 0, 0x2E, 0xE0, 0, 0, 0x2E, 0xE0}), false},
+        {"a PNG of 257 pixels", png(257, 1), false},
+        {"a PNG without width", patched(drawing, 16, {0, 0, 0, 0}), false},
+        {"a PNG of no kind of colour", patched(drawing, 25, {5}), false},
+        {"a PNG that begins with its end", patched(drawing, 12, {'I', 'E', 'N', 'D'}), false},
+        {"a PNG without pixels", drawing.substr(0, 33) + drawing.substr(drawing.size() - 12), false},
+        {"a PNG without end", drawing.substr(0, drawing.size() - 12), false},
+        {"a chunk of a PNG as long as can be", patched(drawing, 33, {0xFF, 0xFF, 0xFF, 0xFF}), false},
+        {"the signature of a PNG", drawing.substr(0, 8), false},
+        {"nothing", {}, false},
+    };
+}
+
 Bytes group(const std::vector<Image>& images, std::uint16_t firstId) {
     ByteWriter out;
     header(out, images.size());

@@ -48,6 +48,18 @@ std::vector<Image> usualImages(std::uint8_t seed = 0);
 // An ".ico" file.
 Bytes file(const std::vector<Image>& images);
 
+// A PNG of one opaque colour, not compressed.
+Bytes png(int width, int height);
+
+// Images as an icon may hold them, sound and damaged, and whether they are to be drawn. Each sound one is 16 pixels
+// wide and high, and has a pixel that is seen.
+struct StoredImage {
+    const char* what;
+    Bytes bytes;
+    bool isDrawn;
+};
+std::vector<StoredImage> storedImages();
+
 // Adds the group and its images to a program file.
 void addTo(simulated::ProgramFile& program, const platform::ResourceId& name, const std::vector<Image>& images,
            std::uint16_t firstId);

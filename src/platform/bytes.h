@@ -1,19 +1,20 @@
-// Little-endian numbers in stored bytes.
+// Stored bytes, and the little-endian numbers in them.
 #pragma once
 
 #include <cstdint>
 #include <span>
 #include <string>
 
-namespace icons {
+namespace platform {
 
+using Bytes = std::basic_string<std::uint8_t>;
 using ByteSpan = std::span<const std::uint8_t>;
 
 inline ByteSpan asBytes(const std::string& text) {
     return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
 }
 
-// Bytes behind the end count as 0, so a cut-off header reads as one that says nothing.
+// What lies past the end reads as 0: a reader that must tell the two apart asks for the size first.
 inline std::uint8_t read8(ByteSpan bytes, std::size_t at) {
     return at < bytes.size() ? bytes[at] : std::uint8_t{0};
 }
@@ -24,7 +25,7 @@ inline std::uint32_t read32(ByteSpan bytes, std::size_t at) {
     return read16(bytes, at) | static_cast<std::uint32_t>(read16(bytes, at + 2)) << 16;
 }
 
-// Fills a buffer from front to back. The buffer is as large as what is written into it.
+// Fills a buffer from front to back. The buffer has to be as large as everything that is written into it.
 class BufferWriter {
 public:
     explicit BufferWriter(std::span<std::uint8_t> buffer) : rest_(buffer) {}
@@ -49,4 +50,4 @@ private:
     std::span<std::uint8_t> rest_;
 };
 
-}  // namespace icons
+}  // namespace platform
