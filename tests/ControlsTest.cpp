@@ -4,6 +4,7 @@
 #include "simulated/Desktop.h"
 #include "ui/CheckBox.h"
 #include "ui/CommandButton.h"
+#include "ui/Hourglass.h"
 #include "ui/Label.h"
 #include "ui/ListView.h"
 #include "ui/Menu.h"
@@ -85,10 +86,33 @@ TEST_F(Controls, ATreeMarksOneOptionUnderEachParent) {
     tree.click(1);
     tree.choose(4);
     EXPECT_EQ(marked(), "36");
-    tree.pressSpace();
-    tree.pressSpace();
+    tree.activate();
+    tree.activate();
     EXPECT_EQ(marked(), "34");
     EXPECT_EQ(clicked, "344");
+    EXPECT_TRUE(tree.onOption());
+    tree.choose(1);
+    EXPECT_FALSE(tree.onOption());
+    tree.activate();
+    EXPECT_EQ(clicked, "344");
+}
+
+TEST_F(Controls, AnHourglassIsOverWhatTheUserSees) {
+    ui::Form first(desktop_, ui::Form::Kind::Main, "first", "First", {6000, 4000});
+    const auto shownOver = [&](ui::Form& owner) {
+        const ui::Hourglass hourglass(owner);
+        return std::string(first.pointer() == ui::Pointer::Hourglass ? "first" : "") +
+               (form_.pointer() == ui::Pointer::Hourglass ? "form" : "");
+    };
+    EXPECT_EQ(shownOver(first), "first") << "nothing is shown yet";
+    first.show();
+    form_.load();
+    EXPECT_EQ(shownOver(form_), "first") << "loading";
+    form_.show();
+    EXPECT_EQ(shownOver(form_), "form");
+    EXPECT_EQ(first.pointer(), ui::Pointer::Default);
+    form_.unload();
+    first.unload();
 }
 
 TEST_F(Controls, FocusIsAnnouncedOnceAndRefusedByWhatCannotTakeIt) {

@@ -197,7 +197,7 @@ TEST_F(frmSecurityTest, WritesAClickedOptionAtOnceAndMakesTheZoneCustom) {
             EXPECT_EQ(form.pointer(), ui::Pointer::Hourglass);
             settings.TVMRTreeView1.choose(4);
             EXPECT_EQ(system.dword(key("2"), "1201"), 0u) << "the arrow keys only look";
-            settings.TVMRTreeView1.pressSpace();
+            settings.TVMRTreeView1.activate();
             EXPECT_EQ(treeOf(settings), "Group\n-Setting\n--( )Enable[1201,0]\n--(o)Disable[1201,3]\n");
             EXPECT_EQ(system.dword(key("2"), "1201"), 3u);
             EXPECT_EQ(system.dword(key("2"), "CurrentLevel"), 0u);

@@ -1,4 +1,4 @@
-// A desktop without a screen: forms are shown when they say so, and nobody uses them but a test.
+// A desktop without a screen: a form counts as shown once it has asked to be, and only tests use it.
 #pragma once
 
 #include "ui/Desktop.h"
@@ -11,8 +11,7 @@ public:
     std::optional<std::string> openFile(const ui::OpenFileRequest& request) override;
 
     void open(ui::Form& form) override;
-    // What happens to the form happens while it is being shown (Form::onShown): nobody could close it later, so one
-    // that is then still loaded is unloaded.
+    // A test uses the form in Form::onShown. Nobody could close it later, so it is unloaded then if it is still loaded.
     void runModal(ui::Form& form, ui::Form* owner) override;
     void closed(ui::Form& form) override;
     void run() override {}

@@ -17,7 +17,7 @@ public:
     C& add(Parent parent, Bounds bounds, Args&&... args) {
         return controls_.emplace_back(parent, name_, bounds, std::forward<Args>(args)..., size());
     }
-    // For arrays that stand on the form from the last one down: each is made before the one below it.
+    // For arrays whose last element is the topmost on the form: elements are made from the top down, for the tab order.
     template <class... Args>
     C& addInFront(int index, Parent parent, Bounds bounds, Args&&... args) {
         return controls_.emplace_front(parent, name_, bounds, std::forward<Args>(args)..., index);

@@ -20,11 +20,11 @@ enum class Answer { Ok = 1, Yes = 6, No = 7 };
 struct OpenFileRequest {
     std::string title;
     std::string filter;            // "Programs (*.exe)|*.exe|..."
-    std::string defaultExtension;  // without point
-    std::string start;             // a folder ending in a backslash, or a file
+    std::string defaultExtension;  // without the dot
+    std::string start;             // a folder with a trailing backslash, or a file
 };
 
-// What stands around a form's drawing area: borders, caption, menu bar.
+// How much larger a window is than its drawing area: borders, title bar, menu bar.
 struct FrameSize {
     Twips width = 0, height = 0;
 };
@@ -34,7 +34,7 @@ public:
     virtual ~Desktop() = default;
 
     virtual Answer messageBox(const std::string& text, const std::string& title, MessageStyle style) = 0;
-    // The chosen file's full path; nothing when the user gave up.
+    // The chosen file's full path; nothing when the user cancelled.
     virtual std::optional<std::string> openFile(const OpenFileRequest& request) = 0;
 
     // Shows a form without waiting.
@@ -42,15 +42,16 @@ public:
     // Shows a form above `owner` (null: above the active form) and returns when it has been unloaded. Meanwhile no
     // other form takes input.
     virtual void runModal(Form& form, Form* owner) = 0;
-    // The unloaded form's window can go as soon as no handler of it is running.
+    // The form has been unloaded: its window is destroyed as soon as none of its handlers is running.
     virtual void closed(Form& form) = 0;
     // Runs until no form is open.
     virtual void run() = 0;
-    // Handles what has been waiting: input, painting, timers.
+    // Handles the pending events: input, painting, timers.
     virtual void doEvents() = 0;
 
     virtual FrameSize frameSize(Form::Kind kind, bool menu) = 0;
-    // The space a text takes in the program's font, wrapped at `wrap` twips when that is not 0. "&" counts as drawn.
+    // The space a text takes in the program's font, wrapped at `wrap` twips unless that is 0. An "&" is a letter like
+    // any other.
     virtual Size textSize(const std::string& text, Twips wrap, bool bold) = 0;
 
     // The loaded forms, in the order in which they were loaded.

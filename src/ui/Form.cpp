@@ -18,7 +18,7 @@ Form::Form(Desktop& desktop, Kind kind, std::string name, std::string caption, S
 
 Form::~Form() {
     if (loaded_) {
-        // The owner ended the object without unloading it, for instance when the program is ending at once.
+        // Destroyed without having been unloaded, for instance because the program is being ended at once.
         desktop_.formUnloaded(*this);
         desktop_.closed(*this);
     }

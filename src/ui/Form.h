@@ -1,7 +1,7 @@
 // A window of the program: a tree of controls that can be built, filled and clicked without any native window.
 //
 // A form object is made, loaded (Form_Load runs once, before anything is shown), shown, and unloaded (Form_Unload
-// runs, the window goes). Unloading inside an event handler is fine: the object lives on until its owner ends it.
+// runs, the window goes). Unloading inside an event handler is fine: the object lives on until its owner destroys it.
 #pragma once
 
 #include <optional>
@@ -55,7 +55,7 @@ public:
     Twips width() const;   // of the whole window
     Twips height() const;  // of the whole window
     void setHeight(Twips height);
-    // The smallest drawing area a user can make of it: the designed width, and any height.
+    // The user can make the window no narrower than this, but as low as they like.
     Twips designedWidth() const { return designedWidth_; }
 
     Menu& menu() { return menu_; }
@@ -79,7 +79,7 @@ public:
     void drawLine(const Line& line);
     void clearLines();
 
-    // Life.
+    // Loading, showing, unloading.
     void load();
     bool loaded() const { return loaded_; }
     void show();                            // modeless; loads first when it has to
@@ -98,11 +98,11 @@ public:
     std::vector<Control*> controls() const;
     Control* activeControl() const { return activeControl_; }
 
-    // The desktop's entries.
+    // For the desktop.
     // Makes the form's peer and the components'. `owner`: the form above which it will stand, or null.
     void attach(PeerFactory& factory, const Form* owner);
     void detach();
-    // With `shown` the window is there and complete; raises onShown, inside showModal before it waits.
+    // Says that the window is there and complete, or gone. The first raises onShown, in showModal before it waits.
     void setShown(bool shown);
     Event onShown;
 

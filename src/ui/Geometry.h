@@ -1,4 +1,4 @@
-// Lengths and places on a form. All are twips, 1440 to the inch; peers turn them into pixels by the screen's DPI.
+// Lengths and positions on a form, all in twips (1440 to the inch). Peers convert them to pixels by the screen's DPI.
 #pragma once
 
 namespace ui {

@@ -1,4 +1,4 @@
-// A picture on the form or on the box it stands in, drawn there like a label.
+// A picture; like a label windowless, and drawn on the form.
 #pragma once
 
 #include <string>

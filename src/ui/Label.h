@@ -1,5 +1,5 @@
-// A text on the form or on the box it stands in, with "&" as it is. It is drawn there and has no window of its own:
-// neither the mouse nor the focus finds it, so it has no tool tip and no access key.
+// A text in which "&" is a letter like any other. It is windowless, drawn on the form: neither the mouse nor the focus
+// finds it, so it has no tool tip and no access key.
 #pragma once
 
 #include <string>

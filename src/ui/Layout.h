@@ -1,4 +1,4 @@
-// The measures that the program's windows have in common.
+// Lengths that the program's windows have in common.
 #pragma once
 
 #include "ui/Geometry.h"

@@ -22,8 +22,8 @@ struct ListItem {
 class ListView : public Control {
 public:
     enum class View { Icon, Report };
-    // What counts as a click on an item: where a click only shows something, moving there with the arrow keys clicks
-    // too; where it acts at once, only the mouse, Enter and Space do.
+    // What counts as a click on an item. OnSelect, for clicks that only show something: the mouse and the arrow keys.
+    // OnActivate, for clicks that act at once: the mouse, Enter and Space.
     enum class Clicks { OnSelect, OnActivate };
 
     class Peer : public Control::Peer {
@@ -40,7 +40,7 @@ public:
     View view() const { return view_; }
     Clicks clicks() const { return clicks_; }
 
-    // The large (32 pixel) and small pictures; null for none. The image lists outlive the binding.
+    // The large (32 pixels) and the small pictures; null for none. The image lists must outlive the list view.
     void setImages(ImageList* large, ImageList* small = nullptr);
     ImageList* largeImages() const { return large_; }
     ImageList* smallImages() const { return small_; }

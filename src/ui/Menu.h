@@ -20,7 +20,7 @@ public:
     MenuItem& operator=(const MenuItem&) = delete;
 
     const std::string& name() const { return name_; }
-    int index() const { return index_; }  // place in a control array, or -1
+    int index() const { return index_; }  // in a control array, or -1
     bool separator() const { return caption_ == "-"; }
 
     const std::string& caption() const { return caption_; }

@@ -23,8 +23,8 @@ class TextBox;
 class Timer;
 class TreeView;
 
-// What is made is of the Peer class that the component, or else its base, declares: a TextBox::Peer for a TextBox. The
-// form's comes first, a container's before those of the controls in it.
+// The result is of the Peer class that the component, or else its base, declares: a TextBox::Peer for a TextBox. The
+// form's peer is made first, and a container's before those of the controls in it.
 class PeerFactory {
 public:
     virtual ~PeerFactory() = default;

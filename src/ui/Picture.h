@@ -1,4 +1,4 @@
-// A picture is the stored image itself; the peer that shows it makes the pixels.
+// A picture is the stored image itself; the peer that shows it converts it to pixels.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +17,7 @@ public:
     using Bytes = std::basic_string<std::uint8_t>;
 
     Picture() = default;
-    // Width and height in pixels, as the directory that led to the image tells them.
+    // Width and height in pixels, as given in the directory in which the image was found.
     Picture(Kind kind, std::span<const std::uint8_t> image, int width, int height)
         : bytes_(std::make_shared<const Bytes>(image.begin(), image.end())),
           kind_(kind),
@@ -31,7 +31,7 @@ public:
     std::span<const std::uint8_t> image() const {
         return bytes_ ? std::span<const std::uint8_t>(bytes_->data(), bytes_->size()) : std::span<const std::uint8_t>();
     }
-    // Pictures copied from one another share their image: this is its identity, for caches of native handles.
+    // Copies of a picture share its image: this identifies it, for caches of native handles.
     const void* identity() const { return bytes_.get(); }
 
     friend bool operator==(const Picture& a, const Picture& b) {

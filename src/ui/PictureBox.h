@@ -1,4 +1,4 @@
-// An image with a window of its own: it can have a border, be clicked, and be a page that holds other controls.
+// An image with a window of its own: it can have a border, be clicked, and contain other controls as a page.
 #pragma once
 
 #include <string>

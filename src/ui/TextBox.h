@@ -16,7 +16,8 @@ public:
     TextBox(Parent parent, std::string name, Bounds bounds, int index = -1);
 
     const std::string& text() const { return text_; }
-    void setText(std::string text);  // the caret goes to the start; longer than maxLength is kept, as the system does
+    void setText(std::string text);  // moves the caret to the start; a text longer than maxLength is kept whole, as the
+                                     // system does
     // Limits what the user can type, in bytes; 0 is no limit.
     int maxLength() const { return maxLength_; }
     void setMaxLength(int bytes);

@@ -69,7 +69,7 @@ void TreeView::click(int number) {
     raise(onOptionClick, number);
 }
 
-void TreeView::pressSpace() {
+void TreeView::activate() {
     if (current_ > 0) click(current_);
 }
 

@@ -45,15 +45,18 @@ public:
     void selectOption(int number);
     void unselectOption(int number);
 
-    int current() const { return current_; }  // the node with the cursor, 0 is none
+    int current() const { return current_; }  // the node with the cursor; 0 for none
     void setCurrent(int number);
     void ensureVisible(int number);
     int visibleNode() const { return visibleNode_; }
 
-    // The user's entries: the cursor moves; a mouse click on an option's row; Space on the current node.
+    // Whether the cursor is on an option. Enter chooses it then, and otherwise presses the form's default button.
+    bool onOption() const { return current_ > 0 && node(current_).option; }
+
+    // The user's entries: the cursor moves; a mouse click on an option's row; Space or Enter on the current node.
     void choose(int number);
     void click(int number);
-    void pressSpace();
+    void activate();
     // Raised with the option's number after the option has been marked; also when it was marked already.
     std::function<void(int)> onOptionClick;
 

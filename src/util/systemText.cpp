@@ -5,7 +5,10 @@
 namespace util {
 
 std::string systemText(platform::Platform& platform, platform::Result code, const std::string& subject) {
-    const std::string text = platform.modules.FormatMessageA(code);
+    return systemText(platform.modules.FormatMessageA(code), code, subject);
+}
+
+std::string systemText(const std::string& text, platform::Result code, const std::string& subject) {
     if (text.empty()) return "System error " + toDecimal(code) + ".";
     std::string filled;
     std::size_t rest = 0;

@@ -3,9 +3,11 @@
 #include <new>
 #include <stdexcept>
 
+#include "platform/SystemError.h"
 #include "util/Error.h"
 #include "util/application.h"
 #include "util/procedure.h"
+#include "util/systemText.h"
 
 namespace basErrors {
 
@@ -43,6 +45,8 @@ void recordException() {
         throw;
     } catch (const Error& error) {
         Err = {error.number(), error.source(), error.what()};
+    } catch (const platform::SystemError& error) {
+        Err = {error.code(), AppTitle, systemText(error.what(), error.code(), AppTitle)};
     } catch (const std::bad_alloc&) {
         Err = {NumberOutOfMemory, AppTitle, "Out of memory."};
     } catch (const std::out_of_range&) {

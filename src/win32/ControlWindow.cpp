@@ -1,6 +1,6 @@
 #include "win32/ControlWindow.h"
 
-#include <new>
+#include "win32/SystemError.h"
 
 namespace win32 {
 
@@ -20,7 +20,7 @@ ControlWindow::ControlWindow(ui::Control& control, const Class& native, const st
                               GetModuleHandleA(nullptr), nullptr);
     if (!window_) {
         form_.removeControl(*this);
-        throw std::bad_alloc();
+        throwLastError();
     }
     SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     nativeProcedure_ = reinterpret_cast<WNDPROC>(
@@ -55,7 +55,10 @@ LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM w, L
     }
     // A control without a frame has nothing to paint here, but the native procedure takes long to find that out.
     if (message == WM_NCPAINT && !self.framed()) return 0;
-    if (const auto answer = shielded([&] { return self.message(message, w, l); })) return *answer;
+    // A peer that throws has handled the message as far as it can be: the native control must not handle it again.
+    std::optional<LRESULT> answer = 0;
+    shielded([&] { answer = self.message(message, w, l); });
+    if (answer) return *answer;
     const LRESULT result = self.native(message, w, l);
     if (message == WM_SETFOCUS && self.reporting()) shielded([&] { self.control_.gotFocus(); });
     return result;

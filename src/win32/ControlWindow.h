@@ -73,6 +73,7 @@ protected:
     // Postpones painting until the handler that is changing the control has returned, so that many changes in a row are
     // painted once.
     void postponePainting();
+    bool paintingPostponed() const { return paintingPostponed_; }
     virtual void paintingResumed() {}
 
     virtual RECT bounds() const;  // in pixels on the form

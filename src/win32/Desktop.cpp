@@ -1,6 +1,7 @@
 #include "win32/Desktop.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "win32/Callbacks.h"
 #include "win32/ControlWindow.h"
@@ -22,6 +23,30 @@ void registerControls() {
     if (!init) return;
     const INITCOMMONCONTROLSEX classes = {sizeof classes, ICC_WIN95_CLASSES};
     init(&classes);
+}
+
+bool canBeActive(HWND window) {
+    return IsWindowVisible(window) && IsWindowEnabled(window);
+}
+
+void activate(HWND window) {
+    if (GetActiveWindow() != window && canBeActive(window)) SetActiveWindow(window);
+}
+
+BOOL CALLBACK endUnlessForm(HWND window, LPARAM peers) {
+    const auto& forms = *reinterpret_cast<const std::vector<FormPeer*>*>(peers);
+    char name[8] = "";
+    GetClassNameA(window, name, sizeof name);
+    if (std::strcmp(name, "#32770") != 0 || !IsWindowVisible(window)) return TRUE;
+    if (std::none_of(forms.begin(), forms.end(), [&](auto* form) { return form->window() == window; }))
+        EndDialog(window, 0);
+    return TRUE;
+}
+
+// A message box or file dialog runs a loop of the system's, which knows nothing of what a handler throws meanwhile: it
+// would go on until the user closes the dialog.
+void endSystemDialogs(const std::vector<FormPeer*>& forms) {
+    EnumThreadWindows(GetCurrentThreadId(), endUnlessForm, reinterpret_cast<LPARAM>(&forms));
 }
 
 }  // namespace
@@ -90,9 +115,14 @@ void Desktop::open(ui::Form& form) {
 }
 
 void Desktop::runModal(ui::Form& form, ui::Form* owner) {
+    const HWND before = GetActiveWindow();
     FormPeer& peer = attach(form, owner && owner->attached() ? owner : activeForm());
     Modal modal(*this, peer);
-    peer.whenUnloaded([&] { modal.enableOthers(); });
+    // Another window must be active before this one goes, or the system would choose one, perhaps of another program.
+    peer.whenUnloaded([&] {
+        modal.enableOthers();
+        if (GetActiveWindow() == peer.window()) activate(canBeActive(before) ? before : activeWindow());
+    });
     try {
         peer.show();
         form.setShown(true);
@@ -100,6 +130,7 @@ void Desktop::runModal(ui::Form& form, ui::Form* owner) {
     } catch (...) {
         peer.whenUnloaded(nullptr);
         peer.ignoreEvents();
+        endSystemDialogs(peers_);
         throw;
     }
     destroyUnloaded();
@@ -159,15 +190,19 @@ HWND Desktop::activeWindow() const {
 // Questions -------------------------------------------------------------------------------------------------------
 
 ui::Answer Desktop::messageBox(const std::string& text, const std::string& title, ui::MessageStyle style) {
-    const HWND owner = activeWindow();
+    const HWND before = GetActiveWindow(), owner = activeWindow();
     const UINT scope = owner ? MB_APPLMODAL : MB_TASKMODAL;
     const int answer = MessageBoxA(owner, text.c_str(), title.c_str(), static_cast<UINT>(style) | scope);
     rethrowParked();
+    activate(before);
     return static_cast<ui::Answer>(answer);
 }
 
 std::optional<std::string> Desktop::openFile(const ui::OpenFileRequest& request) {
-    return win32::openFile(request, activeWindow());
+    const HWND before = GetActiveWindow();
+    const auto path = win32::openFile(request, activeWindow());
+    activate(before);
+    return path;
 }
 
 // Measures --------------------------------------------------------------------------------------------------------

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <new>
 #include <utility>
 
 #include "ui/CommandButton.h"
@@ -10,6 +9,7 @@
 #include "win32/ControlWindow.h"
 #include "win32/MenuPeer.h"
 #include "win32/PeerFactory.h"
+#include "win32/SystemError.h"
 #include "win32/TimerPeer.h"
 #include "win32/Windowless.h"
 
@@ -44,7 +44,7 @@ FormPeer::FormPeer(ui::Form& form, const Screen& screen, HWND owner, std::vector
     window_ = CreateDialogIndirectParamA(GetModuleHandleA(nullptr), &dialog.head, owner_, &FormPeer::dialogProcedure,
                                          reinterpret_cast<LPARAM>(this));
     // A modal form without a window could never be closed.
-    if (!window_) throw std::bad_alloc();
+    if (!window_) throwLastError();
     if (form.kind() == ui::Form::Kind::Main) setIcons();
     all_.push_back(this);
 }
@@ -111,12 +111,10 @@ void FormPeer::applyLines() {
     InvalidateRect(window_, nullptr, TRUE);
 }
 
-// The owner must be able to become active before this window goes, or another program's window would.
 void FormPeer::applyUnloaded() {
     live_ = false;
     unloaded_ = true;
     if (whenUnloaded_) std::exchange(whenUnloaded_, nullptr)();
-    if (owner_ && GetActiveWindow() == window_) SetActiveWindow(owner_);
     ShowWindow(window_, SW_HIDE);
 }
 
@@ -173,9 +171,10 @@ void FormPeer::setToolTip(HWND control, const std::string& text) {
 LRESULT CALLBACK FormPeer::hookProcedure(HWND window, UINT message, WPARAM w, LPARAM l) {
     FormPeer& self = *peerOf(window);
     const WNDPROC next = self.hookedProcedure_;  // read now: the hook may take itself away
-    const auto answer = shielded([&] {
+    std::optional<std::intptr_t> answer = 0;     // of a hook that throws
+    shielded([&] {
         const UINT code = message == WM_NOTIFY ? reinterpret_cast<const NMHDR*>(l)->code : 0;
-        return self.form_.hookAnswer({message, w, static_cast<std::uintptr_t>(l), static_cast<int>(code)});
+        answer = self.form_.hookAnswer({message, w, static_cast<std::uintptr_t>(l), static_cast<int>(code)});
     });
     return answer ? *answer : CallWindowProcA(next, window, message, w, l);
 }
@@ -187,7 +186,10 @@ INT_PTR CALLBACK FormPeer::dialogProcedure(HWND window, UINT message, WPARAM w, 
         return FALSE;
     }
     FormPeer* self = peerOf(window);
-    return self && shielded([&] { return self->handle(message, w, l); });
+    if (!self) return FALSE;
+    bool handled = true;  // also when a handler throws: closing, for one, would be tried a second time
+    shielded([&] { handled = self->handle(message, w, l); });
+    return handled;
 }
 
 bool FormPeer::handle(UINT message, WPARAM w, LPARAM l) {

@@ -1,4 +1,4 @@
-// Pictures made into pixels.
+// Converts pictures to pixels.
 #pragma once
 
 #include "platform/bytes.h"
@@ -24,12 +24,12 @@ public:
     void draw(HDC context, const RECT& place, const ui::Picture& picture, const Screen& screen);
 
 private:
-    // The icon made last, and of what: most pictures are drawn many times, and some never.
+    // The icon made last, and its picture: most pictures are drawn many times, and some never.
     Icon icon_;
     ui::Picture of_;
 };
 
-// An image list of square places, wherein every picture added takes one, a blank one if it cannot be drawn.
+// An image list of square pictures. Every picture that is added takes one index; one that cannot be drawn is blank.
 Images makeImages(int size);
 void addPicture(HIMAGELIST images, int size, const ui::Picture& picture);
 // An option button as the system draws it, `diameter` pixels wide, on the background of lists.

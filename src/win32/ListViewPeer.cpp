@@ -1,6 +1,7 @@
 #include "ui/ListView.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "win32/ControlPeer.h"
 #include "win32/ImageListPeer.h"
@@ -53,7 +54,10 @@ public:
         apply(LVM_DELETEALLITEMS);
     }
 
-    void applySelected() override { mark(control_.selected() - 1); }
+    void applySelected() override {
+        mark(control_.selected() - 1);
+        markWhenPainted_ = paintingPostponed();
+    }
 
     void applySpacing() override {
         const auto spacing = control_.iconSpacing();
@@ -64,7 +68,7 @@ public:
         InvalidateRect(window(), nullptr, TRUE);  // an item that keeps its place would keep its old picture
     }
 
-    // The selection moves by keyboard or by the right mouse button; a press of the left one is told by `press`.
+    // The selection moves by keyboard or by the right mouse button; a press of the left one is reported by `press`.
     LRESULT notify(const NMHDR& header) override {
         if (header.code != LVN_ITEMCHANGED || pressing_) return 0;
         const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
@@ -97,7 +101,8 @@ private:
 
     void paintingResumed() override {
         applySpacing();
-        if (control_.selected()) mark(control_.selected() - 1);
+        // The native list does not scroll while its painting is postponed, and later the user may have scrolled away.
+        if (std::exchange(markWhenPainted_, false) && control_.selected()) mark(control_.selected() - 1);
     }
 
     std::optional<LRESULT> message(UINT message, WPARAM w, LPARAM l) override {
@@ -112,7 +117,7 @@ private:
                 return hit(l) < 0 ? keepSelection() : std::nullopt;
             case WM_KEYDOWN:
                 return key(w);
-            // The native list would look for an item beginning with a blank.
+            // The native list would search for an item that begins with this character, and beep.
             case WM_CHAR:
                 return w == ' ' || w == '\r' ? std::optional<LRESULT>(0) : std::nullopt;
             default:
@@ -156,6 +161,7 @@ private:
     }
 
     bool pressing_ = false;
+    bool markWhenPainted_ = false;
 };
 
 }  // namespace

@@ -12,7 +12,7 @@ class Screen;
 
 class PeerFactory : public ui::PeerFactory {
 public:
-    // `forms`: the peers of all forms that have one, which enter themselves here.
+    // `forms`: the list in which every form's peer is for as long as it lives.
     PeerFactory(const Screen& screen, std::vector<FormPeer*>& forms) : screen_(screen), forms_(forms) {}
 
     std::unique_ptr<ui::Peer> make(ui::Form& form, const ui::Form* owner) override;

@@ -44,7 +44,7 @@ private:
             case WM_PAINT:
                 paint();
                 return 0;
-            // A page shows the form: what stands on it is drawn before it.
+            // A page is transparent: the form has already drawn the windowless controls on it.
             case WM_ERASEBKGND:
                 return page_ ? std::optional<LRESULT>(TRUE) : std::nullopt;
             case WM_LBUTTONDOWN:
@@ -64,7 +64,7 @@ private:
         }
     }
 
-    // A page erases nothing, and the page before may have left something in its place.
+    // A page does not erase its background, on which the previous page may still be seen.
     void clean() {
         if (page_ && control_.showing()) form().redraw(control_.absoluteBounds());
     }

@@ -13,14 +13,14 @@ public:
         apply(PBM_SETRANGE, 0, MAKELPARAM(0, Whole));
     }
 
-    // Painted at once: who shows progress is busy.
+    // Painted at once: a program that shows progress is too busy to handle messages.
     void applyProgress() override {
         apply(PBM_SETPOS, static_cast<WPARAM>(MulDiv(control_.value(), Whole, control_.maximum())));
         UpdateWindow(window());
     }
 
 private:
-    static constexpr int Whole = 1000;  // the old message takes 16 bits
+    static constexpr int Whole = 1000;  // the limits of the old message have 16 bits
 };
 
 }  // namespace

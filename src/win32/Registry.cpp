@@ -19,7 +19,7 @@ Result result(LONG code) {
     return static_cast<Result>(code);
 }
 
-// The system's numbers are unsigned long, ours have 32 bits: the same size, but another type.
+// The system's numbers are of type unsigned long: the same size, but another type.
 DWORD* dword(std::uint32_t& number) {
     static_assert(sizeof(DWORD) == sizeof(std::uint32_t));
     return reinterpret_cast<DWORD*>(&number);
@@ -92,7 +92,7 @@ Result Registry::RegQueryValueExA(HKey key, const std::string& name, RegType& ty
 
 Result Registry::RegSetValueExA(HKey key, const std::string& name, RegType type, const std::uint8_t* data,
                                 std::uint32_t size) {
-    // Of text that does not end in a zero NT looks at the byte behind it, and stores that too when it is one.
+    // When a text does not end in a zero, NT looks at the byte after it, and stores that too when it is a zero.
     if (isText(type) && data && size > 0 && data[size - 1] != 0) {
         const Bytes guarded = Bytes(data, size) + Bytes(1, 0xFF);
         return result(::RegSetValueExA(native(key), name.c_str(), 0, type, guarded.data(), size));

@@ -47,7 +47,7 @@ void centre(HWND window, HWND owner) {
     const LONG width = bounds.right - bounds.left, height = bounds.bottom - bounds.top;
     const LONG left = around.left + (around.right - around.left - width) / 2;
     const LONG top = around.top + (around.bottom - around.top - height) / 2;
-    // The title bar counts most: what does not fit runs out at the right and below.
+    // The title bar matters most: a window that is too large extends beyond the right and lower edges.
     SetWindowPos(window, nullptr, std::max(work.left, std::min(left, work.right - width)),
                  std::max(work.top, std::min(top, work.bottom - height)), 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);

@@ -1,4 +1,4 @@
-// The screen: its resolution, the program's font made for it, and places on it.
+// The screen: its resolution, the program's font at that resolution, and positions on it.
 #pragma once
 
 #include "ui/Form.h"
@@ -12,13 +12,13 @@ public:
 
     int pixelsPerInch() const { return pixelsPerInch_; }
     int pixels(ui::Twips length) const { return ui::toPixels(length, pixelsPerInch_); }
-    // Corner and size are rounded each for itself: what is equally wide stays so.
+    // Corner and size are rounded separately, so that equal widths stay equal.
     RECT pixels(const ui::Bounds& b) const {
         const int left = pixels(b.left), top = pixels(b.top);
         return {left, top, left + pixels(b.width), top + pixels(b.height)};
     }
     ui::Twips twips(int pixels) const { return ui::toTwips(pixels, pixelsPerInch_); }
-    // A length that is given in pixels of a screen with 96 to the inch.
+    // A length that is given in pixels at 96 DPI.
     int scaled(int pixelsAt96) const { return MulDiv(pixelsAt96, pixelsPerInch_, 96); }
 
     // The program has one font, MS Shell Dlg 8.
@@ -37,7 +37,7 @@ WindowStyles stylesOf(ui::Form::Kind kind);
 // The window around a drawing area of this size, in pixels.
 SIZE windowAround(SIZE client, ui::Form::Kind kind, bool menu);
 
-// Centres a window on its owner, or on the work area when there is none to see, and keeps it on the work area.
+// Centres a window on its owner, or on the work area when no owner can be seen, and keeps it within the work area.
 void centre(HWND window, HWND owner);
 
 }  // namespace win32

@@ -58,7 +58,7 @@ Result registeredVersion(LibraryVersion& version) {
     return code;
 }
 
-// DLLVERSIONINFO, whose header wants a newer shell than the oldest one.
+// DLLVERSIONINFO, which the headers declare only for newer versions of the shell.
 struct DllVersionInfo {
     DWORD size = sizeof(DllVersionInfo);
     DWORD major = 0, minor = 0, build = 0, platform = 0;

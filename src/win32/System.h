@@ -17,7 +17,7 @@ public:
     bool GetVersionExA(platform::SystemVersion& version) override;
 };
 
-// On Wine the library answers with a version of Wine's choosing: there the browser is what the registry says it is.
+// On Wine the library answers with a version of Wine's choosing; there the version in the registry is taken.
 class Browser : public platform::Browser {
 public:
     platform::Result DllGetVersion(platform::LibraryVersion& version) override;

@@ -35,8 +35,8 @@ public:
     }
 
 private:
-    // The controls of the pages are the strip's neighbours, later in the tab order and so below it: without the inner
-    // part of its window it can neither paint over them nor take their clicks.
+    // The controls of the pages are siblings of the strip, and below it because they come later in the tab order. With
+    // the inner part cut out of its window, it can neither paint over them nor take their clicks.
     void cutPageOut() {
         RECT all = {}, page = {};
         GetClientRect(window(), &all);

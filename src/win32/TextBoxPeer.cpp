@@ -31,7 +31,7 @@ public:
     }
 
 private:
-    // A box of several lines would keep Tab, Enter and Esc for itself.
+    // A native box of several lines would take Tab, Enter and Esc away from the dialog manager.
     std::optional<LRESULT> message(UINT message, WPARAM w, LPARAM l) override {
         if (message != WM_GETDLGCODE || !control_.multiLine()) return std::nullopt;
         return native(message, w, l) & ~(DLGC_WANTALLKEYS | DLGC_WANTTAB);

@@ -11,9 +11,9 @@ namespace win32 {
 
 namespace {
 
-// The tree draws from a list of its own: these, and after them the pictures of the control's image list.
+// The native tree has an image list of its own: these, and after them the pictures of the control's image list.
 enum Image { Blank, OptionOff, OptionOn, FirstPicture };
-constexpr int OptionDiameter = 13;  // pixels at 96 to the inch
+constexpr int OptionDiameter = 13;  // pixels at 96 DPI
 constexpr int DefaultSize = 16;
 
 class TreeViewPeer : public ControlPeer<ui::TreeView> {
@@ -60,17 +60,23 @@ public:
     }
 
     void applyCleared() override {
+        if (!topWhenPainted_) topWhenPainted_ = numberOf(apply(TVM_GETNEXTITEM, TVGN_FIRSTVISIBLE));
         postponePainting();
         apply(TVM_DELETEITEM, 0, TVI_ROOT);
         items_.clear();
+        currentWhenPainted_ = visibleNodeWhenPainted_ = false;
     }
 
     void applyCurrent() override {
         const HTREEITEM item = control_.current() ? native(control_.current()) : nullptr;
         apply(TVM_SELECTITEM, TVGN_CARET, item);
+        currentWhenPainted_ = paintingPostponed();
     }
 
-    void applyVisibleNode() override { apply(TVM_ENSUREVISIBLE, 0, native(control_.visibleNode())); }
+    void applyVisibleNode() override {
+        apply(TVM_ENSUREVISIBLE, 0, native(control_.visibleNode()));
+        visibleNodeWhenPainted_ = paintingPostponed();
+    }
 
     LRESULT notify(const NMHDR& header) override {
         const auto& change = reinterpret_cast<const NMTREEVIEWA&>(header);
@@ -89,29 +95,43 @@ private:
     using ControlPeer::native;
     HTREEITEM native(int number) const { return items_.at(static_cast<std::size_t>(number - 1)); }
 
+    // 0 for a native item that is no node's.
+    int numberOf(LRESULT item) const {
+        const auto at = std::find(items_.begin(), items_.end(), reinterpret_cast<HTREEITEM>(item));
+        return at == items_.end() ? 0 : static_cast<int>(at - items_.begin()) + 1;
+    }
+
     static int imageOf(const ui::TreeNode& node) {
         if (node.option) return node.selected ? OptionOn : OptionOff;
         return node.image ? FirstPicture + node.image - 1 : Blank;
     }
 
+    // The native tree does not scroll while its painting is postponed. Only what was asked for meanwhile is asked for
+    // again: the user has scrolled since older requests.
     void paintingResumed() override {
-        if (control_.current()) applyCurrent();
-        if (control_.visibleNode()) applyVisibleNode();
+        if (currentWhenPainted_ && control_.current()) applyCurrent();
+        if (visibleNodeWhenPainted_ && control_.visibleNode()) applyVisibleNode();
+        // A tree that has been filled again stays where it was, unless it was told otherwise.
+        if (topWhenPainted_ && topWhenPainted_ <= control_.count() && !visibleNodeWhenPainted_)
+            apply(TVM_SELECTITEM, TVGN_FIRSTVISIBLE, native(topWhenPainted_));
+        currentWhenPainted_ = visibleNodeWhenPainted_ = false;
+        topWhenPainted_ = 0;
     }
 
     std::optional<LRESULT> message(UINT message, WPARAM w, LPARAM l) override {
         switch (message) {
             case WM_GETDLGCODE:
-                return DLGC_WANTARROWS | DLGC_WANTCHARS;
+                return DLGC_WANTARROWS | DLGC_WANTCHARS |
+                       (control_.onOption() && asksForEnter(l) ? DLGC_WANTALLKEYS : 0);
             case WM_LBUTTONDOWN:
                 return press(w, l);
             case WM_KEYDOWN:
-                if (w != VK_SPACE) return std::nullopt;
-                if (reporting()) control_.pressSpace();
+                if (w != VK_SPACE && w != VK_RETURN) return std::nullopt;
+                if (reporting()) control_.activate();
                 return 0;
-            // The native tree would look for a node beginning with a blank.
+            // The native tree would search for a node that begins with this character, and beep.
             case WM_CHAR:
-                return w == ' ' ? std::optional<LRESULT>(0) : std::nullopt;
+                return w == ' ' || w == '\r' ? std::optional<LRESULT>(0) : std::nullopt;
             default:
                 return std::nullopt;
         }
@@ -123,13 +143,15 @@ private:
         SendMessageA(window(), TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&test));
         native(WM_LBUTTONDOWN, w, l);
         if (!(test.flags & TVHT_ONITEM) || !reporting()) return 0;
-        const auto at = std::find(items_.begin(), items_.end(), test.hItem);
-        if (at != items_.end()) control_.click(static_cast<int>(at - items_.begin()) + 1);
+        if (const int number = numberOf(reinterpret_cast<LRESULT>(test.hItem))) control_.click(number);
         return 0;
     }
 
     Images images_;
     std::vector<HTREEITEM> items_;
+    // What to do when painting is resumed.
+    bool currentWhenPainted_ = false, visibleNodeWhenPainted_ = false;
+    int topWhenPainted_ = 0;  // number of the node to scroll to the top, 0 for none
 };
 
 }  // namespace

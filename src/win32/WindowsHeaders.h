@@ -1,4 +1,4 @@
-// The system's headers, as every file of this folder wants them.
+// The system's headers, as every file of this folder includes them.
 #pragma once
 
 #define WIN32_LEAN_AND_MEAN

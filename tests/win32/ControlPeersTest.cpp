@@ -63,8 +63,12 @@ TEST_F(ControlPeersTest, AUsersActionRaisesItsEventOnce) {
         {"Enter on an item that acts", [&] { press(form.acts, VK_RETURN); }, {"acts2"}},
         {"mouse on an option's button", [&] { clickNode(3, -8); }, {"tree3"}},
         {"mouse on a group", [&] { clickNode(1, 3); }, {}},
-        {"arrows in the tree", [&] { press(form.tree, VK_DOWN), press(form.tree, VK_DOWN); }, {}},
+        {"Enter on a group", [&] { press(form.tree, VK_RETURN); }, {"ok"}},
+        {"an arrow in the tree", [&] { press(form.tree, VK_DOWN); }, {}},
+        {"Enter on a setting", [&] { press(form.tree, VK_RETURN); }, {"ok"}},
+        {"another arrow in the tree", [&] { press(form.tree, VK_DOWN); }, {}},
         {"Space on an option", [&] { press(form.tree, VK_SPACE); }, {"tree3"}},
+        {"Enter on an option", [&] { press(form.tree, VK_RETURN); }, {"tree3"}},
         {"a closing key on a branch", [&] { press(form.tree, VK_SUBTRACT); }, {}},
         {"menu item",
          [&] { post(windowOf(form), WM_COMMAND, GetMenuItemID(GetSubMenu(GetMenu(windowOf(form)), 0), 0)); },
@@ -194,6 +198,68 @@ TEST_F(ControlPeersTest, WindowsReflectTheStateHoweverItCameAbout) {
     desktop.doEvents();
     EXPECT_EQ(unchanged(before), "") << "changed before it was shown";
     before.unload();
+}
+
+struct ScrollingTest : ControlPeersTest {
+    int firstVisibleNode() {
+        const auto first = ask(form.tree, TVM_GETNEXTITEM, TVGN_FIRSTVISIBLE);
+        TVITEMA item = {};
+        item.mask = TVIF_PARAM;
+        item.hItem = reinterpret_cast<HTREEITEM>(first);
+        ask(form.tree, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&item));
+        return static_cast<int>(item.lParam);
+    }
+    void fillTree() {
+        form.tree.clear();
+        form.tree.add({"group", 0, 0, {}});
+        for (int setting = 0; setting < 20; ++setting) {
+            const int parent = form.tree.add({"setting", 1, 0, {}});
+            form.tree.add({"off", parent, 0, {}, true, true});
+            form.tree.add({"on", parent, 0, {}, true});
+        }
+        desktop.doEvents();
+    }
+};
+
+TEST_F(ScrollingTest, ATreeStaysWhereTheUserHasScrolledIt) {
+    fillTree();
+    form.tree.setCurrent(1);
+    form.tree.ensureVisible(1);
+    desktop.doEvents();
+    ASSERT_EQ(firstVisibleNode(), 1);
+    post(windowOf(form.tree), WM_VSCROLL, SB_BOTTOM);
+    desktop.doEvents();
+    const int first = firstVisibleNode();
+    ASSERT_GT(first, 40);
+    form.tree.selectOption(4);
+    desktop.doEvents();
+    EXPECT_EQ(firstVisibleNode(), first) << "an option far above was marked by the program";
+    form.tree.click(61);
+    desktop.doEvents();
+    EXPECT_TRUE(form.tree.node(61).selected);
+    EXPECT_EQ(firstVisibleNode(), first) << "an option was clicked";
+    fillTree();
+    EXPECT_EQ(firstVisibleNode(), first) << "filled again";
+    form.tree.clear();
+    fillTree();
+    form.tree.setCurrent(61);
+    form.tree.setCurrent(1);
+    desktop.doEvents();
+    EXPECT_EQ(firstVisibleNode(), 1) << "the program has asked for it";
+}
+
+TEST_F(ScrollingTest, AListStaysWhereTheUserHasScrolledItWhenItGrows) {
+    for (int item = 0; item < 60; ++item) form.acts.add({"more", 0, {}, {}});
+    form.acts.setSelected(1);
+    desktop.doEvents();
+    const auto top = [&] { return ask(form.acts, LVM_GETTOPINDEX); };
+    ASSERT_EQ(top(), 0);
+    ask(form.acts, LVM_ENSUREVISIBLE, 62, FALSE);
+    const LRESULT scrolled = top();
+    ASSERT_GT(scrolled, 30);
+    form.acts.add({"last", 0, {}, {}});
+    desktop.doEvents();
+    EXPECT_EQ(top(), scrolled);
 }
 
 TEST(GraphicsTest, ADamagedPictureIsABlankPlace) {

@@ -2,8 +2,10 @@
 #include <stdexcept>
 
 #include "EveryControl.h"
+#include "platform/SystemError.h"
 #include "ui/WindowHook.h"
 #include "win32/Callbacks.h"
+#include "win32/SystemError.h"
 
 namespace {
 
@@ -129,6 +131,112 @@ TEST_F(DesktopTest, ExceptionsPassTheSystemParked) {
     for (const auto& row : table) EXPECT_THROW(row.act(), std::runtime_error) << row.where;
     EXPECT_NO_THROW(desktop.doEvents()) << "each was thrown once";
     form.unload();
+}
+
+// Otherwise the native control or the dialog manager would do the same thing again.
+TEST_F(DesktopTest, AMessageWhoseHandlerThrowsIsNotHandledTwice) {
+    EveryControl form(desktop, Kind::Dialog);
+    form.show();
+    int calls = 0;
+    const auto fail = [&](auto&&...) {
+        ++calls;
+        throw std::runtime_error("from a handler");
+    };
+    form.shows.onItemClick = [&](int) {
+        form.shows.setSelected(0);  // so that the native list would report the item a second time
+        fail();
+    };
+    RECT item = {LVIR_LABEL, 0, 0, 0};
+    ask(form.shows, LVM_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&item));
+    EXPECT_THROW(clickAt(form.shows, {(item.left + item.right) / 2, (item.top + item.bottom) / 2}), std::runtime_error);
+    EXPECT_EQ(calls, 1);
+
+    form.setHook([](const ui::WindowMessage& message) -> std::optional<std::intptr_t> {
+        if (message.message == WM_SETTEXT) throw std::runtime_error("from the hook");
+        return std::nullopt;
+    });
+    EXPECT_THROW(form.setCaption("not passed on"), std::runtime_error);
+    EXPECT_EQ(textOf(windowOf(form)), "Every control");
+    form.setHook({});
+
+    form.onUnload = fail;
+    post(windowOf(form), WM_CLOSE);
+    EXPECT_THROW(desktop.doEvents(), std::runtime_error);
+    form.onUnload = nullptr;
+    desktop.doEvents();
+    EXPECT_EQ(form.events, std::vector<std::string>()) << "the dialog manager would have pressed Cancel";
+}
+
+// What a hook of the system forbids to be created.
+LRESULT CALLBACK refuseWindows(int code, WPARAM, LPARAM) {
+    return code == HCBT_CREATEWND;
+}
+
+TEST_F(DesktopTest, AWindowThatCannotBeMadeIsTheSystemsError) {
+    EveryControl form(desktop);
+    const HHOOK hook = SetWindowsHookExA(WH_CBT, refuseWindows, nullptr, GetCurrentThreadId());
+    EXPECT_THROW(form.show(), platform::SystemError);
+    UnhookWindowsHookEx(hook);
+    EXPECT_FALSE(form.attached());
+    form.unload();
+
+    SetLastError(ERROR_NO_SYSTEM_RESOURCES);
+    try {
+        win32::throwLastError();
+    } catch (const platform::SystemError& error) {
+        EXPECT_EQ(error.code(), 1450u);
+        EXPECT_STRNE(error.what(), "");
+    }
+}
+
+// Otherwise the program would end only when the user has closed that dialog as well.
+TEST_F(DesktopTest, EndingTheProgramClosesASystemDialogBelow) {
+    EveryControl main(desktop);
+    main.show();
+    const auto box = [&] { return GetLastActivePopup(windowOf(main)); };
+    bool closedByTest = false;
+    for (const bool file : {false, true}) {
+        EveryControl error(desktop, Kind::Dialog);
+        error.ok.onClick = [] { throw ui::EndProgram(); };
+        whenShown(error, [&] { PostMessageA(windowOf(error.ok), BM_CLICK, 0, 0); });
+        int ticks = 0;
+        main.timer.onTimer = [&] {
+            if (ticks == 0 && (box() == windowOf(main) || !IsWindowVisible(box()))) return;
+            if (++ticks == 1) return error.showModal(&main);
+            if (ticks < 20) return;
+            closedByTest = true;
+            PostMessageA(box(), WM_COMMAND, file ? IDCANCEL : IDNO, 0);
+        };
+        main.timer.setEnabled(true);
+        const auto ask = [&] {
+            if (file)
+                desktop.openFile({"Title", "All (*.*)|*.*", "", ""});
+            else
+                desktop.messageBox("Really?", "Title", ui::MessageStyle::ExclamationYesNo);
+        };
+        EXPECT_THROW(ask(), ui::EndProgram) << file;
+        EXPECT_FALSE(closedByTest) << file;
+        main.timer.setEnabled(false);
+        error.unload();
+    }
+    main.unload();
+}
+
+TEST_F(DesktopTest, AfterAModalFormTheWindowActiveBeforeIsActiveAgain) {
+    EveryControl main(desktop);
+    main.show();
+    EveryControl dialog(desktop, Kind::Dialog), error(desktop, Kind::Dialog);
+    whenShown(dialog, [&] {
+        dialog.check.setFocus();
+        whenShown(error, [&] { error.unload(); });
+        error.showModal(&main);
+        EXPECT_EQ(GetActiveWindow(), windowOf(dialog));
+        EXPECT_EQ(GetFocus(), windowOf(dialog.check));
+        dialog.unload();
+    });
+    dialog.showModal(&main);
+    EXPECT_EQ(GetActiveWindow(), windowOf(main));
+    main.unload();
 }
 
 TEST_F(DesktopTest, EndingTheProgramLeavesEveryLoop) {

@@ -69,8 +69,10 @@ struct EveryControl : ui::Form {
 
     std::vector<std::string> events;  // names, with the item where there is one
     int resizes = 0;
+    ui::Event onUnload;
 
 protected:
+    void Form_Unload() override { ui::raise(onUnload); }
     void Form_Resize() override { ++resizes; }
 };
 
