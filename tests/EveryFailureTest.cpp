@@ -167,7 +167,7 @@ void chooseIcon(World& world) {
                 selector.tmrUnload.tick();
             },
             [&] { form.general.details.picIcon.click(); });
-        if (world.has(form.general.details.iconFile() == world.system.path("shell32.dll")))
+        if (world.has(form.general.details.icon().file == world.system.path("shell32.dll")))
             form.general.cmdGeneral(1).click();
     });
 }

@@ -48,16 +48,47 @@ TEST_F(ExtractIconTest, TheProgramMayStandInAFolderWithANumberSign) {
     system.platform().files.createFolder(system.path("C#"));
     system.system.folder = system.path("C#");
     addIcon(Own, std::uint16_t{1}, {32}, 3);
-    EXPECT_EQ(extract(basMain::DefaultIconReference(system.platform())), picture(32, 3));
+    const std::string own = system.path("Tavimor.exe") + "#1";
+    EXPECT_EQ(extract(own), picture(32, 3));
+    const icons::IconReference reference = icons::referenceOrDefault(system.platform(), own);
+    EXPECT_EQ(reference, (icons::IconReference{system.path("Tavimor.exe"), "1"}));
+}
+
+TEST_F(ExtractIconTest, AReferenceIsCutWhereTheBrowserCutsIt) {
+    const struct {
+        const char *text, *file, *resource;
+        platform::ResourceId identifier;
+        bool isUsable;
+    } cases[] = {
+        {"inetcpl.cpl#00004480", "inetcpl.cpl", "00004480", std::uint16_t{4480}, true},
+        {"C:\\a b\\c.dll#MAIN", "C:\\a b\\c.dll", "MAIN", "MAIN", true},
+        {"C:\\C#\\d.dll#5", "C:\\C", "\\d.dll#5", "\\d.dll", true},
+        {"a.dll#5#6", "a.dll", "5#6", std::uint16_t{5}, true},
+        {"a.dll#", "a.dll", "", "", false},
+        {"#5", "", "5", std::uint16_t{5}, false},
+    };
+    for (const auto& c : cases) {
+        const auto reference = icons::parseReference(c.text);
+        ASSERT_TRUE(reference) << c.text;
+        EXPECT_EQ(reference->file, c.file);
+        EXPECT_EQ(reference->resource, c.resource);
+        EXPECT_EQ(reference->identifier(), c.identifier) << c.text;
+        EXPECT_EQ(reference->isUsable(), c.isUsable) << c.text;
+        EXPECT_EQ(icons::referenceOrDefault(system.platform(), c.text).text(), c.text) << "nothing of it is lost";
+    }
+    for (const char* none : {"", "a.dll", "\"a.dll\"#5", "a.dll#\"5\"", "\"a#b"}) {
+        EXPECT_FALSE(icons::parseReference(none)) << none;
+        EXPECT_EQ(icons::referenceOrDefault(system.platform(), none).text(), system.path("Tavimor.exe") + "#1");
+    }
 }
 
 TEST_F(ExtractIconTest, AFillOpensTheFileOfManyEqualIconsOnce) {
     basMain::IconCache cache(system.platform());
     system.modules.watch.reset();
-    EXPECT_EQ(cache.Icon("zones.cpl#4480", "#", 16), picture(16, LibrarySeed));
+    EXPECT_EQ(cache.Icon({"zones.cpl", "4480"}, 16), picture(16, LibrarySeed));
     for (int i = 0; i < 100; ++i) {
-        EXPECT_EQ(cache.Icon("zones.cpl#4480", "#", 32), picture(32, LibrarySeed));
-        EXPECT_EQ(cache.Icon("none.dll#" + std::to_string(i % 3), "#", 32), picture(32, OwnSeed));
+        EXPECT_EQ(cache.Icon({"zones.cpl", "4480"}, 32), picture(32, LibrarySeed));
+        EXPECT_EQ(cache.Icon({"none.dll", std::to_string(i % 3)}, 32), picture(32, OwnSeed));
     }
     // one for zones.cpl, one for the file that is missing, one for the own icon in its place
     EXPECT_EQ(system.modules.watch.calls("LoadLibraryExA"), 3);

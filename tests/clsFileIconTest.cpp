@@ -211,4 +211,17 @@ TEST_F(clsFileIconTest, TheImageThatServesASizeBestIsFound) {
     EXPECT_EQ(failure([&] { empty.ImageForWidth(32); }), "Icon contains no images.");
 }
 
+TEST_F(clsFileIconTest, ADamagedImageCostsTheNextBestItsTurnAndNotTheIcon) {
+    std::vector<Image> images{image(16, 8), image(32, 4), image(48, 8), image(32, 8)};
+    for (const auto& [damaged, best] : {std::pair{3, 1}, {1, 2}, {2, 0}}) {
+        images[static_cast<std::size_t>(damaged)].bytes[0] = 12;
+        ASSERT_EQ(loadFile(icons::file(images)), "");
+        EXPECT_EQ(icon.ImageForWidth(32), best);
+    }
+    images[0].bytes[0] = 12;
+    ASSERT_EQ(loadFile(icons::file(images)), "");
+    EXPECT_EQ(failure([&] { icon.ImageForWidth(32); }), "Icon image is damaged.");
+    EXPECT_EQ(failure([&] { icon.DrawIconImage(0, box); }), "Icon image is damaged.");
+}
+
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "app/Application.h"
 #include "errors/frmError.h"
+#include "icons/FileKind.h"
 #include "support/IconFixture.h"
 
 namespace {
@@ -9,9 +10,7 @@ namespace {
 struct frmIconSelectorTest : IconFixture {
     app::Application program{system.platform()};
     std::string chosen = "none";
-    frmIconSelector::Chosen choose = [this](const std::string& file, const std::string& resource) {
-        chosen = file + "#" + resource;
-    };
+    frmIconSelector::Chosen choose = [this](const icons::IconReference& icon) { chosen = icon.text(); };
 
     frmIconSelectorTest() {
         addIcon("some.dll", "MAIN", {16, 32}, 1);
@@ -128,6 +127,51 @@ TEST_F(frmIconSelectorTest, DamagedIconsAreOneErrorAndTheOthersAreListed) {
         form.closeBox();
     });
     frmIconSelector(program.platform, system.path("bad.dll"), box, choose).showModal();
+}
+
+TEST_F(frmIconSelectorTest, AZoneCannotUseTheIconsOf16BitProgramsAndIconFiles) {
+    writeFile("one.ico", icons::file({icons::image(32, 4)}));
+    addIcon("old.dll", std::uint16_t{1}, {32});
+    // Where its real header is, a 16-bit program has another mark.
+    icons::ByteWriter old;
+    old.u16(0x5A4D).fill(58).u32(0x50).fill(16).u16(0x454E).fill(62);
+    const auto looksOld = [&](const std::string& name) {
+        return icons::kindOf(system.platform().files, system.path(name));
+    };
+    EXPECT_EQ(looksOld("old.dll"), icons::FileKind::Other);
+    EXPECT_EQ(looksOld("one.ico"), icons::FileKind::IconFile);
+    EXPECT_EQ(looksOld("none.ico"), icons::FileKind::Other);
+    for (std::size_t length = 0; length <= old.size(); ++length) {
+        writeFile("old.dll", old.bytes().substr(0, length));
+        EXPECT_EQ(looksOld("old.dll"), length >= 0x52 ? icons::FileKind::Program16 : icons::FileKind::Other) << length;
+    }
+    use("one.ico", [&](frmIconSelector& form) {
+        EXPECT_EQ(form.lblIconCount.caption(), "1 icon in: one.ico");
+        EXPECT_EQ(form.lblUnusable.caption(),
+                  "The icons of 16-bit programs and of icon files (.ico) cannot be used by a zone.");
+        EXPECT_TRUE(form.lblUnusable.showing() && !form.lvwIcons.showing());
+        form.ShowFile(system.path("some.dll"));
+        EXPECT_TRUE(!form.lblUnusable.showing() && form.lvwIcons.showing());
+    });
+}
+
+TEST_F(frmIconSelectorTest, WhateverFailsWhileIconsAreLoadedTheOthersAreOffered) {
+    int calls = 0;
+    system.modules.watch.onCall = [&](const char* function) {
+        if (std::string_view(function) == "LockResource" && ++calls == 3) throw std::bad_alloc();
+    };
+    system.desktop.expectForm<frmIconSelector>([&](frmIconSelector& form) {
+        system.desktop.expectForm<frmError>([&](frmError& error) {
+            EXPECT_EQ(form.lvwIcons.count(), 2) << "they are there before the error is shown";
+            error.cmdContinue.click();
+        });
+        form.tmrLoad.tick();
+        EXPECT_EQ(identifiers(form), "1:7 2:4480 ");
+        EXPECT_EQ(form.ilsIcons16.picture(1), picture(16, 2));
+        form.closeBox();
+    });
+    frmIconSelector(program.platform, system.path("some.dll"), box, choose).showModal();
+    system.modules.watch.onCall = nullptr;
 }
 
 }  // namespace

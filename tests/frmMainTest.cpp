@@ -76,7 +76,7 @@ TEST_F(MainWindow, ShowsNothingOfAZoneThatIsGone) {
     system.deleteTree(Zones);
     window().ReloadAsItIs();
     EXPECT_EQ(shown(), "|||||");
-    EXPECT_TRUE(window().picZoneIcon.picture().empty() && window().selection().iconFile.empty());
+    EXPECT_TRUE(window().picZoneIcon.picture().empty() && window().selection().icon.file.empty());
     system.registry.watch.failOn("RegQueryInfoKeyA", 1, platform::OutOfMemory);
     expectError("frmMain.FillListView", "The security zones of Internet Explorer cannot be read from the registry.");
     window().RebuildList();
@@ -147,7 +147,7 @@ TEST_F(MainWindow, ShowsTheProgramsOwnIconWhereAZoneHasNone) {
     for (const auto& [icon, kept] : cases) {
         system.setText(zoneKey("1"), "Icon", icon);
         summary(2);
-        EXPECT_EQ(window().selection().iconFile + "#" + window().selection().iconResource, kept ? icon : own);
+        EXPECT_EQ(window().selection().icon.text(), kept ? icon : own);
         EXPECT_FALSE(window().picZoneIcon.picture().empty()) << icon;
     }
 }

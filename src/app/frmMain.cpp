@@ -216,10 +216,8 @@ void frmMain::ShowZone(int item, basMain::IconCache& icons) {
         selection_.zone = lvwZones.item(item).tag;
         const zones::ZoneRecord zone = zones::readZone(context_.registry, selection_.zone);
         picZoneIcon.clear();
-        const ZoneIcon icon = zoneIconOf(context_.platform, zone.texts.icon);
-        basMain::ExtractIcon(icons, icon.reference, "#", 32, picZoneIcon);
-        selection_.iconFile = icon.file;
-        selection_.iconResource = icon.resource;
+        selection_.icon = icons::referenceOrDefault(context_.platform, zone.texts.icon.text);
+        basMain::ExtractIcon(icons, selection_.icon, 32, picZoneIcon);
         lblZoneName.setCaption(textOr(zone.texts.name, MissingName));
         lblZoneCaption.setCaption(textOr(zone.texts.description, MissingDescription));
         ShowAtAGlance(zone);

@@ -19,6 +19,12 @@
 #include "zones/ZoneRecord.h"
 #include "zones/zones.h"
 
+// The zone that was clicked last, and its icon.
+struct Selection {
+    std::string zone;  // its key name
+    icons::IconReference icon;
+};
+
 class frmMain : public ui::Form, public forms::MainWindow {
 public:
     explicit frmMain(forms::Context& context);
@@ -40,7 +46,7 @@ public:
     void ReloadAsItIs() override;
     void ReloadWhileImporting(platform::Launcher::Process import) override;
     // The zone that was clicked last, and its icon.
-    const zones::Selection& selection() const { return selection_; }
+    const Selection& selection() const { return selection_; }
 
     ui::ListView lvwZones;
     ui::ImageList ilsZoneIcons;
@@ -113,6 +119,6 @@ private:
     ZoneListControls zoneList() { return {lvwZones, ilsZoneIcons, picDummy, picHolder}; }
 
     forms::Context& context_;
-    zones::Selection selection_;
+    Selection selection_;
     platform::Launcher::Process import_ = 0;  // the registry editor while it restores a backup
 };

@@ -37,7 +37,8 @@ std::string fieldText(clsRegistry& registry, const FieldSource& source) {
 ZoneFields readZone(forms::Context& context, const std::string& zone) {
     zones::goToZone(context.registry, zone);
     ZoneFields fields;
-    fields[Icon] = zoneIconOf(context.platform, context.registry.readText(Sources[Icon].value)).reference;
+    fields[Icon] =
+        icons::referenceOrDefault(context.platform, context.registry.readText(Sources[Icon].value).text).text();
     for (std::size_t field = Name; field < FieldCount; ++field)
         fields[field] = fieldText(context.registry, Sources[field]);
     return fields;

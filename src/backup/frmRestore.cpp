@@ -193,7 +193,8 @@ void frmRestore::ParseInfo() {
         backup::ZoneFields zone;
         for (std::size_t line = 1; line < lines_.size(); ++line) {
             backup::readZoneLine(strings, lines_[line], zone);
-            basMain::ExtractIcon(icons, zone[backup::Icon], "#", 32, picHolder);
+            basMain::ExtractIcon(icons, icons::referenceOrDefault(context_.platform, zone[backup::Icon]), 32,
+                                 picHolder);
             const int image = ilsZoneIcons.add(picHolder.picture());
             lvwZones.add({zone[backup::Name], image, backup::joined(zone), {}});
             picHolder.clear();

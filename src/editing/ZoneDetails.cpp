@@ -6,8 +6,6 @@
 #include "icons/ExtractIcon.h"
 #include "icons/frmIconSelector.h"
 #include "ui/Layout.h"
-#include "util/Error.h"
-#include "util/clsStrings.h"
 #include "util/procedure.h"
 #include "zones/zones.h"
 
@@ -18,23 +16,6 @@ constexpr int LongestName = 259, LongestDescription = 199;
 
 using namespace ui::layout;
 constexpr ui::Twips IconSize = 540;
-
-struct IconParts {
-    std::string file, resource;
-};
-
-// The parts of a stored icon reference; nothing when it names none.
-std::optional<IconParts> usableIcon(const std::string& reference) {
-    clsStrings parts;
-    try {
-        if (parts.Initialise(reference, "#") < 2) return std::nullopt;
-    } catch (const util::Error&) {
-        return std::nullopt;  // quotes that lead nowhere: no file has such a name
-    }
-    IconParts icon{parts.ElementAsString(1), parts.ElementAsString(2)};
-    if (icon.file.empty() || icon.resource.empty()) return std::nullopt;
-    return icon;
-}
 
 }  // namespace
 
@@ -67,32 +48,30 @@ ZoneDetails::ZoneDetails(forms::Context& context, ui::Parent parent, ui::Twips w
 void ZoneDetails::Show(const zones::ZoneTexts& texts) {
     txtZoneName.setText(textOr(texts.name, MissingName));
     txtZoneDescription.setText(textOr(texts.description, MissingDescription));
-    const auto icon = usableIcon(texts.icon.text);
-    iconFile_ = icon ? icon->file : "";
-    iconResource_ = icon ? icon->resource : "";
-    writesIcon_ = !icon;
-    DrawIcon(zoneIconOf(context_.platform, texts.icon).reference);
+    const auto stored = icons::parseReference(texts.icon.text);
+    writesIcon_ = !stored || !stored->isUsable();
+    icon_ = writesIcon_ ? icons::IconReference{} : *stored;
+    DrawIcon(icons::referenceOrDefault(context_.platform, texts.icon.text).text());
 }
 
 void ZoneDetails::ShowDefaults(const zones::BuiltInZone& defaults) {
     txtZoneName.setText(defaults.name);
     txtZoneDescription.setText(defaults.description);
-    UseIcon(defaults.iconFile, defaults.iconResource);
-    DrawIcon(iconFile_ + "#" + iconResource_);
+    UseIcon({defaults.iconFile, defaults.iconResource});
+    DrawIcon(icon_.text());
 }
 
 void ZoneDetails::DrawIcon(const std::string& reference) {
     basMain::ExtractIcon(context_.platform, reference, "#", 32, picIcon);
 }
 
-void ZoneDetails::UseIcon(std::string file, std::string resource) {
-    iconFile_ = std::move(file);
-    iconResource_ = std::move(resource);
+void ZoneDetails::UseIcon(icons::IconReference icon) {
+    icon_ = std::move(icon);
     writesIcon_ = true;
 }
 
 bool ZoneDetails::Complete() {
-    if (iconFile_.empty()) UseIcon(zones::fallbackIconFile(context_.platform), zones::FallbackIconResource);
+    if (icon_.file.empty()) UseIcon({zones::fallbackIconFile(context_.platform), zones::FallbackIconResource});
     return Given(txtZoneName, "You must give this zone a name.") &&
            Given(txtZoneDescription, "You must give this zone a description.");
 }
@@ -125,11 +104,11 @@ void ZoneDetails::Write() {
     clsRegistry& registry = context_.registry;
     registry.writeText(zones::value::DisplayName, txtZoneName.text());
     registry.writeText(zones::value::Description, txtZoneDescription.text());
-    if (writesIcon_) registry.writeText(zones::value::Icon, iconFile_ + "#" + iconResource_);
+    if (writesIcon_) registry.writeText(zones::value::Icon, icon_.text());
 }
 
 void ZoneDetails::ChooseIcon() {
-    const auto file = GCommonDialog::BrowseForIcons(context_.platform, iconFile_);
+    const auto file = GCommonDialog::BrowseForIcons(context_.platform, icon_.file);
     if (!file) return;
     if (file->find('#') != std::string::npos) {
         errors::tell(context_.platform, "The icons of \"" + *file +
@@ -138,6 +117,6 @@ void ZoneDetails::ChooseIcon() {
         return;
     }
     frmIconSelector selector(context_.platform, *file, picIcon,
-                             [this](const auto& chosenFile, const auto& resource) { UseIcon(chosenFile, resource); });
+                             [this](const icons::IconReference& chosen) { UseIcon(chosen); });
     selector.showModal(&picIcon.form());
 }

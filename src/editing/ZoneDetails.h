@@ -2,6 +2,7 @@
 #pragma once
 
 #include "forms/Context.h"
+#include "icons/IconReference.h"
 #include "ui/Label.h"
 #include "ui/PictureBox.h"
 #include "ui/TextBox.h"
@@ -40,17 +41,17 @@ public:
     // Writes the values into the key where the session stands.
     void Write();
 
-    // The icon as chosen so far: a file, "" for none, and the number or name of an icon in it.
-    const std::string& iconFile() const { return iconFile_; }
+    // The icon as chosen so far; without a file when there is none.
+    const icons::IconReference& icon() const { return icon_; }
 
 private:
     void ChooseIcon();
-    void UseIcon(std::string file, std::string resource);
+    void UseIcon(icons::IconReference icon);
     bool Given(ui::TextBox& box, const char* message);
     bool ShortEnough(ui::TextBox& box, const char* what);
     void Refuse(ui::TextBox& box, const std::string& message);
 
     forms::Context& context_;
-    std::string iconFile_, iconResource_;
+    icons::IconReference icon_;
     bool writesIcon_ = true;
 };

@@ -1,23 +1,6 @@
 #include "forms/ZoneList.h"
 
-#include "util/Error.h"
-#include "util/clsStrings.h"
 #include "zones/zones.h"
-
-ZoneIcon zoneIconOf(platform::Platform& platform, const TextReading& icon) {
-    clsStrings strings;
-    std::string reference = icon.text;
-    try {
-        if (strings.Initialise(reference, "#") < 2) reference.clear();
-    } catch (const util::Error&) {
-        reference.clear();  // quotes that lead nowhere: no file has such a name
-    }
-    if (reference.empty()) {
-        reference = basMain::DefaultIconReference(platform);
-        strings.Initialise(reference, "#");
-    }
-    return {reference, strings.ElementAsString(1), strings.ElementAsString(2)};
-}
 
 std::string textOr(const TextReading& value, const char* missing) {
     return value.empty() ? missing : value.text;
@@ -35,7 +18,8 @@ void fillZoneList(forms::Context& context, const ZoneListControls& controls, bas
         if (zones::goToZone(registry, zone) == Found::Absent) continue;  // a name that the code page cannot carry
         const TextReading icon = registry.readText(zones::value::Icon);
         const TextReading name = registry.readText(zones::value::DisplayName);
-        basMain::ExtractIcon(icons, zoneIconOf(context.platform, icon).reference, "#", 32, controls.holder);
+        const icons::IconReference shown = icons::referenceOrDefault(context.platform, icon.text);
+        basMain::ExtractIcon(icons, shown, 32, controls.holder);
         const int image = controls.images.add(controls.holder.picture());
         controls.list.add({textOr(name, MissingName), image, zone, {}});
         controls.holder.clear();

@@ -9,14 +9,6 @@
 #include "ui/ImageList.h"
 #include "ui/ListView.h"
 
-// The parts of a zone's icon reference, or of the default one when the zone has none that can be taken apart.
-struct ZoneIcon {
-    std::string reference;
-    std::string file;
-    std::string resource;
-};
-ZoneIcon zoneIconOf(platform::Platform& platform, const TextReading& icon);
-
 inline constexpr const char* MissingName = "Missing Name";
 inline constexpr const char* MissingDescription = "Missing Description";
 // The text of a value, or `missing` when it is missing or empty.

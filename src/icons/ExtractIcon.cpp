@@ -4,35 +4,16 @@
 #include "icons/ModuleFile.h"
 #include "icons/clsFileIcon.h"
 #include "util/Error.h"
-#include "util/basSystem.h"
-#include "util/clsStrings.h"
 #include "util/procedure.h"
 
 namespace basMain {
 
 namespace {
 
-struct Location {
-    std::string file;
-    std::string identifier;
-};
-
-// With a tokenizer of its own: callers may be using the program's. Throws as the tokenizer does.
-Location split(const std::string& reference, const std::string& separator) {
-    clsStrings strings;
-    strings.Initialise(reference, separator);
-    return {strings.ElementAsString(1), strings.ElementAsString(2)};
-}
-
-// Taken apart already: the program may stand in a folder with a "#" in its name.
-Location ownIcon(platform::Platform& platform) {
-    return {basSystem::ProgramFile(platform), "1"};
-}
-
 // Throws util::Error when there is no such icon or it cannot be drawn.
-ui::Picture iconAt(platform::Platform& platform, const Location& location, int size) {
+ui::Picture iconAt(platform::Platform& platform, const icons::IconReference& reference, int size) {
     clsFileIcon icon(platform);
-    icon.LoadIconFromEXE(location.file, icons::toIdentifier(location.identifier));
+    icon.LoadIconFromEXE(reference.file, reference.identifier());
     return icon.IconPicture(icon.ImageForWidth(size));
 }
 
@@ -60,30 +41,24 @@ ui::Picture pictureFile(platform::Platform& platform, const std::string& path, i
 
 }  // namespace
 
-std::string DefaultIconReference(platform::Platform& platform) {
-    const Location own = ownIcon(platform);
-    return own.file + "#" + own.identifier;
-}
-
 IconCache::IconCache(platform::Platform& platform) : platform_(platform) {}
 IconCache::~IconCache() = default;
 
-ui::Picture IconCache::iconOf(const std::string& reference, const std::string& separator, int size) {
-    const Location location = split(reference, separator);
-    if (!open_ || openFile_ != location.file) {
-        open_ = std::make_unique<icons::ModuleFile>(platform_.modules, location.file);
-        openFile_ = location.file;
+ui::Picture IconCache::iconOf(const icons::IconReference& reference, int size) {
+    if (!open_ || openFile_ != reference.file) {
+        open_ = std::make_unique<icons::ModuleFile>(platform_.modules, reference.file);
+        openFile_ = reference.file;
     }
     clsFileIcon icon(platform_);
-    icon.LoadIconFromEXE(*open_, location.file, icons::toIdentifier(location.identifier));
+    icon.LoadIconFromEXE(*open_, reference.file, reference.identifier());
     return icon.IconPicture(icon.ImageForWidth(size));
 }
 
-const ui::Picture& IconCache::Icon(const std::string& reference, const std::string& separator, int size) {
-    const auto [place, isNew] = pictures_.try_emplace(std::to_string(size) + separator + reference);
+const ui::Picture& IconCache::Icon(const icons::IconReference& reference, int size) {
+    const auto [place, isNew] = pictures_.try_emplace(std::to_string(size) + "#" + reference.text());
     ui::Picture& picture = place->second;
     if (isNew) {
-        picture = pictureOrNone([&] { return iconOf(reference, separator, size); });
+        picture = pictureOrNone([&] { return iconOf(reference, size); });
         if (picture.empty()) picture = OwnIcon(size);
     }
     return picture;
@@ -92,30 +67,30 @@ const ui::Picture& IconCache::Icon(const std::string& reference, const std::stri
 const ui::Picture& IconCache::OwnIcon(int size) {
     const auto [place, isNew] = ownIcons_.try_emplace(size);
     ui::Picture& picture = place->second;
-    if (isNew) picture = pictureOrNone([&] { return iconAt(platform_, ownIcon(platform_), size); });
+    if (isNew) picture = pictureOrNone([&] { return iconAt(platform_, icons::defaultReference(platform_), size); });
     return picture;
 }
 
-void ExtractIcon(IconCache& cache, const std::string& reference, const std::string& separator, int size,
-                 ui::Image& box) {
-    procedure("basMain.ExtractIcon", [&] { box.setPicture(cache.Icon(reference, separator, size)); });
+void ExtractIcon(IconCache& cache, const icons::IconReference& reference, int size, ui::Image& box) {
+    procedure("basMain.ExtractIcon", [&] { box.setPicture(cache.Icon(reference, size)); });
 }
 
 void ExtractIcon(platform::Platform& platform, const std::string& reference, const std::string& separator, int size,
                  ui::Image& box) {
     IconCache cache(platform);
-    ExtractIcon(cache, reference, separator, size, box);
+    const auto parsed = icons::parseReference(reference, separator);
+    ExtractIcon(cache, parsed ? *parsed : icons::defaultReference(platform), size, box);
 }
 
 void ExtractBitmap(platform::Platform& platform, const std::string& reference, const std::string& separator,
                    ui::Image& box) {
     procedure("basMain.ExtractBitmap", [&] {
         box.setPicture(pictureOrNone([&] {
-            const Location location = split(reference, separator);
-            const icons::ModuleFile module(platform.modules, location.file);
+            const auto parsed = icons::parseReference(reference, separator);
+            if (!parsed) return ui::Picture();
+            const icons::ModuleFile module(platform.modules, parsed->file);
             if (!module.opened()) return ui::Picture();
-            const auto name = icons::toIdentifier(location.identifier);
-            return icons::bitmapFromResource(module.read(name, platform::RtBitmap).bytes);
+            return icons::bitmapFromResource(module.read(parsed->identifier(), platform::RtBitmap).bytes);
         }));
     });
 }

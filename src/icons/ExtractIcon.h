@@ -1,10 +1,11 @@
-// Zone icon references ("inetcpl.cpl#00004480") and picture references, and the pictures they lead to.
+// The pictures that references to icons and to pictures lead to.
 #pragma once
 
 #include <memory>
 #include <string>
 #include <unordered_map>
 
+#include "icons/IconReference.h"
 #include "platform/Platform.h"
 #include "ui/Image.h"
 
@@ -13,9 +14,6 @@ class ModuleFile;
 }
 
 namespace basMain {
-
-// The program's own first icon, for zones that have none: program folder and name, ".exe#1".
-std::string DefaultIconReference(platform::Platform& platform);
 
 // Draws the icon that `reference` names (file, `separator`, number or name) into `box`: the image of `size` pixels.
 // What cannot be drawn is no error: the box then shows the program's own icon.
@@ -30,12 +28,11 @@ public:
     ~IconCache();
 
     // What ExtractIcon draws; an empty picture when not even the program's own icon is there.
-    const ui::Picture& Icon(const std::string& reference, const std::string& separator, int size);
+    const ui::Picture& Icon(const icons::IconReference& reference, int size);
 
 private:
     const ui::Picture& OwnIcon(int size);
-
-    ui::Picture iconOf(const std::string& reference, const std::string& separator, int size);
+    ui::Picture iconOf(const icons::IconReference& reference, int size);
 
     platform::Platform& platform_;
     std::string openFile_;  // that of the icon before: zones like to share one
@@ -43,8 +40,7 @@ private:
     std::unordered_map<std::string, ui::Picture> pictures_;
     std::unordered_map<int, ui::Picture> ownIcons_;  // by size
 };
-void ExtractIcon(IconCache& cache, const std::string& reference, const std::string& separator, int size,
-                 ui::Image& box);
+void ExtractIcon(IconCache& cache, const icons::IconReference& reference, int size, ui::Image& box);
 
 // The same for a bitmap resource, in its own size. What cannot be drawn leaves the box empty.
 void ExtractBitmap(platform::Platform& platform, const std::string& reference, const std::string& separator,

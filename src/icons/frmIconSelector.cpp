@@ -5,11 +5,13 @@
 #include <exception>
 #include <string_view>
 
+#include "icons/FileKind.h"
 #include "icons/cResources.h"
 #include "icons/clsFileIcon.h"
 #include "ui/Layout.h"
 #include "ui/PendingEvents.h"
-#include "util/Error.h"
+#include "util/characters.h"
+#include "util/clsFileInfo.h"
 #include "util/procedure.h"
 
 namespace {
@@ -29,21 +31,17 @@ constexpr std::uint32_t ProgressInterval = 40;  // milliseconds: a bar that move
 constexpr std::array<std::string_view, 2> Excluded{"twunk_16.exe", "shdocvw.dll"};
 constexpr std::array<std::string_view, 3> Listed{"DLL", "EXE", "OCX"};
 
+constexpr const char* Unusable = "The icons of 16-bit programs and of icon files (.ico) cannot be used by a zone.";
+
 template <std::size_t N>
-bool contains(const std::array<std::string_view, N>& names, const std::string& name) {
-    return std::find(names.begin(), names.end(), name) != names.end();
+bool contains(const std::array<std::string_view, N>& names, std::string_view name) {
+    return std::any_of(names.begin(), names.end(),
+                       [name](std::string_view candidate) { return util::equalFolded(candidate, name); });
 }
 
-std::string changeCase(std::string text, char first, char last, int distance) {
-    for (char& c : text)
-        if (c >= first && c <= last) c = static_cast<char>(c + distance);
-    return text;
-}
-std::string lower(const std::string& text) {
-    return changeCase(text, 'A', 'Z', 'a' - 'A');
-}
-std::string upper(const std::string& text) {
-    return changeCase(text, 'a', 'z', 'A' - 'a');
+// Its last three letters tell whether a file is opened, whatever comes before them.
+bool isListed(std::string_view path) {
+    return path.size() >= 3 && contains(Listed, path.substr(path.size() - 3));
 }
 
 std::string countText(std::uint32_t count, const std::string& file) {
@@ -58,6 +56,11 @@ std::string keyOf(int number) {
 }
 
 }  // namespace
+
+struct frmIconSelector::LoadedIcon {
+    std::string identifier;
+    ui::Picture large, small;
+};
 
 // Stands in the place of the list while icons are being loaded.
 class frmIconSelector::ProgressDisplay {
@@ -80,6 +83,7 @@ frmIconSelector::frmIconSelector(platform::Platform& platform, std::string file,
     : Form(platform.desktop, Kind::Dialog, "frmIconSelector", "Select Icon", Client),
       lblIconCount(*this, "lblIconCount", {Margin, Margin, Inner, LabelHeight}, ""),
       lvwIcons(*this, "lvwIcons", ListBounds, ui::ListView::View::Icon, ui::ListView::Clicks::OnActivate),
+      lblUnusable(*this, "lblUnusable", ListBounds, Unusable),
       Picture1(*this, "Picture1", ListBounds, ui::PictureBox::Border::Sunken),
       lblInfo(Picture1, "lblInfo", {BarLeft, BarTop - LabelHeight - 60, BarWidth, LabelHeight}, "Loading Icon"),
       Progress(Picture1, "Progress", {BarLeft, BarTop, BarWidth, BarHeight}),
@@ -92,6 +96,7 @@ frmIconSelector::frmIconSelector(platform::Platform& platform, std::string file,
       file_(std::move(file)),
       target_(target),
       chosen_(std::move(chosen)) {
+    lblUnusable.setVisible(false);
     Picture1.setVisible(false);
     picParent.setVisible(false);
     lvwIcons.setImages(&ilsIcons32, &ilsIcons16);
@@ -120,11 +125,13 @@ void frmIconSelector::ShowFile(const std::string& path) {
         if (loading_) return;
         file_ = path;
         ClearIcons();
-        const std::string name = lower(path.substr(path.rfind('\\') + 1));
+        const std::string name = util::lower(clsFileInfo(platform_, path).Name());
         const std::uint32_t count = contains(Excluded, name) ? 0 : platform_.modules.countIcons(path);
         lblIconCount.setCaption(countText(count, name));
-        const std::string extension = upper(path.substr(path.size() - std::min<std::size_t>(path.size(), 3)));
-        if (count > 0 && contains(Listed, extension)) LoadIcons(path);
+        const bool usable = count == 0 || icons::kindOf(platform_.files, path) == icons::FileKind::Other;
+        lvwIcons.setVisible(usable);
+        lblUnusable.setVisible(!usable);
+        if (count > 0 && usable && isListed(path)) LoadIcons(path);
     });
 }
 
@@ -141,7 +148,7 @@ void frmIconSelector::LoadIcons(const std::string& path) {
         const cResources resources(platform_, path);
         const std::vector<platform::ResourceId> names = resources.Names(platform::RtGroupIcon);
         const int count = static_cast<int>(names.size());
-        std::vector<std::string> identifiers;
+        std::vector<LoadedIcon> loadedIcons;
         std::exception_ptr failure;
         {
             const ProgressDisplay display(*this);
@@ -154,38 +161,35 @@ void frmIconSelector::LoadIcons(const std::string& path) {
                     if (!loaded()) return;  // the user has closed the dialog
                 }
                 try {
-                    identifiers.push_back(LoadIcon(resources.module(), names[static_cast<std::size_t>(i - 1)]));
-                } catch (const util::Error&) {
+                    loadedIcons.push_back(LoadIcon(resources.module(), names[static_cast<std::size_t>(i - 1)]));
+                } catch (...) {  // too little memory for a large icon may be enough for the next
                     if (!failure) failure = std::current_exception();
                 }
             }
-            FillList(identifiers);
+            FillList(loadedIcons);
         }
         lvwIcons.setFocus();
         if (failure) std::rethrow_exception(failure);
     });
 }
 
-// Adds the icon's pictures to both image lists, or to none, and gives its identifier.
-std::string frmIconSelector::LoadIcon(const icons::ModuleFile& module, const platform::ResourceId& name) {
+frmIconSelector::LoadedIcon frmIconSelector::LoadIcon(const icons::ModuleFile& module,
+                                                      const platform::ResourceId& name) {
     clsFileIcon icon(platform_);
     icon.LoadIconFromEXE(module, file_, name);
     const auto draw = [&](int width) {
         picParent.setPicture(icon.IconPicture(icon.ImageForWidth(width)));
         return picParent.picture();
     };
-    const ui::Picture large = draw(ilsIcons32.size());
-    const ui::Picture small = draw(ilsIcons16.size());
-    const std::string key = keyOf(ilsIcons32.count() + 1);
-    ilsIcons32.add(large, key);
-    ilsIcons16.add(small, key);
-    return icons::toText(icon.ResourceID());
+    return {icons::toText(icon.ResourceID()), draw(ilsIcons32.size()), draw(ilsIcons16.size())};
 }
 
-void frmIconSelector::FillList(const std::vector<std::string>& identifiers) {
-    for (const std::string& identifier : identifiers) {
+void frmIconSelector::FillList(const std::vector<LoadedIcon>& icons) {
+    for (const LoadedIcon& icon : icons) {
         const std::string key = keyOf(lvwIcons.count() + 1);
-        lvwIcons.add({"", ilsIcons32.find(key), identifier, key});
+        ilsIcons32.add(icon.large, key);
+        ilsIcons16.add(icon.small, key);
+        lvwIcons.add({"", ilsIcons32.find(key), icon.identifier, key});
     }
 }
 
@@ -194,7 +198,7 @@ void frmIconSelector::lvwIcons_ItemClick(int item) {
     procedure("frmIconSelector.lvwIcons_ItemClick", [&] {
         const ui::ListItem& chosen = lvwIcons.item(item);
         target_.setPicture(ilsIcons32.picture(chosen.image));
-        chosen_(file_, chosen.tag);
+        chosen_({file_, chosen.tag});
         tmrUnload.setEnabled(true);
     });
 }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "icons/IconReference.h"
 #include "platform/Platform.h"
 #include "ui/Form.h"
 #include "ui/ImageList.h"
@@ -20,8 +21,7 @@ class ModuleFile;
 
 class frmIconSelector : public ui::Form {
 public:
-    // What the user has chosen: a file, and the number or name of an icon in it.
-    using Chosen = std::function<void(const std::string& file, const std::string& resource)>;
+    using Chosen = std::function<void(const icons::IconReference& icon)>;
 
     // `file`: full path. The chosen icon is drawn into `target` and told to `chosen`; neither happens when the user
     // gives up.
@@ -29,6 +29,7 @@ public:
 
     ui::Label lblIconCount;
     ui::ListView lvwIcons;
+    ui::Label lblUnusable;    // in the place of the list when a zone cannot use the file's icons
     ui::PictureBox Picture1;  // in the place of the list while it is filled
     ui::Label lblInfo;
     ui::ProgressBar Progress;
@@ -38,8 +39,9 @@ public:
     ui::Timer tmrLoad;  // first tick: the dialog stands, now read the file
     ui::Timer tmrUnload;
 
-    // Counts the icons of `path` and shows those of a DLL, EXE or OCX. Pending events run meanwhile: the user may close
-    // the dialog, which ends the loading; a file asked for while another is being loaded is passed over.
+    // Counts the icons of `path` and shows those of a DLL, EXE or OCX that a zone can use. Pending events run
+    // meanwhile: the user may close the dialog, which ends the loading; a file asked for while another is being loaded
+    // is passed over.
     void ShowFile(const std::string& path);
 
 protected:
@@ -47,11 +49,12 @@ protected:
 
 private:
     class ProgressDisplay;
+    struct LoadedIcon;
 
     void ClearIcons();
     void LoadIcons(const std::string& path);
-    std::string LoadIcon(const icons::ModuleFile& module, const platform::ResourceId& name);
-    void FillList(const std::vector<std::string>& identifiers);
+    LoadedIcon LoadIcon(const icons::ModuleFile& module, const platform::ResourceId& name);
+    void FillList(const std::vector<LoadedIcon>& icons);
     void lvwIcons_ItemClick(int item);
     void tmrLoad_Timer();
     void tmrUnload_Timer();

@@ -67,13 +67,6 @@ inline constexpr std::array<const char*, 8> FlagCaptions{
 };
 inline constexpr std::uint32_t MissingFlags = 3;  // what a zone without "Flags" counts as
 
-// The zone being worked on.
-struct Selection {
-    std::string zone;          // key name below ZonesKey
-    std::string iconFile;      // before the "#" of the zone's icon reference
-    std::string iconResource;  // behind it, leading zeros kept
-};
-
 // Moves the session to ZonesKey, or to one zone below it.
 Found goToZones(clsRegistry& registry);
 Found goToZone(clsRegistry& registry, const std::string& zone);
