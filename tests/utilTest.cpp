@@ -51,7 +51,7 @@ TEST(Util, ASystemCodeIsASentenceWithTheNameInIt) {
     constexpr platform::Result BadExe = 193;
     const std::string text = util::systemText(system.platform(), BadExe, "a.dll");
     EXPECT_EQ(text.find("%1"), std::string::npos) << text;
-    EXPECT_EQ(text.find("a.dll"), 0u) << text;
+    EXPECT_NE(text.find("a.dll"), std::string::npos) << text;  // where is up to the system
     EXPECT_EQ(util::systemText(system.platform(), 0x2BADF00D, "a.dll"), "System error 732819469.");
 }
 
