@@ -72,3 +72,20 @@ TEST_F(frmAddTest, StaysOpenWhenTheZoneCannotBeMade) {
     });
     EXPECT_TRUE(system.exists(key("7")));
 }
+
+TEST_F(frmAddTest, TellsThatTheTemplateIsMissingAndMakesTheZoneAllTheSame) {
+    system.deleteTree(Template);
+    add([&](frmAdd& form) {
+        fill(form);
+        system.desktop.expectMessage(
+            "The browser has no settings for the level \"High\" on this computer. The new zone has no security "
+            "settings "
+            "of its own yet.",
+            ui::Answer::Ok);
+        form.cmdGeneral.click();
+    });
+    EXPECT_EQ(system.dword(key("7"), "Flags"), 3u);
+    for (const char* level : {"CurrentLevel", "RecommendedLevel", "MinLevel"})
+        EXPECT_EQ(system.dword(key("7"), level), 73728u) << level;
+    EXPECT_FALSE(system.exists(Template));
+}

@@ -65,15 +65,17 @@ TEST_F(ZoneKeys, ALevelIsCopiedFromItsTemplate) {
     }
 }
 
-TEST_F(ZoneKeys, WithoutATemplateNothingChangesAndWithAnEmptyOneTheDefaultsGoThere) {
+TEST_F(ZoneKeys, WithoutATemplateALevelIsNotSavedAndANewZoneIsCompleteAllTheSame) {
     system.setDword(Zones + "\\5", "CurrentLevel", 65536);
     SaveSecurityLevel(registry, "5", 0);
     system.makeKey(Templates + "\\High");
     SaveSecurityLevel(registry, "5", 0);
     EXPECT_EQ(number("5", "CurrentLevel"), 65536u);
     SetDefaults(registry, "5");
-    EXPECT_EQ(system.values(Zones + "\\5").size(), 1u);
-    EXPECT_EQ(system.dword(Templates + "\\High", "Flags"), 3u);
+    EXPECT_EQ(number("5", "CurrentLevel"), 73728u);
+    EXPECT_EQ(number("5", "Flags"), 3u);
+    EXPECT_EQ(system.values(Zones + "\\5").size(), 5u);
+    EXPECT_TRUE(system.values(Templates + "\\High").empty()) << "every zone that is set to High would get it";
 }
 
 }  // namespace

@@ -44,11 +44,10 @@ void SaveSecurityLevel(clsRegistry& registry, const std::string& zone, int level
 
 void SetDefaults(clsRegistry& registry, const std::string& zone) {
     procedure("frmAdd.SetDefaults", [&] {
-        const clsRegistry::FailureWatch watch(registry);
         copyTemplate(registry, Levels[High], zone, [] {});
-        // A template that could not be listed must not be taken for an empty one: what is written into it would reach
+        // Without a template the session still stands in the template's key, and what is written there would reach
         // every zone that is given its level.
-        if (watch.failed()) goToZone(registry, zone);
+        goToZone(registry, zone);
         registry.writeText("", {});
         for (const char* level : {value::CurrentLevel, value::RecommendedLevel, value::MinLevel})
             registry.writeNumber(level, Levels[High].number);

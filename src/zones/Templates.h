@@ -19,8 +19,8 @@ bool hasTemplate(clsRegistry& registry, int level);
 // one. Settings that the template lacks stay. Nothing changes when there is no such template.
 void SaveSecurityLevel(clsRegistry& registry, const std::string& zone, int level);
 
-// The starting configuration of a new zone: the settings of "High", all three levels High, flags 3, an empty default
-// value. Without a template the values other than settings go to the template's key instead.
+// The starting configuration of a new zone: the settings of "High", as far as there is a template for them, all three
+// levels High, flags 3, an empty default value.
 void SetDefaults(clsRegistry& registry, const std::string& zone);
 
 }  // namespace zones
