@@ -91,6 +91,15 @@ TEST_F(MainWindow, TellsOfTheSelectedZoneAlone) {
     EXPECT_EQ(window().lblFlags.caption(), "5");
 }
 
+TEST_F(MainWindow, HasRoomForTheLongestDescriptionThatTheBrowserReads) {
+    std::string description;
+    while (description.size() < 199) description += "letters ";
+    description.resize(199);
+    EXPECT_GE(window().lblZoneCaption.height(),
+              desktop.textSize(description, window().lblZoneCaption.width(), false).height);
+    EXPECT_TRUE(window().lblZoneName.oneLine()) << "ends in three dots when it is cut off";
+}
+
 TEST_F(MainWindow, EditsNoZoneThatAnotherProgramHasRenamedOrDeleted) {
     for (const bool gone : {false, true}) {
         addZone("5");

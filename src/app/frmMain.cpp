@@ -19,7 +19,8 @@ namespace {
 
 // Measures of the design.
 using namespace ui::layout;
-constexpr ui::Twips Width = 6900, Inner = Width - 2 * Margin, ButtonsTop = 3540;
+constexpr ui::Twips Width = 6900, Inner = Width - 2 * Margin, ButtonsTop = 3735;
+constexpr ui::Twips DescriptionHeight = 615;  // three lines: the longest that the browser reads
 constexpr ui::Twips FrameHeight = 1050, FrameAt = ButtonsTop + ButtonHeight + Margin;
 constexpr ui::Twips LogoHeight = 810, LogoAt = FrameAt + FrameHeight + frmMain::FrameToLogo;
 
@@ -37,7 +38,7 @@ frmMain::frmMain(forms::Context& context)
       //                                  description
       picZoneIcon(*this, "picZoneIcon", {Margin, 2580, 480, 480}),
       lblZoneName(*this, "lblZoneName", {720, 2550, Inner - 600, 225}, ""),
-      lblZoneCaption(*this, "lblZoneCaption", {720, 2790, Inner - 600, 420}, ""),
+      lblZoneCaption(*this, "lblZoneCaption", {720, 2790, Inner - 600, DescriptionHeight}, ""),
       // ---- [Edit Zone] [Add Zone] [Delete Zone]
       cmdZoneOption("cmdZoneOption"),
       // ---- At a glance:  flags     recommended
@@ -85,7 +86,7 @@ frmMain::frmMain(forms::Context& context)
                  {{3240, 660, 1830, 225}, "Current Level: "}};
     for (const auto& info : infos) zzzlblInfo.add(zzzfraInfo, info.at, info.caption);
 
-    lblZoneName.makeBold();
+    lblZoneName.makeBold().makeOneLine();
     picDummy.setVisible(false);
     picHolder.setVisible(false);
 
