@@ -24,12 +24,10 @@ FormPointer makeForm(forms::Context& program) {
 // Every form there is.
 const std::pair<const char*, std::function<FormPointer(forms::Context&)>> Forms[] = {
     {"frmMain", makeForm<frmMain>},
-    {"frmEdit",
-     [](forms::Context& program) {
-         return std::make_unique<frmEdit>(program, "2", "Trusted sites");
-     }},
+    {"frmEdit", [](forms::Context& program) { return std::make_unique<frmEdit>(program, "2", "Trusted sites"); }},
     {"frmAdd", makeForm<frmAdd>},
-    {"frmSecurity", [](forms::Context& program) { return std::make_unique<frmSecurity>(program, "2", "Trusted sites"); }},
+    {"frmSecurity",
+     [](forms::Context& program) { return std::make_unique<frmSecurity>(program, "2", "Trusted sites"); }},
     {"frmBackup", makeForm<frmBackup>},
     {"frmRestore", makeForm<frmRestore>},
     {"frmOESecurity", makeForm<frmOESecurity>},
@@ -47,6 +45,8 @@ const std::pair<const char*, std::function<FormPointer(forms::Context&)>> Forms[
 
 class EveryForm : public testing::TestWithParam<int> {
 protected:
+    void SetUp() override { system_.seedZones(); }
+
     // Runs `check` on the form as it is first seen, and on each page of its tab strip.
     template <class Check>
     void onEachPage(Check check) {
@@ -173,7 +173,6 @@ TEST_P(EveryForm, BindsEscapeAndEnterAndFitsOnASmallScreen) {
     const bool dialog = form_->kind() == ui::Form::Kind::Dialog;
     for (ui::Control* control : form_->controls())
         EXPECT_TRUE(!dialog || !dynamic_cast<ui::CommandButton*>(control) || form_->defaultButton());
-    system_.seedZones();
     form_->load();
     form_->pressEscape();
     EXPECT_EQ(form_->loaded(), !dialog);  // the main window is closed by its menu and its box

@@ -147,6 +147,7 @@ bool frmEdit::Save(const std::function<void()>& write) {
 }
 
 void frmEdit::TellUnreadable(const char* values) {
+    if (!forms::exists(context_, zone_)) return errors::tell(context_.platform, "This zone no longer exists.");
     errors::tell(context_.platform, std::string("The zone's ") + values + " could not be read, and cannot be saved.");
 }
 
@@ -161,7 +162,7 @@ void frmEdit::ReadGeneral() {
     const Found key = zones::goToZone(context_.registry, zone_);
     zones::ZoneTexts texts;
     if (key == Found::Present) texts = zones::readTexts(context_.registry);
-    const bool read = key != Found::Unreadable && texts.usable();
+    const bool read = key == Found::Present && texts.usable();
     if (key == Found::Present && texts.name.found != Found::Unreadable) ShowName(textOr(texts.name, MissingName));
     general.details.Show(texts);
 
@@ -206,7 +207,7 @@ void frmEdit::GetFlags() {
         const Found key = zones::goToZone(context_.registry, zone_);
         NumberReading stored;
         if (key == Found::Present) stored = zones::readFlags(context_.registry);
-        const bool read = key != Found::Unreadable && stored.usable();
+        const bool read = key == Found::Present && stored.usable();
         flags.show(!read ? 0 : stored.present() ? stored.number : zones::MissingFlags);
 
         for (int i = 0; i < flags.chkProperties.size(); ++i)
