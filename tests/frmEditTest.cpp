@@ -136,6 +136,14 @@ TEST_F(frmEditTest, WritesAnIconOnlyForAZoneThatHasNoneThatCanBeUsed) {
     }
 }
 
+TEST_F(frmEditTest, LeavesAnIconToOthersUntilTheUserChoosesOne) {
+    edit("2", [&](frmEdit& form) {
+        system.setText(key("2"), "Icon", "shell32.dll#18");
+        form.general.cmdGeneral(Apply).click();
+        EXPECT_EQ(saved("2", "Icon"), "shell32.dll#18");
+    });
+}
+
 TEST_F(frmEditTest, RefusesAnIconFileThatAReferenceCannotName) {
     edit("2", [&](frmEdit& form) {
         system.desktop.expectFile("C:\\my#icons\\x.dll");
