@@ -23,8 +23,8 @@ class System {
 public:
     virtual ~System() = default;
 
-    virtual std::string GetWindowsDirectoryA() = 0;  // "C:\\WINDOWS", no backslash behind
-    virtual std::string GetSystemDirectoryA() = 0;   // "C:\\WINDOWS\\SYSTEM", no backslash behind
+    virtual std::string GetWindowsDirectoryA() = 0;  // "C:\\WINDOWS", without a trailing backslash
+    virtual std::string GetSystemDirectoryA() = 0;   // "C:\\WINDOWS\\SYSTEM", the same
     virtual std::string programFolder() = 0;         // of the running program, a backslash only for a root
     virtual std::string programName() = 0;           // base name of the running program, without ".exe"
     virtual std::string ExpandEnvironmentStringsA(const std::string& text) = 0;

@@ -83,7 +83,7 @@ struct Registry::Handle {
 namespace {
 
 // Hands out a value's data as RegQueryValueExA and RegEnumValueA do: the size always, the bytes when they fit, and a
-// zero behind text that was stored without one when there is room for it.
+// zero after text that was stored without one when there is room for it.
 Result copyData(RegType storedType, const Bytes& stored, RegType& type, std::uint8_t* data, std::uint32_t& size) {
     const std::uint32_t room = size;
     type = storedType;

@@ -4,7 +4,7 @@
 #include "util/procedure.h"
 
 namespace {
-// Where the scan stands: at the start of an element, in an unquoted one, between quotes, behind a closing quote.
+// Where the scan stands: at the start of an element, in an unquoted one, between quotes, after a closing quote.
 enum class State { Start, Plain, Quoted, Closed };
 }  // namespace
 
@@ -57,8 +57,8 @@ void clsStrings::SplitQuoted(const std::string& delimiters) {
 std::string clsStrings::ElementAsString(std::int32_t index) const {
     if (index < 1 || index > count_) return {};
     const auto before = static_cast<std::size_t>(boundaries_[static_cast<std::size_t>(index - 1)]);
-    const auto behind = static_cast<std::size_t>(boundaries_[static_cast<std::size_t>(index)]);
-    return text_.substr(before, behind - before - 1);
+    const auto after = static_cast<std::size_t>(boundaries_[static_cast<std::size_t>(index)]);
+    return text_.substr(before, after - before - 1);
 }
 
 std::string clsStrings::Replace(const std::string& text, const std::string& find,
