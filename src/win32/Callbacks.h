@@ -13,13 +13,15 @@ namespace win32 {
 void park() noexcept;
 void rethrowParked();
 
-// Runs the body; when it throws, parks that.
+// Runs the body; when it throws, parks that and answers false.
 template <class Body>
-void shielded(Body&& body) noexcept {
+bool shielded(Body&& body) noexcept {
     try {
         body();
+        return true;
     } catch (...) {
         park();
+        return false;
     }
 }
 

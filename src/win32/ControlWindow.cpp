@@ -56,8 +56,8 @@ LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM w, L
     // A control without a frame has nothing to paint here, but the native procedure takes long to find that out.
     if (message == WM_NCPAINT && !self.framed()) return 0;
     // A peer that throws has handled the message as far as it can be: the native control must not handle it again.
-    std::optional<LRESULT> answer = 0;
-    shielded([&] { answer = self.message(message, w, l); });
+    std::optional<LRESULT> answer;
+    if (!shielded([&] { answer = self.message(message, w, l); })) return 0;
     if (answer) return *answer;
     const LRESULT result = self.native(message, w, l);
     if (message == WM_SETFOCUS && self.reporting()) shielded([&] { self.control_.gotFocus(); });

@@ -171,11 +171,12 @@ void FormPeer::setToolTip(HWND control, const std::string& text) {
 LRESULT CALLBACK FormPeer::hookProcedure(HWND window, UINT message, WPARAM w, LPARAM l) {
     FormPeer& self = *peerOf(window);
     const WNDPROC next = self.hookedProcedure_;  // read now: the hook may take itself away
-    std::optional<std::intptr_t> answer = 0;     // of a hook that throws
-    shielded([&] {
+    std::optional<std::intptr_t> answer;
+    const bool returned = shielded([&] {
         const UINT code = message == WM_NOTIFY ? reinterpret_cast<const NMHDR*>(l)->code : 0;
         answer = self.form_.hookAnswer({message, w, static_cast<std::uintptr_t>(l), static_cast<int>(code)});
     });
+    if (!returned) return 0;
     return answer ? *answer : CallWindowProcA(next, window, message, w, l);
 }
 
@@ -187,9 +188,10 @@ INT_PTR CALLBACK FormPeer::dialogProcedure(HWND window, UINT message, WPARAM w, 
     }
     FormPeer* self = peerOf(window);
     if (!self) return FALSE;
-    bool handled = true;  // also when a handler throws: closing, for one, would be tried a second time
-    shielded([&] { handled = self->handle(message, w, l); });
-    return handled;
+    // A message whose handler throws counts as handled: closing, for one, would be tried a second time.
+    bool handled = false;
+    const bool returned = shielded([&] { handled = self->handle(message, w, l); });
+    return handled || !returned;
 }
 
 bool FormPeer::handle(UINT message, WPARAM w, LPARAM l) {

@@ -148,6 +148,13 @@ TEST_F(DesktopTest, AMessageWhoseHandlerThrowsIsNotHandledTwice) {
     EXPECT_THROW(press(form.acts, VK_RETURN), std::runtime_error);
     EXPECT_EQ(reports, 0) << "by the native list, which would have had the key as well";
 
+    form.setHook([&](const ui::WindowMessage& message) -> std::optional<std::intptr_t> {
+        if (message.message == WM_CLOSE) fail();
+        return std::nullopt;
+    });
+    post(windowOf(form), WM_CLOSE);
+    EXPECT_THROW(desktop.doEvents(), std::runtime_error);
+    EXPECT_TRUE(form.loaded()) << "the form would have been closed";
     form.setHook({});
     form.onUnload = fail;
     post(windowOf(form), WM_CLOSE);
