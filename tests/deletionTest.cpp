@@ -40,7 +40,7 @@ TEST_F(Deletion, ZonesAboveADeletedOneMoveDownWithTheirTexts) {
         {{"0", "1", "2", "3", "4"}, "2", "0=Zone 0+ 1=Zone 1+ 2=Zone 3 3=Zone 4"},
         {{"0", "1", "2"}, "2", "0=Zone 0+ 1=Zone 1+"},
         {{"0", "1"}, "7", "0=Zone 0+ 1=Zone 1+"},
-        {{"0", "1", "2", "4"}, "1", "0=Zone 0+ 1=Zone 2 2= 4=Zone 4+"},
+        {{"0", "1", "2", "4"}, "1", "0=Zone 0+ 1=Zone 2 2=Zone 2+ 4=Zone 4+"},  // there is no zone to move to 2
     };
     for (const auto& c : cases) {
         makeZones(c.before);
@@ -70,7 +70,8 @@ TEST_F(Deletion, SitesOfAZoneAreFoundTwoLevelsDeepAndTheirKeysAreWhatGoes) {
     for (const auto& [below, name, zone] : numbers) system.setDword(Domains + "\\" + below, name, zone);
     system.setText(Domains + "\\example.com\\text", "http", "00000005 (0,000,000,005)");
     system.makeKey(Domains + "\\bare.net");
-    const auto find = [&](const char* zone) { return basMain::CheckForDomains(registry, zone); };
+    const zones::SiteMap map = zones::readSiteMap(registry);
+    const auto find = [&](const char* zone) { return basMain::CheckForDomains(map, zone); };
     const auto found = find("5");
     EXPECT_EQ(found.sites, (std::vector<std::string>{"ftp://......", "http://b .blank ", "http://www.example.com",
                                                      "https://www.example.com"}));
@@ -92,7 +93,7 @@ TEST_F(Deletion, ADomainThatCannotBeReadIsNotTakenForEmpty) {
         if (Simulation* simulation = system.simulation()) simulation->registry.deletesSubtrees = true;
         system.setDword(Domains + "\\example.com\\www", "http", 5);
         system.registry.watch.failOn(call, platform::AccessDenied);
-        registry.DeleteEmptyDomains();
+        registry.DeleteEmptyDomains(Domains);
         system.registry.watch.reset();
         EXPECT_TRUE(system.exists(Domains + "\\example.com\\www")) << call;
     }

@@ -161,38 +161,214 @@ TEST_F(MainWindow, ShowsTheProgramsOwnIconWhereAZoneHasNone) {
     }
 }
 
-TEST_F(MainWindow, DeletesAZoneAndItsSitesWhenToldTo) {
+// Deleting ------------------------------------------------------------------------------------------------------
+
+// Zones 5, 6 and 7, and a site map that puts something into each, of every kind that the browser reads.
+struct DeletingZones : MainWindow {
+    const std::string Map =
+        "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap";
+    const char* Question = "There are site in the zone: \"Zone 5\"\r\nWould you like to delete them also?";
+
+    void SetUp() override {
+        MainWindow::SetUp();
+        for (const char* key : {"5", "6", "7"}) addZone(key);
+    }
+    void fillMap() {
+        for (const auto& [key, name, zone] : std::initializer_list<std::tuple<const char*, const char*, std::uint32_t>>{
+                 {"Domains\\five.com\\www", "http", 5},
+                 {"Domains\\five.com\\mail", "*", 6},
+                 {"Domains\\other.com\\www", "http", 2},
+                 {"Domains\\other.com\\www", "https", 7},
+                 {"Domains\\other.com", "http", 6},
+                 {"Domains\\other.com", "ftp", 5},
+                 {"Domains\\nowhere.com\\www", "http", 8},  // no zone before, no zone after
+                 {"Ranges\\Range1", "*", 7},
+                 {"Ranges\\Range1", "ftp", 5},
+                 {"ProtocolDefaults", "http", 3},
+                 {"ProtocolDefaults", "gopher", 6}})
+            system.setDword(Map + "\\" + key, name, zone);
+        system.setText(Map + "\\Ranges\\Range1", ":Range", "10.0.0.*");
+    }
+    // "Domains\five.com\mail|*=6": what stands where, and for which zone.
+    std::string map() {
+        std::string text;
+        const std::function<void(const std::string&)> add = [&](const std::string& key) {
+            for (const std::string& name : system.values(Map + key))
+                if (const auto zone = system.dword(Map + key, name))
+                    text += key.substr(1) + "|" + name + "=" + std::to_string(*zone) + "\n";
+            for (const std::string& sub : system.keys(Map + key)) add(key + "\\" + sub);
+        };
+        add("");
+        return text;
+    }
+    // The zones beyond the browser's: "5=Zone 5 6=Zone 6".
+    std::string zonesNow() {
+        std::string text;
+        for (const std::string& key : system.keys(Zones))
+            if (key > "4")
+                text += (text.empty() ? "" : " ") + key + "=" + system.text(zoneKey(key), "DisplayName").value_or("");
+        return text;
+    }
+    void select(const std::string& name) {
+        for (int item = 1; item <= window().lvwZones.count(); ++item)
+            if (window().lvwZones.item(item).text == name) return window().lvwZones.click(item);
+        ADD_FAILURE() << name;
+    }
+    void press() { window().cmdZoneOption(2).click(); }
+    void expectRefusal(const std::string& name, const std::string& reason) {
+        desktop.expectMessage("The zone \"" + name + "\" cannot be deleted because " + reason, ui::Answer::Ok);
+    }
+};
+
+TEST_F(DeletingZones, TakesTheSitesOfTheZonesAboveAlong) {
+    const std::string moved =
+        "Domains\\nowhere.com\\www|http=8\n"
+        "Domains\\other.com|http=5\n"
+        "Domains\\other.com\\www|http=2\n"
+        "Domains\\other.com\\www|https=6\n"
+        "ProtocolDefaults|gopher=5\n"
+        "ProtocolDefaults|http=3\n"
+        "Ranges\\Range1|*=6\n";
     for (const bool sitesToo : {false, true}) {
-        SCOPED_TRACE(sitesToo);
-        system.deleteTree(Domains);
-        addZone("5");
-        addZone("6");
-        system.setDword(Domains + "\\example.com\\www", "http", 5);
-        system.setDword(Domains + "\\other.com\\www", "http", 2);
+        fillMap();
+        addZone("7");
         window().RebuildList();
         window().lvwZones.click(6);
-        desktop.expectMessage("There are site in the zone: \"Zone 5\"\r\nWould you like to delete them also?",
+        const std::string name = sitesToo ? "Zone 6" : "Zone 5";  // which has moved to 5
+        desktop.expectMessage("There are site in the zone: \"" + name + "\"\r\nWould you like to delete them also?",
                               sitesToo ? ui::Answer::Yes : ui::Answer::No);
-        window().cmdZoneOption(2).click();
-        EXPECT_EQ(window().lvwZones.item(6).text, "Zone 6");
-        EXPECT_EQ(system.keys(Domains), sitesToo ? Texts{"other.com"} : (Texts{"example.com", "other.com"}));
-        system.deleteTree(zoneKey("5"));
+        press();
+        std::string expected = "Domains\\five.com\\mail|*=5\n" + moved;
+        if (!sitesToo) {
+            expected.insert(expected.find("Domains\\nowhere"), "Domains\\five.com\\www|http=5\n");
+            expected.insert(expected.find("Domains\\other.com|http"), "Domains\\other.com|ftp=5\n");
+            expected += "Ranges\\Range1|ftp=5\n";
+        }
+        EXPECT_EQ(map(), expected);
+        EXPECT_EQ(zonesNow(), sitesToo ? "5=Zone 7 6=Zone 7" : "5=Zone 6 6=Zone 7");
     }
 }
 
-TEST_F(MainWindow, RefusesToDeleteAZoneWhosePlaceIsNotItsNumber) {
-    for (const std::string key : {"6", "abc", "005"}) {  // 6: as many as there are
+TEST_F(DeletingZones, AsksNothingWithoutSites) {
+    system.setDword(Map + "\\Domains\\example.com\\www", "http", 55);
+    system.setText(Map + "\\Domains\\example.com\\text", "http", "5");
+    system.set({Map + "\\Domains\\example.com\\short", "http", platform::RegDword, {5}});
+    select("Zone 5");
+    press();
+    EXPECT_EQ(zonesNow(), "5=Zone 6 6=Zone 7");
+}
+
+TEST_F(DeletingZones, RefusesUnlessTheNumbersAreConsecutive) {
+    for (const std::string key : {"9", "abc", "008"}) {
         addZone(key);
         window().RebuildList();
         const Texts all = names();
-        for (int i = 1; i <= 6 && window().lblZoneName.caption() != "Zone " + key; ++i) window().lvwZones.click(i);
-        desktop.expectMessage(
-            "The zone \"Zone " + key + "\" cannot be deleted: the zones are not numbered from 0 on without gaps.",
-            ui::Answer::Ok);
-        window().cmdZoneOption(2).click();
+        for (const std::string& name : {std::string("Zone 6"), "Zone " + key}) {
+            select(name);
+            expectRefusal(name, "the zones are not numbered consecutively from 0.");
+            press();
+        }
         EXPECT_EQ(names(), all);
         system.deleteTree(zoneKey(key));
     }
+    system.deleteTree(zoneKey("6"));
+    window().RebuildList();
+    select("Zone 5");
+    expectRefusal("Zone 5", "the zones are not numbered consecutively from 0.");
+    press();
+    EXPECT_EQ(zonesNow(), "5=Zone 5 7=Zone 7");
+}
+
+TEST_F(DeletingZones, NamesTheKeyThatCannotBeRead) {
+    fillMap();
+    const std::string before = map();
+    std::set<std::string> named;
+    for (int call = 1;; ++call) {
+        window().RebuildList();
+        select("Zone 5");
+        system.desktop.patient = true;
+        system.desktop.told.clear();
+        system.registry.watch.reset();
+        desktop.expectMessage(Question, ui::Answer::Ok);  // neither Yes nor No: it could not be asked
+        system.registry.watch.failOn(call, platform::AccessDenied);
+        press();
+        const bool failed = system.registry.watch.failed();
+        system.registry.watch.reset();
+        desktop.settle();
+        EXPECT_EQ(zonesNow(), "5=Zone 5 6=Zone 6 7=Zone 7") << call;
+        EXPECT_EQ(map(), before) << call;
+        if (!failed) break;
+        for (const std::string& message : desktop.told)
+            if (const auto at = message.find("the registry key \""); at != std::string::npos)
+                named.insert(message.substr(at + 18, message.rfind('"') - at - 18));
+    }
+    for (const std::string& key :
+         {Zones, zoneKey("5"), zoneKey("7"), Map + "\\Domains", Map + "\\Domains\\five.com",
+          Map + "\\Domains\\other.com\\www", Map + "\\Ranges\\Range1", Map + "\\ProtocolDefaults"})
+        EXPECT_TRUE(named.contains(key)) << key;
+}
+
+TEST_F(DeletingZones, DoesNotTakeAKeyForAnotherThatIsListedAlike) {
+    if (!system.simulation()) GTEST_SKIP() << "listing a key under another name takes the registry in memory";
+    simulated::Registry& registry = system.simulation()->registry;
+    addZone("8wide");
+    registry.listAs(zoneKey("8wide"), "6");
+    window().RebuildList();
+    select("Zone 6");
+    expectRefusal("Zone 6", "the registry lists two zones under the same name, \"6\".");
+    press();
+    system.deleteTree(zoneKey("6"));  // the other alone: a number that leads nowhere
+    window().RebuildList();
+    select("Zone 5");
+    expectRefusal("Zone 5", "the registry key \"" + zoneKey("6") + "\" cannot be read.");
+    press();
+    EXPECT_EQ(system.text(zoneKey("8wide"), "DisplayName"), "Zone 8wide");
+    EXPECT_EQ(names().size(), 7u) << "what cannot be entered is passed over";
+}
+
+// The zones that are listed are 5, 6 and 7; another program deletes 5 and renumbers.
+TEST_F(DeletingZones, DeletesNothingThatAnotherProgramHasPutInItsPlace) {
+    const auto renumber = [&] {
+        system.setText(zoneKey("5"), "DisplayName", "Zone 6");
+        system.setText(zoneKey("6"), "DisplayName", "Zone 7");
+        system.deleteTree(zoneKey("7"));
+    };
+    select("Zone 6");
+    renumber();
+    select("Zone 6");
+    desktop.expectMessage("Another program has changed this zone. Nothing was deleted.", ui::Answer::Ok);
+    press();
+    EXPECT_EQ(zonesNow(), "5=Zone 6 6=Zone 7");
+
+    const std::pair<std::function<void()>, std::string> meanwhile[] = {
+        {renumber, "Another program has changed this zone. Nothing was deleted."},
+        {[&] { system.deleteTree(zoneKey("5")); }, "This zone no longer exists. Nothing was deleted."},
+        {[&] { system.deleteTree(zoneKey("6")); },
+         "The zone \"Zone 5\" cannot be deleted because the zones are not numbered consecutively from 0."}};
+    for (const auto& [act, message] : meanwhile) {
+        for (const char* key : {"5", "6", "7"}) addZone(key);
+        fillMap();
+        window().RebuildList();
+        std::string zonesThen, mapThen;
+        select("Zone 5");
+        desktop.expectMessage(Question, ui::Answer::Yes, [&] {
+            act();
+            zonesThen = zonesNow();
+            mapThen = map();
+        });
+        desktop.expectMessage(message, ui::Answer::Ok);
+        press();
+        EXPECT_EQ(zonesNow(), zonesThen);
+        EXPECT_EQ(map(), mapThen);
+    }
+}
+
+TEST_F(DeletingZones, DeletesWhatWasAskedAboutWhenTheListIsReadAgainMeanwhile) {
+    fillMap();
+    select("Zone 5");
+    desktop.expectMessage(Question, ui::Answer::Yes, [&] { window().ReloadAsItIs(); });  // which selects zone 1
+    press();
+    EXPECT_EQ(zonesNow(), "5=Zone 6 6=Zone 7");
 }
 
 // Views ---------------------------------------------------------------------------------------------------------

@@ -1,19 +1,15 @@
 #include "app/frmMain.h"
 
-#include "editing/frmAdd.h"
-#include "editing/frmEdit.h"
 #include "errors/ErrorReporter.h"
-#include "errors/messages.h"
 #include "forms/EtchedLine.h"
 #include "forms/WindowProc.h"
-#include "forms/ZoneChange.h"
 #include "icons/ExtractIcon.h"
+#include "ui/Desktop.h"
 #include "ui/Layout.h"
 #include "util/Error.h"
 #include "util/application.h"
 #include "util/basSystem.h"
 #include "util/procedure.h"
-#include "zones/siteMap.h"
 
 namespace {
 
@@ -271,69 +267,7 @@ void frmMain::GetRecMinSettings(const zones::ZoneLevels& levels) {
     });
 }
 
-// Commands ------------------------------------------------------------------------------------------------------
-
-void frmMain::cmdZoneOption_Click(int index) {
-    procedure("frmMain.cmdZoneOption_Click", [&] {
-        if (index == 0) EditSelectedZone();
-        if (index == 1) AddZone();
-        if (index == 2) DeleteSelectedZone();
-    });
-}
-
-void frmMain::EditSelectedZone() {
-    if (lvwZones.selected() == 0 ||
-        !forms::stillShown(context_, selection_.zone, selectedName(), "The zones have been read again."))
-        return;
-    frmEdit dialog(context_, selection_.zone, selectedName());
-    dialog.showModal(this);
-}
-
-void frmMain::AddZone() {
-    frmAdd dialog(context_);
-    dialog.load();
-    dialog.details.DrawIcon(context_.registry.GetIconForOS());
-    dialog.showModal(this);
-}
-
-void frmMain::DeleteSelectedZone() {
-    clsRegistry& registry = context_.registry;
-    const std::string zone = selection_.zone;
-    zones::goToZones(registry);
-    const auto keys = registry.DirKey();
-    const auto number = zones::numberOf(zone);
-    if (!keys || !number || *number >= keys->size()) {
-        // Zones are taken by their place: another zone would be deleted in this one's stead.
-        errors::tell(context_.platform, "The zone \"" + lblZoneName.caption() +
-                                            "\" cannot be deleted: the zones are not numbered from 0 on without gaps.");
-        return;
-    }
-
-    const clsRegistry::FailureWatch watch(registry);
-    const basMain::ZoneSites sites = basMain::CheckForDomains(registry, zone);
-    if (watch.failed()) {
-        // The next zone comes to this one's number: sites that are overlooked would be in that zone.
-        errors::tell(context_.platform, "The registry could not be read. The zone is unchanged.");
-        return;
-    }
-    if (!sites.sites.empty()) {
-        const std::string question =
-            "There are site in the zone: \"" + lblZoneName.caption() + "\"\r\nWould you like to delete them also?";
-        const ui::Answer answer = errors::ask(context_.platform, question);
-        if (answer != ui::Answer::Yes && answer != ui::Answer::No) return;  // the system could not ask
-        if (answer == ui::Answer::Yes) {
-            for (const std::string& key : sites.keys) {
-                registry.goTo(zones::DomainsKey);
-                registry.DeleteKey(key);
-            }
-            basMain::DeleteEmptyDomains(registry);
-        }
-    }
-    registry.DeleteAndRename(zones::ZonesKey, zone);
-    if (watch.failed())
-        errors::tell(context_.platform, "The registry refused a change. Not everything has been deleted.");
-    RebuildList();
-}
+// Closing -------------------------------------------------------------------------------------------------------
 
 void frmMain::mnuFileExit_Click() {
     procedure("frmMain.mnuFileExit_Click", [&] { unload(); });

@@ -17,6 +17,7 @@
 #include "ui/Menu.h"
 #include "ui/Timer.h"
 #include "zones/ZoneRecord.h"
+#include "zones/deletion.h"
 #include "zones/zones.h"
 
 // The zone that was clicked last, and its icon.
@@ -88,6 +89,7 @@ private:
     void EditSelectedZone();
     void AddZone();
     void DeleteSelectedZone();
+    std::optional<zones::DeletionPlan> PlanDeletion(const std::string& zone, const std::string& name);
     void mnuFileBackup_Click();
     void mnuFileRestore_Click();
     void mnuFileExit_Click();

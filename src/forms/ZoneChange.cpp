@@ -43,7 +43,8 @@ bool stillShown(Context& context, const std::string& zone, const std::string& sh
     TextReading name{key, {}};
     if (key == Found::Present) name = context.registry.readText(zones::value::DisplayName);
     if (name.found == Found::Unreadable) {
-        errors::tell(context.platform, "This zone cannot be read. " + consequence);
+        errors::tell(context.platform, std::string("The registry key \"") + zones::ZonesKey + "\\" + zone +
+                                           "\" cannot be read. " + consequence);
         return false;
     }
     if (key == Found::Present && textOr(name, MissingName) == shownName) return true;

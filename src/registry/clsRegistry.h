@@ -10,6 +10,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <variant>
@@ -34,6 +35,7 @@ struct ListedValue {
     std::string text;
     ValueType type = ValueType::String;
     std::uint32_t number = 0;  // of a DWORD
+    bool plainNumber = false;  // a DWORD of four bytes: any other is none to the browser
 };
 
 // How a key or value was found: whoever would write over it must tell what is not there from what could not be read.
@@ -97,12 +99,21 @@ public:
     void MakeKey(const std::string& name);    // with the whole chain; the session stays where it is
     void DeleteKey(const std::string& name);  // one level
     bool IsWindowsNT();
+    // Deletes the keys "0", "1" and so on below `zonesPath`, as many as there are keys. Without any it fails and says
+    // so.
     void DeleteZone(const std::string& zonesPath);
-    void DeleteAndRename(const std::string& zonesPath, const std::string& zoneNumber);
+    // Deletes a zone and moves those above it down by one. With each that has been moved `moved` is called with its
+    // former number. What cannot be read, made or written ends it: the zones from there on stay where they are.
+    void DeleteAndRename(const std::string& zonesPath, const std::string& zoneNumber,
+                         const std::function<void(std::uint32_t from)>& moved = {});
+    // The icon reference of a zone for which no icon was chosen: an icon of the browser's control panel.
     std::string GetIconForOS();
+    static constexpr const char* FallbackIconFile = "Inetcpl.cpl";  // in the system folder
+    static constexpr const char* FallbackIconResource = "4487";
     void DeleteValue(const std::string& name);
     bool IsValidKey(platform::HKey root, const std::string& subKey);
-    void DeleteEmptyDomains();
+    // Deletes the keys below `domainsPath` that have no subkeys, whatever values they hold.
+    void DeleteEmptyDomains(const std::string& domainsPath);
     // Part 1: the hexadecimal form in a DWORD's text as DirValue gives it; part 2: the decimal form; else "".
     std::string ParseDWord(const std::string& text, int part);
 
@@ -136,6 +147,7 @@ private:
         platform::Bytes data;
     };
 
+    bool MoveDown(const std::string& zonesPath, std::uint32_t from);
     void CdExt(const std::string& path, platform::AccessMask access);
     Stored read(const std::string& name);
     static std::string strRoot(const std::string& path);  // of an absolute path

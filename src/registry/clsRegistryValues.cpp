@@ -173,7 +173,8 @@ std::optional<std::vector<ListedValue>> clsRegistry::DirValue() {
             const ValueType type = typeOf(stored);
             const std::span<const std::uint8_t> listed(data.data(), size);
             const std::uint32_t number = type == ValueType::Dword ? storedNumber(listed) : 0;
-            values.push_back({name.substr(0, length), listedText(type, listed), type, number});
+            const bool plain = type == ValueType::Dword && size == sizeof number;
+            values.push_back({name.substr(0, length), listedText(type, listed), type, number, plain});
         }
         if (values.empty()) return std::nullopt;
         return values;

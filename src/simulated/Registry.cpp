@@ -67,8 +67,10 @@ struct Registry::Key {
     std::weak_ptr<Key> parent;
     NamedList<Key> keys;
     NamedList<Value> values;
+    std::string listedAs;  // "": under its name
     bool deleted = false;
 
+    const std::string& listed() const { return listedAs.empty() ? name : listedAs; }
     void markDeleted() {
         deleted = true;
         for (const auto& key : keys.all()) key->markDeleted();
@@ -158,6 +160,15 @@ void Registry::setContents(const Contents& contents) {
         const auto value = std::make_shared<Value>();
         *value = {name.substr(path.size() + 1), static_cast<RegType>(data[0]), Bytes(data.begin() + 1, data.end())};
         key->values.add(value);
+    }
+}
+
+void Registry::listAs(const std::string& path, const std::string& listed) {
+    const std::size_t end = path.find('\\');
+    for (const auto& [handle, root] : roots_) {
+        std::shared_ptr<Key> key;
+        if (root->name == path.substr(0, end) && walk(handle, path.substr(end + 1), true, key) == Success)
+            key->listedAs = listed;
     }
 }
 
@@ -256,7 +267,7 @@ Result Registry::RegQueryInfoKeyA(HKey key, KeyInfo& info) {
     info = {};
     info.subKeys = static_cast<std::uint32_t>(found->keys.size());
     info.values = static_cast<std::uint32_t>(found->values.size());
-    for (const auto& sub : found->keys.all()) longest(info.longestSubKey, sub->name.size());
+    for (const auto& sub : found->keys.all()) longest(info.longestSubKey, sub->listed().size());
     for (const auto& value : found->values.all()) {
         longest(info.longestValueName, value->name.size());
         // NT keeps text in two bytes a character, and that is the size it tells.
@@ -269,7 +280,7 @@ Result Registry::RegEnumKeyExA(HKey key, std::uint32_t index, char* name, std::u
     std::shared_ptr<Key> found;
     if (const Result code = resolve(key, KeyEnumerateSubKeys, found); code != Success) return code;
     if (index >= found->keys.size()) return NoMoreItems;
-    return copyName(found->keys.at(index)->name, name, length);
+    return copyName(found->keys.at(index)->listed(), name, length);
 }
 
 Result Registry::RegEnumValueA(HKey key, std::uint32_t index, char* name, std::uint32_t& length, RegType& type,

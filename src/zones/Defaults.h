@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "registry/clsRegistry.h"
+
 namespace platform {
 struct Platform;
 }
@@ -39,7 +41,7 @@ struct Defaults {
 const Defaults& defaultsOf(std::string_view zone);
 
 // The icon of a zone for which none was chosen: an icon of the browser's control panel.
-inline constexpr const char* FallbackIconResource = "4487";
+inline constexpr const char* FallbackIconResource = clsRegistry::FallbackIconResource;
 std::string fallbackIconFile(platform::Platform& platform);  // full path
 
 }  // namespace zones

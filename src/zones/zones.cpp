@@ -40,7 +40,7 @@ const Defaults& defaultsOf(std::string_view zone) {
 }
 
 std::string fallbackIconFile(platform::Platform& platform) {
-    return basSystem::QualifyPath(basSystem::GetSystemDir(platform)) + "Inetcpl.cpl";
+    return basSystem::QualifyPath(basSystem::GetSystemDir(platform)) + clsRegistry::FallbackIconFile;
 }
 
 std::optional<std::uint32_t> numberOf(std::string_view zone) {

@@ -15,9 +15,14 @@ namespace zones {
 // The per-user zones: one subkey a zone, named by its number in decimal.
 inline constexpr const char* ZonesKey =
     "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\Zones";
-// The site map: domain keys with a DWORD zone number for each protocol, on the domain or a host part below it.
+// The site map, with a DWORD zone number for each protocol: on a domain or a host part below it, on a range of
+// addresses, and for all sites of a protocol that stand nowhere else.
 inline constexpr const char* DomainsKey =
     "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\Domains";
+inline constexpr const char* RangesKey =
+    "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\Ranges";
+inline constexpr const char* ProtocolDefaultsKey =
+    "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\ProtocolDefaults";
 
 // The values of a zone's key that mean something to the program; the others are its security settings.
 namespace value {

@@ -16,16 +16,16 @@ void ScriptedDesktop::settle() {
     expected_.clear();
 }
 
-void ScriptedDesktop::expectMessage(std::string text, ui::Answer answer) {
-    expected_.push_back({"message", {}, {}, std::move(text), answer, {}});
+void ScriptedDesktop::expectMessage(std::string text, ui::Answer answer, std::function<void()> meanwhile) {
+    expected_.push_back({"message", {}, {}, std::move(text), answer, {}, std::move(meanwhile)});
 }
 
 void ScriptedDesktop::expectFile(std::optional<std::string> path) {
-    expected_.push_back({"file", {}, {}, {}, ui::Answer::Ok, std::move(path)});
+    expected_.push_back({"file", {}, {}, {}, ui::Answer::Ok, std::move(path), {}});
 }
 
 void ScriptedDesktop::expectAnyForm(std::function<bool(const ui::Form&)> fits, std::function<void(ui::Form&)> script) {
-    expected_.push_back({"form", std::move(fits), std::move(script), {}, ui::Answer::Ok, {}});
+    expected_.push_back({"form", std::move(fits), std::move(script), {}, ui::Answer::Ok, {}, {}});
 }
 
 std::optional<ScriptedDesktop::Expectation> ScriptedDesktop::next(const std::string& what, const std::string& surprise,
@@ -47,6 +47,7 @@ ui::Answer ScriptedDesktop::messageBox(const std::string& text, const std::strin
     if (!expected) return style == ui::MessageStyle::ExclamationYesNo ? ui::Answer::No : ui::Answer::Ok;
     EXPECT_EQ(text, expected->text);
     EXPECT_EQ(title, "Tavimor");
+    if (expected->meanwhile) expected->meanwhile();
     return expected->answer;
 }
 

@@ -20,7 +20,8 @@ public:
     explicit ScriptedDesktop(ui::Desktop& inner) : inner_(inner) {}
     ~ScriptedDesktop() override;  // fails the test when something expected has not happened
 
-    void expectMessage(std::string text, ui::Answer answer);
+    // `meanwhile` runs while the message is open: another program's chance to interfere.
+    void expectMessage(std::string text, ui::Answer answer, std::function<void()> meanwhile = {});
     void expectFile(std::optional<std::string> path);  // nothing: the user gives up
     // The script uses the form and closes it. One that is left open is unloaded and fails the test.
     template <class F>
@@ -70,6 +71,7 @@ private:
         std::string text;
         ui::Answer answer = ui::Answer::Ok;
         std::optional<std::string> path;
+        std::function<void()> meanwhile;
     };
     void expectAnyForm(std::function<bool(const ui::Form&)> fits, std::function<void(ui::Form&)> script);
     // The next expectation when it is of the kind `what`; otherwise fails the test with `surprise`. A patient user's
