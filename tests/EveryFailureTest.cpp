@@ -41,6 +41,12 @@ std::vector<sample::Entry> machine(char zones) {
         if (!behind("\\Domains\\").empty() && entry.path.find("supplier") == std::string::npos) return true;
         return entry.name.size() == 4 && entry.name[0] == '1' && entry.name != "1001";
     });
+    const std::string map =
+        "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\";
+    if (zones > 5) {  // sites that move with the zone 6 when 5 goes
+        entries.push_back(sample::dword(map + "Domains\\moving.com\\www", "http", 6));
+        entries.push_back(sample::dword(map + "Ranges\\Range1", "*", 6));
+    }
     return entries;
 }
 
@@ -92,9 +98,10 @@ public:
         for (int i = 1; i <= window().lvwZones.count(); ++i)
             if (window().lvwZones.item(i).tag == zone) return window().lvwZones.click(i);
     }
-    // Opens the dialog of zone 1 at a page.
+    // Opens the dialog of zone 1 at a page. Failures begin before, so that what could not be read is applied, too.
     void edit(int page, const std::function<void(frmEdit&)>& script) {
         select("1");
+        begin();
         user().use<frmEdit>(
             [&](frmEdit& form) {
                 form.TabStrip1.choose(page);
@@ -130,7 +137,6 @@ std::function<void(World&)> saveGeneral(int button, const std::function<void(Wor
     return [=](World& world) {
         world.edit(1, [&](frmEdit& form) {
             change(world, form.general.details);
-            world.begin();
             form.general.cmdGeneral(button).click();
         });
     };
@@ -139,7 +145,6 @@ std::function<void(World&)> saveGeneral(int button, const std::function<void(Wor
 std::function<void(World&)> saveLevel(int index) {
     return [=](World& world) {
         world.edit(3, [&](frmEdit& form) {
-            world.begin();
             form.levels.cboSetting(index).choose(0);
             form.levels.cmdApply(index).click();
         });
@@ -149,7 +154,6 @@ std::function<void(World&)> saveLevel(int index) {
 std::function<void(World&)> saveFlag(int box) {
     return [=](World& world) {
         world.edit(2, [&](frmEdit& form) {
-            world.begin();
             form.flags.chkProperties(box).click();
             form.flags.cmdFlags(1).click();
         });
@@ -176,7 +180,6 @@ void editEveryPage(World& world) {
 
 void chooseIcon(World& world) {
     world.edit(1, [&](frmEdit& form) {
-        world.begin();
         world.user().expectFile(world.system.path("shell32.dll"));
         world.user().use<frmIconSelector>(
             [&](frmIconSelector& selector) {
@@ -247,12 +250,11 @@ const Action Actions[] = {
     {"recommended level", saveLevel(RecommendedLevel)},
     {"minimum level", saveLevel(MinimumLevel)},
     {"level template", saveLevel(CurrentLevel)},
-    {"open the settings", [](World& world) { world.begin(), openSettings(world, [](frmSecurity&) {}); }},
+    {"open the settings", [](World& world) { openSettings(world, [](frmSecurity&) {}); }},
     {"setting",
      [](World& world) {
          openSettings(world, [&](frmSecurity& form) {
-             world.begin();
-             form.TVMRTreeView1.click(4);
+             if (world.has(form.TVMRTreeView1.count() >= 4)) form.TVMRTreeView1.click(4);
          });
      }},
     {"add a zone", addZone},

@@ -213,7 +213,7 @@ TEST_F(clsRegistry_, ValuesAreStoredInTheirTypeAndOthersRefused) {
         {2, 4294967295.0, "", RegDword, {0xFF, 0xFF, 0xFF, 0xFF}},
         {0, Bytes{1}, Mismatch},
         {1, "1 A0"s, Mismatch},
-        {2, std::int32_t{3}, Mismatch},
+        {2, "3"s, Mismatch},
         {2, 4294967296.0, Mismatch},
         {2, -1.0, Mismatch},
         {2, 2.5, Mismatch},

@@ -8,8 +8,9 @@ namespace {
 
 using namespace zones;
 
-const std::string Zones = ZonesKey;
-const std::string Templates = TemplatesKey;
+const std::string Zones = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\Zones";
+const std::string Templates =
+    "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\TemplatePolicies";
 
 TEST(Zones, LevelsAreConvertedBetweenNameAndNumberExactly) {
     const struct {
@@ -45,9 +46,12 @@ protected:
 };
 
 TEST_F(ZoneKeys, ALevelIsCopiedFromItsTemplate) {
-    for (int level = 0; level < OfferedLevels; ++level) {
-        const std::string key = Templates + "\\" + Levels[static_cast<std::size_t>(level)].name, zone = Zones + "\\5";
-        const auto setting = static_cast<std::uint32_t>(level + 1);
+    const std::pair<const char*, std::uint32_t> levels[] = {
+        {"High", 73728}, {"Medium", 69632}, {"Medium-Low", 66816}, {"Low", 65536}};
+    std::uint32_t setting = 0;
+    for (const auto& [name, stored] : levels) {
+        const std::string key = Templates + "\\" + name, zone = Zones + "\\5";
+        const int level = static_cast<int>(setting++);
         system.setText(key, "DisplayName", "Template");
         system.setDword(key, "1A00", 0x80000000 + setting);
         system.setBinary(key, "1C00", {1, 2, 3, 4});
@@ -57,7 +61,7 @@ TEST_F(ZoneKeys, ALevelIsCopiedFromItsTemplate) {
 
         SaveSecurityLevel(registry, "5", level);
 
-        EXPECT_EQ(number("5", "CurrentLevel"), Levels[static_cast<std::size_t>(level)].number);
+        EXPECT_EQ(number("5", "CurrentLevel"), stored);
         EXPECT_EQ(number("5", "1A00"), 0x80000000 + setting);
         EXPECT_EQ(number("5", "templateindexes"), setting);
         EXPECT_EQ(system.text(zone, "DisplayName"), "Mine");
@@ -65,17 +69,74 @@ TEST_F(ZoneKeys, ALevelIsCopiedFromItsTemplate) {
     }
 }
 
-TEST_F(ZoneKeys, WithoutATemplateALevelIsNotSavedAndANewZoneIsCompleteAllTheSame) {
+TEST_F(ZoneKeys, WithoutATemplateNoLevelIsCopied) {
     system.setDword(Zones + "\\5", "CurrentLevel", 65536);
-    SaveSecurityLevel(registry, "5", 0);
-    system.makeKey(Templates + "\\High");
-    SaveSecurityLevel(registry, "5", 0);
-    EXPECT_EQ(number("5", "CurrentLevel"), 65536u);
-    SetDefaults(registry, "5");
-    EXPECT_EQ(number("5", "CurrentLevel"), 73728u);
-    EXPECT_EQ(number("5", "Flags"), 3u);
-    EXPECT_EQ(system.values(Zones + "\\5").size(), 5u);
-    EXPECT_TRUE(system.values(Templates + "\\High").empty()) << "every zone that is set to High would get it";
+    for (const bool empty : {false, true}) {
+        if (empty) system.makeKey(Templates + "\\High");
+        EXPECT_FALSE(hasTemplate(registry, 0));
+        SaveSecurityLevel(registry, "5", 0);
+        EXPECT_EQ(number("5", "CurrentLevel"), 65536u);
+        EXPECT_EQ(system.values(Zones + "\\5").size(), 1u);
+    }
+}
+
+TEST_F(ZoneKeys, MediumLowMayHaveTheShortNameOfRealMachines) {
+    system.setDword(Templates + "\\MedLow", "1200", 7);
+    SaveSecurityLevel(registry, "5", 2);
+    EXPECT_FALSE(system.exists(Zones + "\\5"));
+    system.makeKey(Zones + "\\5");
+    SaveSecurityLevel(registry, "5", 2);
+    EXPECT_EQ(number("5", "1200"), 7u);
+    EXPECT_EQ(number("5", "CurrentLevel"), 66816u);
+    system.setDword(Templates + "\\Medium-Low", "1200", 8);
+    SaveSecurityLevel(registry, "5", 2);
+    EXPECT_EQ(number("5", "1200"), 8u);
+    system.registry.watch.failOn("RegQueryInfoKeyA", 1, platform::OutOfMemory);
+    SaveSecurityLevel(registry, "5", 2);
+    EXPECT_EQ(number("5", "1200"), 8u) << "one that cannot be read is not missing";
+}
+
+TEST_F(ZoneKeys, ASettingThatIsNoPlainNumberIsLeftOutAndCounts) {
+    const std::string high = Templates + "\\High", zone = Zones + "\\5";
+    system.setDword(high, "1200", 3);
+    system.setDword(zone, "1400", 3);
+    for (const platform::Bytes& data : {platform::Bytes{}, {1}, {1, 0}, {1, 0, 0, 0, 0}}) {
+        system.set({high, "1400", platform::RegDword, data});
+        system.set({high, "1800", platform::RegDword, data});
+        const clsRegistry::FailureWatch watch(registry);
+        SaveSecurityLevel(registry, "5", 0);
+        EXPECT_TRUE(watch.failed());
+        EXPECT_EQ(number("5", "1200"), 3u);
+        EXPECT_EQ(number("5", "1400"), 3u) << "as it was";
+        EXPECT_FALSE(system.value(zone, "1800"));
+        EXPECT_EQ(number("5", "CurrentLevel"), 73728u);
+    }
+}
+
+TEST_F(ZoneKeys, ANewZoneIsSafeWhateverTheTemplateHolds) {
+    const std::string high = Templates + "\\High", zone = Zones + "\\5";
+    const std::function<void()> templates[] = {
+        [] {},
+        [&] { system.makeKey(high); },
+        [&] { system.setText(high, "DisplayName", "High"); },
+        [&] {
+            for (const char* name : {"Flags", "currentlevel", "MinLevel", "RecommendedLevel", "1200"})
+                system.setDword(high, name, 1);
+        },
+        [&] { system.registry.watch.failOn("RegQueryInfoKeyA", 1, platform::AccessDenied); },
+    };
+    for (const auto& fill : templates) {
+        system.deleteTree(Zones);
+        system.makeKey(zone);
+        fill();
+        const std::vector<std::string> before = system.values(high);
+        SetDefaults(registry, "5");
+        for (const char* level : {"CurrentLevel", "MinLevel", "RecommendedLevel"})
+            EXPECT_EQ(number("5", level), 73728u) << level;
+        EXPECT_EQ(number("5", "Flags"), 3u);
+        EXPECT_EQ(system.text(zone, ""), "");
+        EXPECT_EQ(system.values(high), before) << "a template is everybody's";
+    }
 }
 
 }  // namespace

@@ -92,9 +92,9 @@ frmMain::frmMain(forms::Context& context)
     mnuFileBackup.onClick = [this] { mnuFileBackup_Click(); };
     mnuFileRestore.onClick = [this] { mnuFileRestore_Click(); };
     mnuFileExit.onClick = [this] { mnuFileExit_Click(); };
-    mnuEditEdit.onClick = [this] { cmdZoneOption_Click(0); };
-    mnuEditAdd.onClick = [this] { cmdZoneOption_Click(1); };
-    mnuEditDelete.onClick = [this] { cmdZoneOption_Click(2); };
+    mnuEditEdit.onClick = [this] { mnuEditEdit_Click(); };
+    mnuEditAdd.onClick = [this] { mnuEditAdd_Click(); };
+    mnuEditDelete.onClick = [this] { mnuEditDelete_Click(); };
     mnuViewBasic.onClick = [this] { mnuViewBasic_Click(); };
     mnuViewAdv.onClick = [this] { mnuViewAdv_Click(); };
     mnuViewAdv.setEnabled(false);  // the designed state is the advanced view

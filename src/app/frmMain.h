@@ -31,8 +31,8 @@ public:
     explicit frmMain(forms::Context& context);
     ~frmMain() override;
 
-    // The layout rule of both views: where the logo stands below the frame, and a window high enough for the logo, its
-    // own height and about as much for caption and menu.
+    // In both views the logo comes last, so its position gives the height of the window: another logo's height and 20
+    // twips below it leave room for the caption and the menu.
     static constexpr ui::Twips FrameToLogo = 50;
     static constexpr ui::Twips heightFor(ui::Twips logoTop, ui::Twips logoHeight) {
         return 2 * logoHeight + logoTop + 20;
@@ -86,6 +86,9 @@ protected:
 private:
     void lvwZones_ItemClick(int item);
     void cmdZoneOption_Click(int index);
+    void mnuEditEdit_Click();
+    void mnuEditAdd_Click();
+    void mnuEditDelete_Click();
     void EditSelectedZone();
     void AddZone();
     void DeleteSelectedZone();

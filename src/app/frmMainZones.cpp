@@ -15,6 +15,18 @@ void frmMain::cmdZoneOption_Click(int index) {
     });
 }
 
+void frmMain::mnuEditEdit_Click() {
+    procedure("frmMain.mnuEditEdit_Click", [&] { cmdZoneOption_Click(0); });
+}
+
+void frmMain::mnuEditAdd_Click() {
+    procedure("frmMain.mnuEditAdd_Click", [&] { cmdZoneOption_Click(1); });
+}
+
+void frmMain::mnuEditDelete_Click() {
+    procedure("frmMain.mnuEditDelete_Click", [&] { cmdZoneOption_Click(2); });
+}
+
 void frmMain::EditSelectedZone() {
     if (lvwZones.selected() == 0 ||
         !forms::stillShown(context_, selection_.zone, selectedName(), "The zones have been read again."))

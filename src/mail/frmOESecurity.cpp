@@ -1,6 +1,7 @@
 #include "mail/frmOESecurity.h"
 
 #include "errors/messages.h"
+#include "forms/ZoneChange.h"
 #include "mail/identities.h"
 #include "ui/Layout.h"
 #include "util/procedure.h"
@@ -65,13 +66,13 @@ void frmOESecurity::lsvOEZones_ItemClick(int item) {
                                 "zone, and \"" +
                                     key + "\" is not a plain number.");
         clsRegistry& registry = context_.registry;
-        const clsRegistry::FailureWatch watch(registry);
-        mail::goToSettings(registry, IdentityPath);
-        registry.writeNumber(mail::SecurityZone, *zone);
-        registry.writeNumber(mail::SecurityZoneLocked, 1);
-        if (watch.failed())
-            errors::tell(context_.platform,
-                         "The registry refused a change. Outlook Express may still be in another zone.");
+        const auto write = [&] {
+            mail::goToSettings(registry, IdentityPath);
+            registry.writeNumber(mail::SecurityZone, *zone);
+            registry.writeNumber(mail::SecurityZoneLocked, 1);
+        };
+        forms::attempt(context_, write,
+                       [] { return "The registry refused a change. Outlook Express may still be in another zone."; });
         unload();
     });
 }

@@ -1,4 +1,5 @@
-// Buffers for registry calls that answer MoreData: what is asked for may have grown since its size was told.
+// Enlarges the buffer of a registry call that has answered MoreData. The size that the system told before may be too
+// small by now, because another program has written meanwhile.
 #pragma once
 
 #include <algorithm>
@@ -6,7 +7,7 @@
 
 #include "platform/Registry.h"
 
-// False when the buffer is larger than anything a sound registry holds: something else is wrong then.
+// False when the buffer is larger than anything a sound registry holds: then enlarging it more would never end.
 inline bool Grow(std::string& name) {
     if (name.size() > 0x20000) return false;
     name.resize(2 * name.size());

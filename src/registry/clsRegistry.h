@@ -13,6 +13,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <type_traits>
 #include <variant>
 #include <vector>
 
@@ -59,8 +60,9 @@ struct NumberReading {
     bool usable() const { return found == Found::Present || found == Found::Absent; }
 };
 
-// A value on its way into the registry. A DWORD must come as a double: an integer is a type mismatch.
-using Variant = std::variant<std::string, platform::Bytes, double, std::int32_t>;
+// A value on its way into the registry. A DWORD comes as a double; an integer does not compile.
+using Variant = std::variant<std::string, platform::Bytes, double>;
+static_assert(!std::is_constructible_v<Variant, int>);
 
 class clsRegistry {
 public:
@@ -117,9 +119,8 @@ public:
     // Part 1: the hexadecimal form in a DWORD's text as DirValue gives it; part 2: the decimal form; else "".
     std::string ParseDWord(const std::string& text, int part);
 
-    // Tells whether anything has failed since it was made: a value that could not be written, a key that could not be
-    // made, or listing, reading or deleting for another reason than that there is nothing of that name. The session
-    // drops all that in silence.
+    // The session drops the failures of registry functions in silence. This tells whether there has been one since it
+    // was made. That a key or value does not exist is none, except for a write.
     class FailureWatch {
     public:
         explicit FailureWatch(const clsRegistry& registry) : registry_(registry), before_(registry.failures_) {}
@@ -129,6 +130,9 @@ public:
         const clsRegistry& registry_;
         std::uint32_t before_;
     };
+
+    // Counts what a caller has found unusable as a failure of the session, for those who watch.
+    void NoteFailure() { ++failures_; }
 
     // Whether DirKey would list anything, without listing it.
     bool HasKeys();

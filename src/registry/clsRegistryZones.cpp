@@ -55,7 +55,7 @@ bool clsRegistry::MoveDown(const std::string& zonesPath, std::uint32_t from) {
     const Found found = goTo(zonesPath + "\\" + util::toDecimal(from));
     const auto values = DirValue();
     if (reading.failed() || found != Found::Present) {
-        ++failures_;
+        NoteFailure();
         return false;
     }
     goTo(zonesPath);

@@ -7,47 +7,58 @@
 namespace zones {
 namespace {
 
-// Under which name each level's copy runs, in the order of Levels.
+// The procedure name of each level's copy, in the order of Levels.
 constexpr std::array<const char*, OfferedLevels> SaveNames{"frmEdit.SaveSecHigh", "frmEdit.SaveSecMedium",
                                                            "frmEdit.SaveSecMedLow", "frmEdit.SaveSecLow"};
-constexpr int High = 0;
+constexpr int High = 0, MediumLow = 2;
 
-// Copies the template's settings into the zone and calls `behind` after each value. The session ends in the zone, or
-// in the template's key when that holds nothing.
-template <class Behind>
-void copyTemplate(clsRegistry& registry, const Level& level, const std::string& zone, Behind&& behind) {
-    registry.goTo(std::string(TemplatesKey) + "\\" + level.name);
-    const auto settings = registry.DirValue();
-    if (!settings) return;
+std::optional<std::vector<ListedValue>> valuesOf(clsRegistry& registry, const char* templateName) {
+    registry.goTo(std::string(TemplatesKey) + "\\" + templateName);
+    return registry.DirValue();
+}
+
+// Nothing when the template is missing, empty or cannot be read.
+std::optional<std::vector<ListedValue>> templateOf(clsRegistry& registry, int level) {
+    const clsRegistry::FailureWatch watch(registry);
+    auto values = valuesOf(registry, Levels.at(static_cast<std::size_t>(level)).name);
+    // Most versions of the browser call it so.
+    if (!values && !watch.failed() && level == MediumLow) values = valuesOf(registry, "MedLow");
+    return values;
+}
+
+// Writes the template's settings into the zone and calls `afterEach` after each of its values. The session ends in the
+// zone.
+template <class AfterEach>
+void copyTemplate(clsRegistry& registry, int level, const std::string& zone, AfterEach&& afterEach) {
+    const auto settings = templateOf(registry, level);
     goToZone(registry, zone);
+    if (!settings) return;
     for (const ListedValue& setting : *settings) {
-        if (setting.type == ValueType::Dword && setting.name != "TemplateIndex")
-            registry.writeNumber(setting.name, setting.number);
-        behind();
+        if (setting.type == ValueType::Dword && setting.name != "TemplateIndex") {
+            // 0 would allow what the setting is about, so it must not stand for a number that cannot be read.
+            setting.plainNumber ? registry.writeNumber(setting.name, setting.number) : registry.NoteFailure();
+        }
+        afterEach();
     }
 }
 
 }  // namespace
 
 bool hasTemplate(clsRegistry& registry, int level) {
-    registry.goTo(std::string(TemplatesKey) + "\\" + Levels.at(static_cast<std::size_t>(level)).name);
-    return registry.DirValue().has_value();
+    return templateOf(registry, level).has_value();
 }
 
 void SaveSecurityLevel(clsRegistry& registry, const std::string& zone, int level) {
     procedure(SaveNames.at(static_cast<std::size_t>(level)), [&] {
-        const Level& wanted = Levels[static_cast<std::size_t>(level)];
+        const std::uint32_t number = Levels[static_cast<std::size_t>(level)].number;
         // With each value, so that a copy that breaks off leaves the zone at the level whose settings it has in part.
-        copyTemplate(registry, wanted, zone, [&] { registry.writeNumber(value::CurrentLevel, wanted.number); });
+        copyTemplate(registry, level, zone, [&] { registry.writeNumber(value::CurrentLevel, number); });
     });
 }
 
 void SetDefaults(clsRegistry& registry, const std::string& zone) {
     procedure("frmAdd.SetDefaults", [&] {
-        copyTemplate(registry, Levels[High], zone, [] {});
-        // Without a template the session still stands in the template's key, and what is written there would reach
-        // every zone that is given its level.
-        goToZone(registry, zone);
+        copyTemplate(registry, High, zone, [] {});
         registry.writeText("", {});
         for (const char* level : {value::CurrentLevel, value::RecommendedLevel, value::MinLevel})
             registry.writeNumber(level, Levels[High].number);

@@ -1,4 +1,5 @@
-// Security levels: a zone takes one over from the browser's own template for it.
+// The browser's templates for security levels: each holds all settings of its level, and a zone is set to a level by
+// copying them.
 #pragma once
 
 #include <array>
@@ -8,19 +9,23 @@ class clsRegistry;
 
 namespace zones {
 
-// One subkey a level. Its DWORD values are the level's settings, but "TemplateIndex", which describes the template.
+// One subkey for each level, of the level's name; "Medium-Low" may be called "MedLow". Its DWORD values are the level's
+// settings, except "TemplateIndex", which describes the template itself.
 inline constexpr const char* TemplatesKey =
     "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\TemplatePolicies";
 
-// Whether the machine has settings for the level `level` (a place in Levels, 0 to 3).
+// Levels are given by their index in Levels, 0 to 3.
+
+// Whether the machine has a template for the level, with anything in it.
 bool hasTemplate(clsRegistry& registry, int level);
 
-// Gives the zone every setting of the level `level` (a place in Levels, 0 to 3) and records the level as its current
-// one. Settings that the template lacks stay. Nothing changes when there is no such template.
+// Copies the settings of a level into the zone and records the level as the current one. Settings of the zone that the
+// template lacks stay. Without a template nothing changes. A setting that is no plain number is left out and counts as
+// a failure.
 void SaveSecurityLevel(clsRegistry& registry, const std::string& zone, int level);
 
-// The starting configuration of a new zone: the settings of "High", as far as there is a template for them, all three
-// levels High, flags 3, an empty default value.
+// Gives a new zone the settings of "High", as far as there is a template, an empty default value, flags 3, and "High"
+// as all three levels.
 void SetDefaults(clsRegistry& registry, const std::string& zone);
 
 }  // namespace zones

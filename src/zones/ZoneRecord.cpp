@@ -1,5 +1,7 @@
 #include "zones/ZoneRecord.h"
 
+#include <algorithm>
+
 #include "zones/zones.h"
 
 namespace zones {
@@ -32,9 +34,11 @@ NumberReading readFlags(clsRegistry& registry) {
 std::string zoneAtPlace(clsRegistry& registry, const std::string& zone) {
     goToZones(registry);
     const auto keys = registry.DirKey();
-    const auto place = numberOf(zone);
-    if (!keys || !place || *place >= keys->size()) return {};
-    return (*keys)[*place];
+    const auto index = numberOf(zone);
+    if (!keys || !index || *index >= keys->size()) return {};
+    // A name that is listed twice leads to one of the two keys, and perhaps not to this one.
+    const std::string& key = (*keys)[*index];
+    return std::count(keys->begin(), keys->end(), key) == 1 ? key : std::string();
 }
 
 }  // namespace zones

@@ -18,7 +18,7 @@ struct ZoneLevels {
 };
 
 struct ZoneRecord {
-    std::string key;              // its name below ZonesKey; "" for a place where no zone stands
+    std::string key;              // its name below ZonesKey; "" for none
     Found found = Found::Absent;  // of the key; what could not be read for want of it is Absent, too
     ZoneTexts texts;
     ZoneLevels levels;
@@ -33,9 +33,10 @@ ZoneTexts readTexts(clsRegistry& registry);
 ZoneLevels readLevels(clsRegistry& registry);
 NumberReading readFlags(clsRegistry& registry);
 
-// The key name of the zone that stands at the place `zone` (its number, from 0) in the registry's list of zones; ""
-// when none does. With gaps in the numbers, or from ten zones on where the system lists "10" before "2", that is
-// another zone than the one of that name: levels and settings have always been read so. The session ends at the zones.
+// The key name of the zone at the index `zone` (its number, from 0) of the registry's list of zones; "" when there is
+// none, or its name is listed twice. With gaps in the numbers, or from ten zones on where the system lists "10" before
+// "2", that is not the zone of that name: levels and settings have always been read by index. The session ends at the
+// zones.
 std::string zoneAtPlace(clsRegistry& registry, const std::string& zone);
 
 }  // namespace zones

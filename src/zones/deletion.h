@@ -11,7 +11,7 @@ namespace zones {
 enum class Obstacle {
     None,
     Unreadable,      // a key that would have to move or whose entries would
-    NotConsecutive,  // the zones are not numbered 0, 1, 2 ...: deleting takes them by their place
+    NotConsecutive,  // the zones are not numbered 0, 1, 2 ...: deleting takes them by their numbers
     ListedTwice,     // two zones have names that the code page makes one: which of them would be deleted?
 };
 struct DeletionPlan {

@@ -56,7 +56,7 @@ inline constexpr int OfferedLevels = 4;
 
 // Level name to number and number to level name, as text; "" for anything else. Exact: "high" and "073728" are nothing.
 std::string GetSecurity(const std::string& level);
-// The place in Levels of a stored level number; nothing when it is none of the five.
+// The index in Levels of a stored level number; nothing when it is none of the five.
 std::optional<int> levelIndex(std::uint32_t number);
 
 // Zone flags (ZAFLAGS_ of urlmon.h), bit i at index i, with the caption of the check box that stands for it.
