@@ -33,13 +33,19 @@ void frmAdd::cmdGeneral_Click() {
         const auto zone = forms::numberOfNewZone(context_);
         if (!zone) return;
         const bool created = forms::change(context_, *zone, [&] { CreateZone(*zone); });
-        if (created && !zones::hasTemplate(context_.registry, 0))
+        if (created && TemplateMissing())
             errors::tell(context_.platform,
-                         "The browser has no settings for the level \"High\" on this computer. The "
-                         "new zone has no security settings of its own yet.");
+                         "The browser has no settings for the level \"High\" on this computer. The new zone has no "
+                         "security settings of its own yet.");
         context_.mainWindow->RebuildList();
         if (forms::exists(context_, *zone)) unload();
     });
+}
+
+bool frmAdd::TemplateMissing() {
+    constexpr int High = 0;
+    const clsRegistry::FailureWatch watch(context_.registry);
+    return !zones::hasTemplate(context_.registry, High) && !watch.failed();
 }
 
 void frmAdd::CreateZone(const std::string& zone) {

@@ -14,6 +14,7 @@ public:
 
 private:
     void cmdGeneral_Click();
+    bool TemplateMissing();
     void CreateZone(const std::string& zone);
 
     forms::Context& context_;
