@@ -82,6 +82,18 @@ TEST_F(ExtractIconTest, AReferenceIsCutWhereTheBrowserCutsIt) {
     }
 }
 
+TEST_F(ExtractIconTest, TheImageIsChosenForThePixelsThatTheScreenHas) {
+    addIcon("sizes.dll", std::uint16_t{1}, {16, 32, 48, 64}, 2);
+    addIcon("small.dll", std::uint16_t{1}, {16, 32}, 2);
+    writeFile("sizes.ico", icons::file(icons::usualImages(2)));
+    for (const auto& [dots, size] : {std::pair{96, 32}, {120, 48}, {144, 48}, {192, 64}}) {
+        system.desktop.dots = dots;
+        EXPECT_EQ(extract("sizes.dll#1"), picture(size, 2)) << dots;
+        EXPECT_EQ(extract("small.dll#1"), picture(32, 2)) << dots;
+    }
+    EXPECT_EQ(basMain::LoadPicture(system.platform(), system.path("sizes.ico"), 24), picture(48, 2));
+}
+
 TEST_F(ExtractIconTest, AFillOpensTheFileOfManyEqualIconsOnce) {
     basMain::IconCache cache(system.platform());
     system.modules.watch.reset();

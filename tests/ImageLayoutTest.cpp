@@ -53,6 +53,18 @@ TEST(ImageLayout, APngIsAnImageOnlyWhereTheSystemDrawsIt) {
     EXPECT_TRUE(layoutOf(icons::image(16, 4).bytes, false));
 }
 
+TEST(ImageLayout, ASmallImageIsEnlargedByAWholeFactorAndALargeOneShrunk) {
+    const struct {
+        int width, height, room, shownWidth, shownHeight;
+    } cases[] = {{32, 32, 32, 32, 32}, {16, 16, 32, 32, 32}, {24, 24, 32, 24, 24}, {24, 24, 64, 48, 48},
+                 {48, 48, 32, 32, 32}, {16, 8, 64, 64, 32},  {64, 16, 32, 32, 8},  {256, 1, 16, 16, 1}};
+    for (const auto& c : cases) {
+        const platform::ImageSize size = platform::sizeIn({c.width, c.height}, c.room);
+        EXPECT_EQ(size.width, c.shownWidth) << c.width << " in " << c.room;
+        EXPECT_EQ(size.height, c.shownHeight) << c.width << " in " << c.room;
+    }
+}
+
 // Two pixels wide, two high, the lower row first: transparent and opaque, then opaque and half seen.
 TEST(ImageLayout, AMissingMaskIsMadeFromThePixelsOwnTransparency) {
     icons::ByteWriter out;

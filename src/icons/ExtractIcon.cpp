@@ -3,6 +3,7 @@
 #include "icons/Bitmaps.h"
 #include "icons/ModuleFile.h"
 #include "icons/clsFileIcon.h"
+#include "ui/Desktop.h"
 #include "util/Error.h"
 #include "util/procedure.h"
 
@@ -10,11 +11,16 @@ namespace basMain {
 
 namespace {
 
+// Throws util::Error when none of its images can be drawn.
+ui::Picture pictureOf(const clsFileIcon& icon, platform::Platform& platform, int size) {
+    return icon.IconPicture(icon.ImageForWidth(platform.desktop.scaled(size)));
+}
+
 // Throws util::Error when there is no such icon or it cannot be drawn.
 ui::Picture iconAt(platform::Platform& platform, const icons::IconReference& reference, int size) {
     clsFileIcon icon(platform);
     icon.LoadIconFromEXE(reference.file, reference.identifier());
-    return icon.IconPicture(icon.ImageForWidth(size));
+    return pictureOf(icon, platform, size);
 }
 
 // The result of `load`, or an empty picture when that fails.
@@ -36,7 +42,7 @@ ui::Picture pictureFile(platform::Platform& platform, const std::string& path, i
     }
     clsFileIcon icon(platform);
     icon.LoadIcon(path);
-    return icon.IconPicture(icon.ImageForWidth(size));
+    return pictureOf(icon, platform, size);
 }
 
 }  // namespace
@@ -51,7 +57,7 @@ ui::Picture IconCache::iconOf(const icons::IconReference& reference, int size) {
     }
     clsFileIcon icon(platform_);
     icon.LoadIconFromEXE(*open_, reference.file, reference.identifier());
-    return icon.IconPicture(icon.ImageForWidth(size));
+    return pictureOf(icon, platform_, size);
 }
 
 const ui::Picture& IconCache::Icon(const icons::IconReference& reference, int size) {

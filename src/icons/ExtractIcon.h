@@ -15,6 +15,8 @@ class ModuleFile;
 
 namespace basMain {
 
+// Sizes are pixels of a screen with 96 to the inch: where there are more, the image is chosen for as many.
+
 // Draws the icon that `reference` names (file, `separator`, number or name) into `box`: the image of `size` pixels.
 // What cannot be drawn is no error: the box then shows the program's own icon.
 void ExtractIcon(platform::Platform& platform, const std::string& reference, const std::string& separator, int size,

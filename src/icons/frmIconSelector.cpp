@@ -8,6 +8,7 @@
 #include "icons/FileKind.h"
 #include "icons/cResources.h"
 #include "icons/clsFileIcon.h"
+#include "ui/Desktop.h"
 #include "ui/Layout.h"
 #include "ui/PendingEvents.h"
 #include "util/characters.h"
@@ -178,7 +179,7 @@ frmIconSelector::LoadedIcon frmIconSelector::LoadIcon(const icons::ModuleFile& m
     clsFileIcon icon(platform_);
     icon.LoadIconFromEXE(module, file_, name);
     const auto draw = [&](int width) {
-        picParent.setPicture(icon.IconPicture(icon.ImageForWidth(width)));
+        picParent.setPicture(icon.IconPicture(icon.ImageForWidth(platform_.desktop.scaled(width))));
         return picParent.picture();
     };
     return {icons::toText(icon.ResourceID()), draw(ilsIcons32.size()), draw(ilsIcons16.size())};

@@ -140,6 +140,12 @@ std::optional<ImageLayout> iconLayout(ByteSpan image, bool systemDrawsPng) {
     return layout->end <= image.size() ? layout : std::nullopt;
 }
 
+ImageSize sizeIn(const ImageLayout& layout, int room) {
+    const int longer = std::max(layout.width, layout.height);
+    if (longer > room) return {std::max(1, layout.width * room / longer), std::max(1, layout.height * room / longer)};
+    return {layout.width * (room / longer), layout.height * (room / longer)};
+}
+
 Bytes withMask(ByteSpan image, const ImageLayout& layout) {
     if (layout.png || layout.end > layout.mask) return Bytes(image.begin(), image.end());
     Bytes whole(image.data(), layout.mask);

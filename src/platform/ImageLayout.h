@@ -29,6 +29,13 @@ std::optional<ImageLayout> bitmapLayout(ByteSpan bitmap);
 // judged by its frame alone, and refused where the system does not draw any.
 std::optional<ImageLayout> iconLayout(ByteSpan image, bool systemDrawsPng);
 
+// How large an image is shown in a square of `room` pixels: as large as it, or, if it is smaller, enlarged by a whole
+// factor, so that no pixel of it is wider than another.
+struct ImageSize {
+    int width, height;
+};
+ImageSize sizeIn(const ImageLayout& layout, int room);
+
 // The image with a mask, made from the pixels' own transparency if it has none. Systems before Windows XP see only the
 // mask, and read on past the end of an image that lacks it. `layout` is what iconLayout says of it.
 Bytes withMask(ByteSpan image, const ImageLayout& layout);

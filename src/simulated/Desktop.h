@@ -7,6 +7,8 @@ namespace simulated {
 
 class Desktop : public ui::Desktop {
 public:
+    int dots = 96;  // to the inch
+
     ui::Answer messageBox(const std::string& text, const std::string& title, ui::MessageStyle style) override;
     std::optional<std::string> openFile(const ui::OpenFileRequest& request) override;
 
@@ -18,6 +20,7 @@ public:
     void doEvents() override {}
 
     // The frame of a plain Windows 98 window at 96 DPI.
+    int pixelsPerInch() const override { return dots; }
     ui::FrameSize frameSize(ui::Form::Kind kind, bool menu) override;
     // By the character widths of the program's font, MS Sans Serif 8 point at 96 DPI.
     ui::Size textSize(const std::string& text, ui::Twips wrap, bool bold) override;

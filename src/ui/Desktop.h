@@ -49,6 +49,9 @@ public:
     // Handles the pending events: input, painting, timers.
     virtual void doEvents() = 0;
 
+    virtual int pixelsPerInch() const = 0;
+    // A length that is given in pixels of a screen with 96 to the inch.
+    int scaled(int pixelsAt96) const { return (pixelsAt96 * pixelsPerInch() + 48) / 96; }
     virtual FrameSize frameSize(Form::Kind kind, bool menu) = 0;
     // The space a text takes in the program's font, wrapped at `wrap` twips unless that is 0. An "&" is a letter like
     // any other.

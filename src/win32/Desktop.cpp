@@ -207,6 +207,10 @@ std::optional<std::string> Desktop::openFile(const ui::OpenFileRequest& request)
 
 // Measures --------------------------------------------------------------------------------------------------------
 
+int Desktop::pixelsPerInch() const {
+    return screen_->pixelsPerInch();
+}
+
 ui::FrameSize Desktop::frameSize(ui::Form::Kind kind, bool menu) {
     const SIZE frame = windowAround({0, 0}, kind, menu);
     return {screen_->twips(frame.cx), screen_->twips(frame.cy)};

@@ -31,6 +31,7 @@ public:
     void run() override;
     void doEvents() override;
 
+    int pixelsPerInch() const override;
     ui::FrameSize frameSize(ui::Form::Kind kind, bool menu) override;
     ui::Size textSize(const std::string& text, ui::Twips wrap, bool bold) override;
 

@@ -30,25 +30,45 @@ struct Canvas {
     MemoryContext context;
 };
 
+// The mask of a whole place in an image list: nothing of it is seen, or all.
+Bitmap makeMask(int size, bool isSeen) {
+    const platform::Bytes bits(static_cast<std::size_t>(size) * ((size + 15) / 16 * 2), isSeen ? 0 : 0xFF);
+    return Bitmap(CreateBitmap(size, size, 1, 1, bits.data()));
+}
+
 void addBlank(HIMAGELIST images, int size) {
     const Canvas colours(size);
     {
         const Selected selected(colours.context.get(), colours.bitmap.get());
         PatBlt(colours.context.get(), 0, 0, size, size, BLACKNESS);
     }
-    const std::basic_string<std::uint8_t> transparent(static_cast<std::size_t>(size) * ((size + 15) / 16 * 2), 0xFF);
-    const Bitmap mask(CreateBitmap(size, size, 1, 1, transparent.data()));
-    ImageList_Add(images, colours.bitmap.get(), mask.get());
+    ImageList_Add(images, colours.bitmap.get(), makeMask(size, false).get());
 }
 
 // From the icon's own bitmaps where it has both: the library would make a second icon of it first.
-bool addIcon(HIMAGELIST images, HICON icon) {
+bool addWhole(HIMAGELIST images, HICON icon) {
     ICONINFO parts = {};
     if (GetIconInfo(icon, &parts)) {
         const Bitmap colours(parts.hbmColor), mask(parts.hbmMask);
         if (colours && ImageList_Add(images, colours.get(), mask.get()) >= 0) return true;
     }
     return ImageList_ReplaceIcon(images, -1, icon) >= 0;
+}
+
+// In the middle of its place, with nothing around it.
+bool addCentred(HIMAGELIST images, int size, const SizedIcon& icon) {
+    const int left = (size - icon.size.cx) / 2, top = (size - icon.size.cy) / 2;
+    const Canvas colours(size);
+    const Bitmap mask = makeMask(size, false);
+    {
+        const Selected drawing(colours.context.get(), colours.bitmap.get());
+        PatBlt(colours.context.get(), 0, 0, size, size, BLACKNESS);
+        DrawIconEx(colours.context.get(), left, top, icon.icon.get(), icon.size.cx, icon.size.cy, 0, nullptr, DI_IMAGE);
+        const MemoryContext context(CreateCompatibleDC(nullptr));
+        const Selected masking(context.get(), mask.get());
+        DrawIconEx(context.get(), left, top, icon.icon.get(), icon.size.cx, icon.size.cy, 0, nullptr, DI_MASK);
+    }
+    return ImageList_Add(images, colours.bitmap.get(), mask.get()) >= 0;
 }
 
 }  // namespace
@@ -64,6 +84,14 @@ Icon makeIcon(platform::ByteSpan image, int width, int height) {
 
 Icon makeIcon(const ui::Picture& picture, int width, int height) {
     return picture.kind() == IconKind ? makeIcon(picture.image(), width, height) : Icon();
+}
+
+SizedIcon makeIcon(const ui::Picture& picture, int room) {
+    const auto layout =
+        picture.kind() == IconKind ? platform::iconLayout(picture.image(), systemDrawsPng()) : std::nullopt;
+    if (!layout) return {};
+    const platform::ImageSize size = platform::sizeIn(*layout, room);
+    return {makeIcon(picture.image(), size.width, size.height), {size.width, size.height}};
 }
 
 SIZE bitmapSize(const ui::Picture& picture) {
@@ -83,15 +111,16 @@ void drawBitmap(HDC context, const RECT& target, const ui::Picture& picture) {
 }
 
 void PictureDrawing::draw(HDC context, const RECT& place, const ui::Picture& picture, const Screen& screen) {
-    constexpr int IconSize = 32;  // pixels on every screen
+    constexpr int IconSize = 32;  // pixels at 96 to the inch
     if (of_.identity() != picture.identity()) {
-        icon_ = makeIcon(picture, IconSize, IconSize);
+        icon_ = makeIcon(picture, screen.scaled(IconSize));
         of_ = picture;
     }
-    if (icon_) {
-        const LONG left = place.left + std::max(0L, (place.right - place.left - IconSize) / 2);
-        const LONG top = place.top + std::max(0L, (place.bottom - place.top - IconSize) / 2);
-        DrawIconEx(context, left, top, icon_.get(), IconSize, IconSize, 0, nullptr, DI_NORMAL);
+    if (icon_.icon) {
+        const SIZE size = icon_.size;
+        const LONG left = place.left + std::max(0L, (place.right - place.left - size.cx) / 2);
+        const LONG top = place.top + std::max(0L, (place.bottom - place.top - size.cy) / 2);
+        DrawIconEx(context, left, top, icon_.icon.get(), size.cx, size.cy, 0, nullptr, DI_NORMAL);
     } else if (const SIZE size = bitmapSize(picture); size.cx) {
         const RECT area = {place.left, place.top, place.left + screen.scaled(size.cx),
                            place.top + screen.scaled(size.cy)};
@@ -105,15 +134,16 @@ Images makeImages(int size) {
 }
 
 void addPicture(HIMAGELIST images, int size, const ui::Picture& picture) {
-    if (const Icon icon = makeIcon(picture, size, size)) {
-        if (addIcon(images, icon.get())) return;
+    if (const SizedIcon icon = makeIcon(picture, size); icon.icon) {
+        const bool fills = icon.size.cx == size && icon.size.cy == size;
+        if (fills ? addWhole(images, icon.icon.get()) : addCentred(images, size, icon)) return;
     } else if (bitmapSize(picture).cx) {
         const Canvas canvas(size);
         {
             const Selected selected(canvas.context.get(), canvas.bitmap.get());
             drawBitmap(canvas.context.get(), {0, 0, size, size}, picture);
         }
-        if (ImageList_Add(images, canvas.bitmap.get(), nullptr) >= 0) return;
+        if (ImageList_Add(images, canvas.bitmap.get(), makeMask(size, true).get()) >= 0) return;
     }
     addBlank(images, size);
 }
@@ -129,7 +159,7 @@ void addOptionButton(HIMAGELIST images, int size, int diameter, bool selected) {
         DrawFrameControl(canvas.context.get(), &button, DFC_BUTTON,
                          DFCS_BUTTONRADIO | (selected ? static_cast<UINT>(DFCS_CHECKED) : 0));
     }
-    ImageList_Add(images, canvas.bitmap.get(), nullptr);
+    ImageList_Add(images, canvas.bitmap.get(), makeMask(size, true).get());
 }
 
 }  // namespace win32

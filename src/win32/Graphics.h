@@ -12,12 +12,19 @@ Icon makeIcon(platform::ByteSpan image, int width, int height);
 // None when the picture is no icon, or damaged.
 Icon makeIcon(const ui::Picture& picture, int width, int height);
 
+// The same in a square of `room` pixels: as large as it, or enlarged by a whole factor.
+struct SizedIcon {
+    Icon icon;
+    SIZE size = {0, 0};
+};
+SizedIcon makeIcon(const ui::Picture& picture, int room);
+
 // Width and height of a bitmap picture, { 0, 0 } when it is no bitmap or damaged.
 SIZE bitmapSize(const ui::Picture& picture);
 // Stretches a bitmap picture over the rectangle; what is damaged draws nothing.
 void drawBitmap(HDC context, const RECT& target, const ui::Picture& picture);
 
-// Draws a picture at its place: an icon in the middle and not stretched, a bitmap from the upper left corner on and as
+// Draws a picture at its place: an icon in the middle, a bitmap from the upper left corner on and as
 // large as the screen's resolution makes it.
 class PictureDrawing {
 public:
@@ -25,7 +32,7 @@ public:
 
 private:
     // The icon made last, and its picture: most pictures are drawn many times, and some never.
-    Icon icon_;
+    SizedIcon icon_;
     ui::Picture of_;
 };
 

@@ -8,14 +8,15 @@
 
 namespace win32 {
 
-ImageListPeer::ImageListPeer(ui::ImageList& list) : list_(list), images_(makeImages(list.size())) {}
+ImageListPeer::ImageListPeer(ui::ImageList& list, const Screen& screen)
+    : list_(list), size_(screen.scaled(list.size())), images_(makeImages(size_)) {}
 
 HIMAGELIST ImageListPeer::imagesOf(const ui::ImageList* list) {
     return list && list->attached() ? list->peerAs<ImageListPeer>()->images_.get() : nullptr;
 }
 
 void ImageListPeer::applyAdded() {
-    addPicture(images_.get(), list_.size(), list_.picture(list_.count()));
+    addPicture(images_.get(), size_, list_.picture(list_.count()));
     updateUsers();
 }
 
@@ -38,7 +39,7 @@ void ImageListPeer::updateUsers() {
 }
 
 std::unique_ptr<ui::Peer> PeerFactory::make(ui::ImageList& list) {
-    return std::make_unique<ImageListPeer>(list);
+    return std::make_unique<ImageListPeer>(list, screen_);
 }
 
 }  // namespace win32

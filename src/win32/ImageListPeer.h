@@ -2,13 +2,13 @@
 #pragma once
 
 #include "ui/ImageList.h"
-#include "win32/Handles.h"
+#include "win32/Screen.h"
 
 namespace win32 {
 
 class ImageListPeer : public ui::ImageList::Peer {
 public:
-    explicit ImageListPeer(ui::ImageList& list);
+    ImageListPeer(ui::ImageList& list, const Screen& screen);
     // The native image list of a component; null for none, and before it has one.
     static HIMAGELIST imagesOf(const ui::ImageList* list);
 
@@ -19,6 +19,7 @@ private:
     void updateUsers();
 
     ui::ImageList& list_;
+    int size_;  // pixels
     Images images_;
 };
 

@@ -21,8 +21,8 @@ Font makeFont(int pixelsPerInch, int weight) {
 
 }  // namespace
 
-Screen::Screen()
-    : pixelsPerInch_(GetDeviceCaps(ScreenContext(), LOGPIXELSX)),
+Screen::Screen(int pixelsPerInch)
+    : pixelsPerInch_(pixelsPerInch),
       font_(makeFont(pixelsPerInch_, FW_NORMAL)),
       bold_(makeFont(pixelsPerInch_, FW_BOLD)) {}
 

@@ -8,7 +8,8 @@ namespace win32 {
 
 class Screen {
 public:
-    Screen();
+    Screen() : Screen(GetDeviceCaps(ScreenContext(), LOGPIXELSX)) {}
+    explicit Screen(int pixelsPerInch);
 
     int pixelsPerInch() const { return pixelsPerInch_; }
     int pixels(ui::Twips length) const { return ui::toPixels(length, pixelsPerInch_); }

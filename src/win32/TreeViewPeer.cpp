@@ -25,7 +25,7 @@ public:
     void applyImages() override {
         const ui::ImageList* pictures = control_.images();
         const int diameter = screen().scaled(OptionDiameter);
-        const int size = std::max(diameter, pictures ? pictures->size() : DefaultSize);
+        const int size = std::max(diameter, screen().scaled(pictures ? pictures->size() : DefaultSize));
         Images images = makeImages(size);
         addPicture(images.get(), size, {});
         addOptionButton(images.get(), size, diameter, false);

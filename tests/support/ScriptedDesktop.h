@@ -18,6 +18,7 @@
 class ScriptedDesktop : public ui::Desktop {
 public:
     explicit ScriptedDesktop(ui::Desktop& inner) : inner_(inner) {}
+    int dots = 0;                 // to the inch; 0: as the screen has them
     ~ScriptedDesktop() override;  // fails the test when something expected has not happened
 
     // `meanwhile` runs while the message is open: another program's chance to interfere.
@@ -58,6 +59,7 @@ public:
     void closed(ui::Form& form) override { inner_.closed(form); }
     void run() override { inner_.run(); }
     void doEvents() override;
+    int pixelsPerInch() const override { return dots ? dots : inner_.pixelsPerInch(); }
     ui::FrameSize frameSize(ui::Form::Kind kind, bool menu) override { return inner_.frameSize(kind, menu); }
     ui::Size textSize(const std::string& text, ui::Twips wrap, bool bold) override {
         return inner_.textSize(text, wrap, bold);

@@ -1,0 +1,139 @@
+// What comes out where an icon is drawn, pixel by pixel.
+#include "EveryControl.h"
+#include "support/IconBytes.h"
+#include "win32/Graphics.h"
+
+namespace {
+
+constexpr COLORREF White = RGB(255, 255, 255), Red = RGB(255, 0, 0), Blue = RGB(0, 0, 255);
+
+// A square icon whose left half is red and whose right half is blue; its lower half is not seen.
+ui::Picture halves(int size) {
+    icons::ByteWriter out;
+    const auto side = static_cast<std::uint32_t>(size);
+    out.u32(40).u32(side).u32(2 * side).u16(1).u16(24).fill(24);
+    for (int row = size; row-- > 0;) {
+        for (int x = 0; x < size; ++x) {
+            const bool seen = row < size / 2, left = x < size / 2;
+            out.u8(seen && !left ? 255 : 0).u8(0).u8(seen && left ? 255 : 0);
+        }
+        out.alignTo(4);
+    }
+    const std::size_t maskRow = (side + 31) / 32 * 4;
+    out.fill(maskRow * (side / 2), 0xFF).fill(maskRow * (side - side / 2), 0);
+    return {ui::Picture::Kind::Icon, {out.bytes().data(), out.size()}, size, size};
+}
+
+// White paper to draw on.
+class Paper {
+public:
+    Paper()
+        : context_(CreateCompatibleDC(nullptr)),
+          bitmap_(make(context_.get())),
+          selected_(context_.get(), bitmap_.get()) {
+        PatBlt(context_.get(), 0, 0, Side, Side, WHITENESS);
+    }
+    static constexpr int Side = 400;
+    HDC context() const { return context_.get(); }
+    COLORREF at(int x, int y) const { return GetPixel(context_.get(), x, y); }
+
+private:
+    static HBITMAP make(HDC context) {
+        BITMAPINFO info = {};
+        info.bmiHeader = {sizeof info.bmiHeader, Side, Side, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+        void* bits = nullptr;
+        return CreateDIBSection(context, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+    }
+    win32::MemoryContext context_;
+    win32::Bitmap bitmap_;
+    win32::Selected selected_;
+};
+
+// The icon takes `size` pixels from (left, top) on, and around it everything is white.
+void expectHalves(const Paper& paper, int left, int top, int size) {
+    const int half = size / 2, last = size - 1;
+    const std::tuple<int, int, COLORREF> pixels[] = {
+        {0, 0, Red},
+        {half - 1, half - 1, Red},
+        {half, 0, Blue},
+        {last, half - 1, Blue},
+        {half - 1, half, White},
+        {last, half, White},
+        {0, last, White},
+        {-1, 0, White},
+        {size, 0, White},
+        {0, -1, White},
+        {half - 1, size, White},
+    };
+    for (const auto& [x, y, colour] : pixels)
+        if (left + x >= 0 && top + y >= 0) {
+            EXPECT_EQ(paper.at(left + x, top + y), colour) << x << ", " << y;
+        }
+}
+
+struct Shown {
+    int dots, image, room, size;
+};
+constexpr Shown Cases[] = {
+    {96, 32, 32, 32},  {96, 16, 32, 32},  {96, 24, 32, 24},  {96, 64, 32, 32},  {192, 64, 64, 64},
+    {192, 32, 64, 64}, {192, 16, 64, 64}, {192, 24, 64, 48}, {192, 48, 64, 48},
+};
+
+TEST(IconPixels, ABoxIsFilledAtEveryResolution) {
+    for (const auto& [dots, image, room, size] : Cases) {
+        SCOPED_TRACE(std::to_string(image) + " at " + std::to_string(dots));
+        const Paper paper;
+        win32::PictureDrawing drawing;
+        const int edge = (room - size) / 2;
+        drawing.draw(paper.context(), {10, 20, 10 + room, 20 + room}, halves(image), win32::Screen(dots));
+        expectHalves(paper, 10 + edge, 20 + edge, size);
+    }
+}
+
+TEST(IconPixels, APlaceInAListIsFilledAtEveryResolution) {
+    for (const auto& [dots, image, room, size] : Cases) {
+        SCOPED_TRACE(std::to_string(image) + " at " + std::to_string(dots));
+        const Paper paper;
+        const win32::Images images = win32::makeImages(room);
+        win32::addPicture(images.get(), room, {});
+        win32::addPicture(images.get(), room, halves(image));
+        win32::addPicture(images.get(), room, plainBitmap());
+        const int edge = (room - size) / 2;
+        for (int number = 0; number < 3; ++number)
+            ImageList_Draw(images.get(), number, paper.context(), 10 + 100 * number, 20, ILD_TRANSPARENT);
+        EXPECT_EQ(paper.at(10 + room / 2, 20 + room / 2), White) << "no picture";
+        expectHalves(paper, 110 + edge, 20 + edge, size);
+        EXPECT_EQ(paper.at(210, 20), RGB(0x80, 0x80, 0x80)) << "a bitmap";
+    }
+}
+
+using IconPixelsInWindow = WindowsTest;
+
+TEST_F(IconPixelsInWindow, AListShowsTheIconOverItsText) {
+    EveryControl form(desktop);
+    form.icons.add(halves(32));
+    form.shows.add({"three", 2, {}, {}});
+    form.show();
+    RECT icon = {LVIR_ICON, 0, 0, 0};
+    ask(form.shows, LVM_GETITEMRECT, 3, reinterpret_cast<LPARAM>(&icon));
+    const Paper paper;
+    ask(form.shows, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(paper.context()), PRF_CLIENT | PRF_ERASEBKGND);
+    int red = 0, blue = 0;
+    RECT found = {Paper::Side, Paper::Side, 0, 0};
+    for (LONG y = 0; y < Paper::Side; ++y)
+        for (LONG x = 0; x < Paper::Side; ++x) {
+            const COLORREF colour = paper.at(x, y);
+            red += colour == Red;
+            blue += colour == Blue;
+            if (colour != Red && colour != Blue) continue;
+            found = {std::min(found.left, x), std::min(found.top, y), std::max(found.right, x + 1),
+                     std::max(found.bottom, y + 1)};
+        }
+    EXPECT_EQ(red, 16 * 16);
+    EXPECT_EQ(blue, 16 * 16);
+    EXPECT_EQ(found.right - found.left, 32);
+    EXPECT_EQ(found.left, (icon.left + icon.right - 32) / 2) << "in the middle over its text";
+    form.unload();
+}
+
+}  // namespace
