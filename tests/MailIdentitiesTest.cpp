@@ -124,3 +124,18 @@ TEST_F(MailIdentities, AreNamedInTheirWindow) {
         form.pressEscape();
     });
 }
+
+TEST_F(MailIdentities, StayWhereTheyAreWhenTheChosenZoneHasBecomeAnother) {
+    system.setDword(Settings, "Security Zone", 3);
+    window.load();
+    open([&](frmOESecurity& form) {
+        system.setText(zoneKey("4"), "DisplayName", "Other");
+        desktop.expectMessage("Another program has changed this zone. Outlook Express stays in its zone.",
+                              ui::Answer::Ok);
+        form.lsvOEZones.click(5);
+        EXPECT_EQ(system.dword(Settings, "Security Zone"), 3u);
+        EXPECT_EQ(form.lsvOEZones.item(5).text, "Other");
+        form.lsvOEZones.click(5);
+    });
+    EXPECT_EQ(system.dword(Settings, "Security Zone"), 4u);
+}

@@ -52,19 +52,24 @@ void frmOESecurity::Form_Unload() {
 void frmOESecurity::FillList() {
     procedure("frmOESecurity.FillList", [&] {
         basMain::IconCache icons(context_.platform);
-        fillZoneList(context_, {lsvOEZones, ilsZoneIcons, picDummy, picHolder}, icons);
+        fillZoneList(context_, zoneList(), icons);
     });
 }
 
 void frmOESecurity::lsvOEZones_ItemClick(int item) {
     procedure("frmOESecurity.lsvOEZones_ItemClick", [&] {
-        const std::string& key = lsvOEZones.item(item).tag;
+        const std::string key = lsvOEZones.item(item).tag;
         const auto zone = zones::numberOf(key);
         if (!zone)
             return errors::tell(context_.platform,
                                 "This zone cannot be chosen: Outlook Express keeps the number of a "
                                 "zone, and \"" +
                                     key + "\" is not a plain number.");
+        // Another program may have renumbered the zones since they were listed here.
+        if (!forms::stillShown(context_, key, lsvOEZones.item(item).text, "Outlook Express stays in its zone.")) {
+            clearZoneList(zoneList());
+            return FillList();
+        }
         clsRegistry& registry = context_.registry;
         const auto write = [&] {
             mail::goToSettings(registry, IdentityPath);
