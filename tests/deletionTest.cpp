@@ -49,6 +49,19 @@ TEST_F(Deletion, ZonesAboveADeletedOneMoveDownWithTheirTexts) {
     }
 }
 
+TEST_F(Deletion, AZoneThatCouldNotMoveIsNotDeletedInItsOldPlace) {
+    for (const char* function : {"RegCreateKeyExA", "RegSetValueExA", "RegEnumValueA"}) {
+        makeZones({"0", "1", "2", "3"});
+        system.registry.watch.failOn(function, 1, platform::AccessDenied);
+        const clsRegistry::FailureWatch watch(registry);
+        std::vector<std::uint32_t> moved;
+        registry.DeleteAndRename(zones::ZonesKey, "1", [&](std::uint32_t from) { moved.push_back(from); });
+        EXPECT_TRUE(watch.failed()) << function;
+        EXPECT_TRUE(moved.empty()) << function;
+        EXPECT_TRUE(zonesNow().ends_with("2=Zone 2+ 3=Zone 3+")) << function << ": " << zonesNow();
+    }
+}
+
 TEST_F(Deletion, AZoneWithoutANumberIsNotTakenForAnother) {
     makeZones({"0", "1", "5", "7"});
     const std::string before = zonesNow();
