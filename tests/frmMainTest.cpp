@@ -171,7 +171,12 @@ struct DeletingZones : MainWindow {
 
     void SetUp() override {
         MainWindow::SetUp();
+        clearMap();
         for (const char* key : {"5", "6", "7"}) addZone(key);
+    }
+    void TearDown() override { clearMap(); }
+    void clearMap() {
+        for (const char* part : {"Domains", "Ranges", "ProtocolDefaults"}) system.deleteTree(Map + "\\" + part);
     }
     void fillMap() {
         for (const auto& [key, name, zone] : std::initializer_list<std::tuple<const char*, const char*, std::uint32_t>>{
@@ -198,7 +203,7 @@ struct DeletingZones : MainWindow {
                     text += key.substr(1) + "|" + name + "=" + std::to_string(*zone) + "\n";
             for (const std::string& sub : system.keys(Map + key)) add(key + "\\" + sub);
         };
-        add("");
+        for (const char* part : {"\\Domains", "\\ProtocolDefaults", "\\Ranges"}) add(part);
         return text;
     }
     // The zones beyond the browser's: "5=Zone 5 6=Zone 6".
