@@ -32,7 +32,7 @@ WorkingSet workingSet() {
 // What the backup dialog does when its button is pressed.
 void backUp(forms::Context& program, const std::string& name) {
     PendingEvents pending(program.platform);
-    backup::writeExport(program, name, [&] { pending.handleWhenDue(); });
+    backup::writeExport(program, name, backup::listZones(program.registry), [&] { pending.handleWhenDue(); });
 }
 
 // From starting the registry editor to its end.
@@ -60,7 +60,8 @@ void listing(Machine& machine, const std::string& folder) {
         machine.native.files.create(folder + "listed" + std::to_string(file) + ".tvf", "Desc=one of many\r\n", written);
     std::vector<double> times;
     for (int run = 0; run < Runs; ++run) {
-        frmRestore form(machine.program);
+        backup::Restoration restoration(machine.program);
+        frmRestore form(machine.program, restoration);
         times.push_back(timeOf([&] {
             form.load();
             form.show();
@@ -82,7 +83,7 @@ void backups(Machine& machine) {
 
     const WorkingSet before = workingSet();
     backUp(program, "first");
-    backup::writeZones(program, "first", "measured");
+    backup::writeZones(program, "first", "measured", backup::listZones(program.registry));
     const WorkingSet after = workingSet();
     row("working set that a backup of 1,000 zones adds",
         std::max(after.peak - std::max(before.now, before.peak), after.now - before.now), " MB", Limit::Below, 2);

@@ -103,7 +103,7 @@ void exportCalls(benchmark::State& state) {
     for (auto _ : state) {
         system.registry.watch.reset();
         system.files.watch.reset();
-        backup::writeExport(program, std::to_string(++run), [] {});
+        backup::writeExport(program, std::to_string(++run), backup::listZones(program.registry), [] {});
     }
     state.counters["registry calls"] = (system.registry.watch.calls() - 1.0 * Zones * Settings) / Zones;
     state.counters["writes"] = static_cast<double>(system.files.watch.calls("append")) / Zones;

@@ -267,6 +267,9 @@ const Action Actions[] = {
          world.restoreOld([&](frmRestore& form) {
              world.system.simulation()->files.remove(world.system.path("Backups\\old.reg"));
              world.begin();
+             world.user().expectMessage(
+                 "Only 0 of the 2 zones of this backup could be restored. Put the zones back as they were before?",
+                 ui::Answer::No);
              form.cmdRestore.click();
          });
      }},

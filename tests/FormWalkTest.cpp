@@ -21,6 +21,11 @@ FormPointer makeForm(forms::Context& program) {
     return std::make_unique<F>(program);
 }
 
+// With what it restores through.
+struct RestoringForm : private backup::Restoration, public frmRestore {
+    explicit RestoringForm(forms::Context& program) : Restoration(program), frmRestore(program, *this) {}
+};
+
 // Every form there is.
 const std::pair<const char*, std::function<FormPointer(forms::Context&)>> Forms[] = {
     {"frmMain", makeForm<frmMain>},
@@ -29,7 +34,7 @@ const std::pair<const char*, std::function<FormPointer(forms::Context&)>> Forms[
     {"frmSecurity",
      [](forms::Context& program) { return std::make_unique<frmSecurity>(program, "2", "Trusted sites"); }},
     {"frmBackup", makeForm<frmBackup>},
-    {"frmRestore", makeForm<frmRestore>},
+    {"frmRestore", makeForm<RestoringForm>},
     {"frmOESecurity", makeForm<frmOESecurity>},
     {"frmError", [](forms::Context& program) { return std::make_unique<frmError>(program.platform.desktop); }},
     {"frmIconSelector",

@@ -18,9 +18,13 @@ struct BackupDialog : BackupFixture {
     // `failing`: a procedure whose failure the user is told of.
     void backUp(const std::string& description, const std::string& failing = {}) {
         use<frmBackup>([&](frmBackup& form) {
-            if (!failing.empty()) expectError(failing, "is not complete");
+            if (!failing.empty()) expectError(failing, "is incomplete");
             form.txtDescription.type(description);
             form.pressEnter();
+            if (failing.empty()) return;
+            EXPECT_TRUE(form.loaded() && form.cmdBackup.enabled());
+            EXPECT_EQ(form.txtDescription.text(), description);
+            form.pressEscape();
         });
     }
     std::string exported() { return file(name + ".reg"); }
@@ -52,9 +56,47 @@ TEST_F(BackupDialog, KeepsOfTheZonesKeyItselfOnlyAnEmptyDefaultValue) {
         backUp(text.empty() ? "" : "   ");
         EXPECT_TRUE(exported().ends_with(Head + (text.empty() ? "@=\"\"\r\n\r\n" : "\r\n"))) << exported();
         EXPECT_TRUE(zoneFile().ends_with("Desc=" + name + "\r\n")) << "named by its time";
+        system.files.remove(system.path("Backups\\" + name + ".reg"));
+        system.files.remove(system.path("Backups\\" + name + ".tvf"));
     }
-    // Two backups within one second share their files.
-    EXPECT_EQ(exported(), Head + "@=\"\"\r\n\r\n" + Head + "\r\n");
+}
+
+TEST_F(BackupDialog, TakesTheNameOfTheFirstSecondFromNowOnThatIsFree) {
+    addFile("12-31-1999 235959.reg", "");
+    addFile("12-31-1999 235958.TVF", "");
+    system.system.now = {1999, 12, 31, 23, 59, 58};
+    for (const char* expected : {"1-1-2000 0000", "1-1-2000 0001"}) {
+        backUp("x");
+        EXPECT_EQ(file(std::string(expected) + ".tvf"), "Desc=x\r\n") << expected;
+        EXPECT_EQ(file(std::string(expected) + ".reg"), Head + "\r\n") << expected;
+    }
+    system.system.now = {2000, 2, 28, 23, 59, 59};
+    backUp("x");
+    backUp("y");
+    EXPECT_EQ(file("2-29-2000 0000.tvf"), "Desc=y\r\n");
+    EXPECT_EQ(file("12-31-1999 235958.TVF") + file("12-31-1999 235959.reg"), "");
+}
+
+TEST_F(BackupDialog, TellsOnceWhatIsInTheWayOfItsFolder) {
+    system.writeFile("Backups", "");
+    use<frmBackup>([&](frmBackup& form) {
+        expectError("frmBackup.SaveRegFile", "a file of that name is in the way");
+        form.txtDescription.type("kept");
+        form.pressEnter();
+        EXPECT_EQ(form.txtDescription.text(), "kept");
+        form.pressEscape();
+    });
+}
+
+TEST_F(BackupDialog, FailsWhenAZoneGoesWhileItIsWritten) {
+    for (const char* zone : {"0", "1"}) system.setText(zoneKey(zone), "DisplayName", zone);
+    desktop.onDoEvents = [&] { system.deleteTree(zoneKey("1")); };
+    use<frmBackup>([&](frmBackup& form) {
+        expectError("frmBackup.SaveRegFile", "The zone \"1\" is gone");
+        form.pressEnter();
+        form.pressEscape();
+    });
+    EXPECT_EQ(zoneFile(), "(no file)");
 }
 
 TEST_F(BackupDialog, ListsZonesInTheRegistrysOrderWithIconsAndNumbersThatCanBeUsed) {
@@ -88,30 +130,35 @@ TEST_F(BackupDialog, LetsTheWindowsLiveWhileItWritesButLooksForEventsNoMoreOften
     }
 }
 
-TEST_F(BackupDialog, TakesNoSecondPressAndIsFinishedWhenItIsClosedMeanwhile) {
+TEST_F(BackupDialog, TakesNoInputWhileItWritesAndKeepsEveryWindowOpen) {
     system.seedZones();
-    backUp("whole");
-    const std::string whole[] = {exported(), zoneFile()};
-    system.system.now = {2000, 3, 9, 15, 5, 7};
     frmBackup form(program);
+    int looks = 0;
     desktop.onDoEvents = [&] {
+        ++looks;
         EXPECT_EQ(form.pointer(), ui::Pointer::Hourglass);
+        EXPECT_TRUE(desktop.busy());
         form.cmdBackup.click();
+        form.cmdCancel.click();
         form.pressEnter();
+        form.pressEscape();
         form.closeBox();
+        EXPECT_TRUE(form.loaded());
         program.registry.cD("\\HKEY_LOCAL_MACHINE");  // and something else uses the session
     };
     desktop.expectForm<frmBackup>([](frmBackup& shown) {
         shown.txtDescription.type("whole");
         shown.cmdBackup.click();
+        EXPECT_FALSE(shown.loaded());
     });
     form.showModal();
-    EXPECT_EQ(file("3-9-2000 1557.reg"), whole[0]);
-    EXPECT_EQ(file("3-9-2000 1557.tvf"), whole[1]);
+    EXPECT_GT(looks, 0);
+    EXPECT_TRUE(exported().ends_with("\r\n\r\n") && zoneFile().ends_with(";3\r\n")) << exported() << zoneFile();
     EXPECT_EQ(form.pointer(), ui::Pointer::Default);
+    EXPECT_FALSE(desktop.busy());
 }
 
-TEST_F(BackupDialog, TellsOfEachFileThatCannotBeWrittenAndKeepsWhatWas) {
+TEST_F(BackupDialog, StopsAtTheFirstFileThatCannotBeWrittenAndKeepsWhatWas) {
     // Zones that take several writes.
     for (const char* zone : {"0", "1", "2", "3"}) system.setText(zoneKey(zone), "Description", std::string(40000, 'x'));
     backUp("whole");
@@ -125,10 +172,9 @@ TEST_F(BackupDialog, TellsOfEachFileThatCannotBeWrittenAndKeepsWhatWas) {
         // With the code of a success it is a write that came to nothing all the same.
         system.files.watch.failOn("append", failing, failing % 2 ? platform::DiskFull : platform::Success);
         const bool inZones = failing > writes / 2;
-        // The dialog is closed all the same, after the other file has been tried.
         backUp("whole", inZones ? "frmBackup.SaveZoneFile" : "frmBackup.SaveRegFile");
         const std::string files[] = {file(stamp + ".reg"), file(stamp + ".tvf")};
-        EXPECT_TRUE(files[!inZones] == whole[!inZones]);
+        EXPECT_TRUE(files[!inZones] == (inZones ? whole[0] : "(no file)"));
         EXPECT_TRUE(files[inZones] == "(no file)" || whole[inZones].starts_with(files[inZones]));
     }
 }

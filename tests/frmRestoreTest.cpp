@@ -1,7 +1,10 @@
 #include "backup/frmRestore.h"
 
+#include <map>
+
 #include "app/frmMain.h"
 #include "backup/frmBackup.h"
+#include "editing/frmAdd.h"
 #include "support/BackupFixture.h"
 #include "ui/Picture.h"
 
@@ -35,6 +38,8 @@ TEST_F(RestoreDialog, ListsBackupsByTheirDescription) {
     addFile("b.tvf", "Desc=" + one + "\r\nx");
     addFile("a.TVF", "Desc=Two");
     addFile("lonely.reg", "REGEDIT4");
+    addFile("c.tvf~", "Desc=None");
+    addFile("d.tvfold", "Desc=None");
     system.platform().files.createFolder(inBackups("folder.tvf"));
     Texts expected;  // in the system's order
     for (const std::string& name : system.filesIn(system.path("Backups"), "*.tvf"))
@@ -77,10 +82,9 @@ TEST_F(RestoreDialog, ReadsEveryTruncatedFileAndTellsWhenThereAreNoZonesInIt) {
             EXPECT_LE(form.lvwZones.count(), 2);
             desktop.settle();
         });
-    preview("Desc=x\r\ni;\"n\"m;d", [&](frmRestore& form) {
-        expectError("frmRestore.ParseInfo", "quoted string");
+    preview("Desc=x\r\ni;one;d\r\ni;two;say \"n\"m", [&](frmRestore& form) {
         form.ListView1.click(1);
-        EXPECT_EQ(form.lvwZones.count(), 0);
+        EXPECT_EQ(texts(form.lvwZones), (Texts{"one", "one"})) << "a line with such quotes counts as malformed";
     });
 }
 
@@ -114,95 +118,391 @@ TEST_F(RestoreDialog, DeletesBothFilesOfABackupAndDisablesItsButtonsAfterTheLast
     });
 }
 
-TEST_F(RestoreDialog, KeepsABackupWhoseExportIsMissingWhenItIsDeleted) {
+TEST_F(RestoreDialog, ListsAgainAndSelectsNothingWhenABackupCannotBeDeletedAsAWhole) {
     preview(GoodFile, [&](frmRestore& form) {
         form.ListView1.click(1);
         expectError("frmRestore.cmdDelete_Click", "x.reg");
         form.cmdDelete.click();
         EXPECT_EQ(file("x.tvf"), GoodFile);
+        addFile("x.reg", "");
+        form.ListView1.click(1);
+        system.files.watch.failOn("remove", 2, platform::AccessDenied);
+        expectError("frmRestore.cmdDelete_Click", "x.tvf");
+        form.cmdDelete.click();
+        EXPECT_EQ(file("x.reg") + file("x.tvf"), std::string("(no file)") + GoodFile);
+        EXPECT_EQ(form.ListView1.count(), 1);
+        form.cmdRestore.click();
+        EXPECT_TRUE(form.loaded()) << "nothing is selected";
+    });
+}
+
+TEST_F(RestoreDialog, ShowsNothingOfTheBackupBeforeWhenOneCannotBeRead) {
+    preview(GoodFile, [&](frmRestore& form) {
+        const auto shown = [&] {
+            return form.lblZoneName.caption() + form.lblZoneCaption.caption() + levels(form) +
+                   std::to_string(form.lvwZones.count()) + (form.picZoneIcon.picture().empty() ? "" : "icon");
+        };
+        form.ListView1.click(1);
+        EXPECT_NE(shown(), "|||0");
+        system.files.watch.failOn("read", 1, platform::AccessDenied);
+        expectError("frmRestore.FillList", "x.tvf");
+        form.ListView1.click(1);
+        EXPECT_EQ(shown(), "|||0");
+        form.ListView1.click(1);
+        addFile("x.reg", "");
+        form.cmdDelete.click();
+        EXPECT_EQ(shown(), "|||0");
+    });
+}
+
+// A long list is filled bit by bit, so that the user can turn away from it.
+TEST_F(RestoreDialog, ShowsThousandsOfZonesInStepsThatEndWhenAnotherBackupIsChosen) {
+    std::string many = "Desc=Many\r\n";
+    for (int zone = 0; zone < 2000; ++zone) many += "i#1;Zone " + std::to_string(zone) + ";d;0;0;0;3\r\n";
+    addFile("many.tvf", many);
+    preview(GoodFile, [](frmRestore& form) {
+        const int ofMany = form.ListView1.item(1).text == "Many" ? 1 : 2;
+        form.ListView1.click(ofMany);
+        EXPECT_LT(form.lvwZones.count(), 500);
+        EXPECT_EQ(form.lblZoneName.caption(), "Zone 0");
+        form.lvwZones.click(2);
+        for (int ticks = 0; form.tmrFill.enabled() && ticks < 100; ++ticks) form.tmrFill.tick();
+        EXPECT_EQ(form.lvwZones.count(), 2000);
+        EXPECT_EQ(form.lvwZones.item(2000).text, "Zone 1999");
+        EXPECT_EQ(form.lblZoneName.caption(), "Zone 1") << "the user's choice";
+        form.ListView1.click(ofMany);
+        form.ListView1.click(3 - ofMany);
+        EXPECT_FALSE(form.tmrFill.enabled());
+        EXPECT_EQ(texts(form.lvwZones), (Texts{"Internet", "Trusted"}));
+        form.ListView1.click(ofMany);
     });
 }
 
 // With the main window, whose list shows what is restored.
 struct Restoring : RestoreDialog {
     frmMain window{program};
+    using Values = std::map<std::string, std::string>;  // "zone\name" and what it holds
+
+    static constexpr const char* Name = "3-9-2000 1457";      // of the first backup by the test system's clock
+    static constexpr const char* CopyName = "3-9-2000 1458";  // and of the next
 
     void SetUp() override {
         system.seedBrowser();
-        system.seedZones();
+        setZones(2, "start");
         window.load();
-        addFile("x.tvf", GoodFile);
-        addFile("x.reg", "REGEDIT4\r\n\r\n[" + zoneKey("0") + "]\r\n\"DisplayName\"=\"Zero\"\r\n\r\n[" + zoneKey("1") +
-                             "]\r\n\"DisplayName\"=\"One\"\r\n");
     }
     void TearDown() override { window.unload(); }
-    void restore(const std::function<void(frmRestore&)>& select = [](frmRestore& form) { form.ListView1.click(1); }) {
+
+    void restoreZones(const std::function<void(frmRestore&)>& before = [](frmRestore&) {}) {
         desktop.use<frmRestore>(
             [&](frmRestore& form) {
-                select(form);
+                for (int item = 1; item <= form.ListView1.count(); ++item)
+                    if (form.ListView1.item(item).tag == inBackups(std::string(Name) + ".tvf"))
+                        form.ListView1.click(item);
+                before(form);
                 form.cmdRestore.click();
             },
             [&] { window.mnuFileRestore.click(); });
     }
+    void endImport() {
+        system.endPrograms();
+        window.tmrImport.tick();
+    }
+    void backUpZones() {
+        desktop.expectForm<frmBackup>([](frmBackup& form) {
+            form.txtDescription.type("Good");
+            form.pressEnter();
+        });
+        window.mnuFileBackup.click();
+    }
+    Values values() {
+        Values all;
+        for (const std::string& zone : system.keys(zones::ZonesKey)) {
+            all[zone];
+            for (const std::string& name : system.values(zoneKey(zone))) {
+                const auto number = system.dword(zoneKey(zone), name);
+                all[zone + "\\" + name] =
+                    number ? "#" + std::to_string(*number) : system.text(zoneKey(zone), name).value_or("?");
+            }
+        }
+        return all;
+    }
+    // As many zones as the registry is to have, each with a text and a number that tell where they come from.
+    void setZones(int count, const std::string& text) {
+        system.deleteTree(zones::ZonesKey);
+        for (int zone = 0; zone < count; ++zone) {
+            system.setText(zoneKey(std::to_string(zone)), "DisplayName", text);
+            system.setDword(zoneKey(std::to_string(zone)), "Flags", static_cast<std::uint32_t>(text.size()));
+        }
+    }
+    void expectQuestion(int restored, int wanted, ui::Answer answer) {
+        desktop.expectMessage("Only " + std::to_string(restored) + " of the " + std::to_string(wanted) +
+                                  " zones of this backup could be restored. Put the zones back as they were before?",
+                              answer);
+    }
+    // A registry editor that is started and imports nothing.
+    bool idleEditor() {
+        if (!system.simulation()) return false;
+        system.simulation()->launcher.onStart = {};
+        return true;
+    }
+    bool copied() { return file(std::string(CopyName) + ".tvf") != "(no file)"; }
 };
 
-TEST_F(Restoring, HandsTheExportToTheRegistryEditorAndDoesNotWait) {
-    restore();
+TEST_F(Restoring, StartsTheRegistryEditorOnTheExportAndDoesNotWait) {
+    setZones(2, "old");
+    backUpZones();
+    const Values old = values();
+    setZones(3, "other");
+    window.RebuildList();
+    restoreZones();
     ASSERT_EQ(system.launcher.started.size(), 1u);
     EXPECT_EQ(system.launcher.started[0].program, system.system.GetWindowsDirectoryA() + "\\regedit.exe");
-    EXPECT_EQ(system.launcher.started[0].arguments, "/s \"" + inBackups("x.reg") + "\"");
+    EXPECT_EQ(system.launcher.started[0].arguments, "/s \"" + inBackups(std::string(Name) + ".reg") + "\"");
+    EXPECT_TRUE(file(std::string(CopyName) + ".tvf").starts_with("Desc=Zones before restoring \"Good\"\r\n"));
 
-    system.endPrograms();
-    window.tmrImport.tick();
-    EXPECT_EQ(texts(window.lvwZones), (Texts{"Zero", "One"}));
-    EXPECT_EQ(window.selection().zone, "1");
+    endImport();
+    EXPECT_EQ(values(), old);
+    EXPECT_EQ(texts(window.lvwZones), (Texts{"old", "old"}));
     EXPECT_FALSE(window.tmrImport.enabled());
     EXPECT_TRUE(system.launcher.open.empty());
+    EXPECT_EQ(system.filesIn(system.path("Backups")).size(), 2u) << "the copy is gone";
 }
 
-TEST_F(Restoring, ShowsWhatThereIsWhileTheImportRunsAndTheRestWhenItHasEnded) {
-    if (!system.simulation()) GTEST_SKIP() << "the real registry editor cannot be stopped half-way";
-    system.simulation()->launcher.onStart = {};
-    restore();
-    system.setText(zoneKey("0"), "DisplayName", "Zero");
+TEST_F(Restoring, LetsNothingElseBeginWhileTheEditorRuns) {
+    if (!idleEditor()) GTEST_SKIP() << "the real registry editor cannot be stopped half-way";
+    setZones(6, "old");
+    backUpZones();
+    restoreZones();
+    setZones(6, "half");
+    window.RebuildList();
+    window.lvwZones.click(6);
+    const std::function<void()> refused[] = {[&] { window.mnuFileBackup.click(); },
+                                             [&] { window.mnuFileRestore.click(); },
+                                             [&] { window.cmdZoneOption(2).click(); }};
+    for (const auto& action : refused) {
+        desktop.expectMessage("A backup is being restored. Please wait until that is done.", ui::Answer::Ok);
+        action();
+        desktop.settle();
+    }
     window.tmrImport.tick();
     EXPECT_TRUE(window.tmrImport.enabled());
-    EXPECT_EQ(window.lvwZones.count(), 0);
+    EXPECT_EQ(texts(window.lvwZones)[0], "half") << "not below the editor";
     system.endPrograms();
     // Not below an open dialog, which works on the selected zone.
-    desktop.use<frmBackup>(
-        [&](frmBackup&) {
+    desktop.use<frmAdd>(
+        [&](frmAdd&) {
             window.tmrImport.tick();
-            EXPECT_EQ(window.lvwZones.count(), 0);
+            EXPECT_EQ(texts(window.lvwZones)[0], "half");
         },
-        [&] { window.mnuFileBackup.click(); });
+        [&] { window.mnuEditAdd.click(); });
     window.tmrImport.tick();
-    EXPECT_EQ(texts(window.lvwZones), Texts{"Zero"});
+    EXPECT_EQ(texts(window.lvwZones)[0], "old");
+    EXPECT_FALSE(copied());
+    system.files.watch.reset();
+    backUpZones();  // again
 }
 
-TEST_F(Restoring, BacksTheZonesUpFirstWhenTheExportIsMissing) {
-    system.files.remove(inBackups("x.reg"));
-    restore();
-    EXPECT_FALSE(system.exists(zoneKey("0")));
+TEST_F(Restoring, KeepsTheCopyWhenTheProgramIsClosedMeanwhile) {
+    setZones(2, "old");
+    backUpZones();
+    setZones(3, "other");
+    restoreZones();
+    window.unload();
+    EXPECT_TRUE(system.launcher.open.empty());
+    EXPECT_TRUE(copied());
     system.endPrograms();
-
-    EXPECT_TRUE(file("3-9-2000 1457.tvf").starts_with("Desc=Zones before restoring \"Good\""));
-    restore([&](frmRestore& form) {
-        for (int item = 1; item <= form.ListView1.count(); ++item)
-            if (form.ListView1.item(item).tag == inBackups("3-9-2000 1457.tvf")) form.ListView1.click(item);
-        expectError("clsRegistry.DeleteZone", "no zones");  // and the import goes on
-    });
-    system.endPrograms();
-    for (int zone = 0; zone < 5; ++zone) EXPECT_EQ(system.values(zoneKey(std::to_string(zone))).empty(), false) << zone;
 }
 
-TEST_F(Restoring, DeletesNothingWhenTheExportIsMissingAndTheZonesCannotBeBackedUp) {
-    system.files.remove(inBackups("x.reg"));
-    system.files.watch.failOn("append", 1, platform::DiskFull);
-    restore([&](frmRestore& form) {
-        form.ListView1.click(1);
-        expectError("frmRestore.cmdRestore_Click", "3-9-2000 1457.reg");
-    });
-    EXPECT_TRUE(system.exists(zoneKey("0")));
+// Texts that a registry editor misreads, or is stopped by.
+TEST_F(Restoring, WritesWhatTheEditorDidNotBring) {
+    const char* texts[] = {"C:\\0\\new",       "say \"hi\"", "end\\", "a=b [x] ;c", "one\r\ntwo",
+                           "a\r\n\"New\"=\"b", "Caf\xE9",    "\"",    "100%",       "",
+                           "one\n\n[sic]",     "\\\\srv\\a", "'",     "last"};
+    int zone = 0;
+    for (const char* text : texts) {
+        const std::string key = zoneKey(std::to_string(zone++));
+        system.setText(key, "Description", text);
+        system.setText(key, "Icon", std::string(text) + "#1");
+        system.setText(key, "Na\"me", "quoted");
+        system.setText(key, "Na\\me", "with a backslash");
+        system.setText(key, "", "");
+        system.setDword(key, "1A\\00", 0xFFFFFFFF);
+    }
+    const Values old = values();
+    backUpZones();
+    for (const bool starts : {true, false}) {
+        SCOPED_TRACE(starts);
+        setZones(3, "other");
+        if (Simulation* s = system.simulation())
+            s->launcher.answer = starts ? platform::Success : platform::AccessDenied;
+        if (!starts) system.launcher.watch.failOn("start", 1, platform::AccessDenied);
+        restoreZones();
+        endImport();
+        EXPECT_EQ(values(), old);
+        EXPECT_FALSE(copied());
+    }
+}
+
+TEST_F(Restoring, DoesWithoutARegistryEditorWhenTheExportCanBeRead) {
+    if (!system.simulation()) GTEST_SKIP() << "the real registry editor stays";
+    setZones(2, "old");
+    backUpZones();
+    const Values old = values();
+    setZones(3, "other");
+    const Values other = values();
+    system.simulation()->files.remove("C:\\WINDOWS\\regedit.exe");
+    restoreZones();
     EXPECT_TRUE(system.launcher.started.empty());
+    endImport();
+    EXPECT_EQ(values(), old);
+
+    setZones(3, "other");
+    system.files.remove(inBackups(std::string(Name) + ".reg"));
+    restoreZones([&](frmRestore&) {
+        desktop.expectMessage("The registry editor is missing, and the registry export \"" +
+                                  inBackups(std::string(Name) + ".reg") +
+                                  "\" cannot be read. Nothing has been restored.",
+                              ui::Answer::Ok);
+    });
+    EXPECT_EQ(values(), other);
+    EXPECT_FALSE(copied());
+}
+
+TEST_F(Restoring, AsksWhenAnExportBringsFewerZonesAndPutsThemBackAsTheyWere) {
+    setZones(3, "say \"old\"");
+    backUpZones();
+    const std::string whole = file(std::string(Name) + ".reg");
+    setZones(2, "C:\\0\\other\r\n[x]");
+    const Values other = values();
+    std::vector<std::pair<std::string, int>> damaged = {{"(missing)", 0}, {"", 0}, {"garbage", 0}};
+    for (std::size_t size = 200; size < whole.size() - 2; size += 23) {
+        const std::string cut = whole.substr(0, size);
+        int zonesLeft = 0;  // the empty line that ends a zone is there, at least the first half of it
+        for (auto at = cut.find("00000009\r\n\r"); at != std::string::npos; at = cut.find("00000009\r\n\r", at + 1))
+            ++zonesLeft;
+        damaged.emplace_back(cut, zonesLeft);
+    }
+    for (const auto& [bytes, zonesLeft] : damaged) {
+        SCOPED_TRACE(bytes);
+        for (const ui::Answer answer : {ui::Answer::Yes, ui::Answer::No}) {
+            if (bytes == "(missing)")
+                system.files.remove(inBackups(std::string(Name) + ".reg"));
+            else
+                addFile(std::string(Name) + ".reg", bytes);
+            restoreZones();
+            expectQuestion(zonesLeft, 3, answer);
+            endImport();
+            EXPECT_EQ(window.tmrImport.enabled(), answer == ui::Answer::Yes);
+            if (answer == ui::Answer::Yes) endImport();
+            EXPECT_EQ(copied(), answer == ui::Answer::No);
+            EXPECT_FALSE(window.tmrImport.enabled());
+            if (answer == ui::Answer::No) {
+                system.files.remove(inBackups(std::string(CopyName) + ".tvf"));
+                system.files.remove(inBackups(std::string(CopyName) + ".reg"));
+                setZones(2, "C:\\0\\other\r\n[x]");
+            }
+            EXPECT_EQ(values(), other);
+        }
+    }
+}
+
+TEST_F(Restoring, RefusesAnExportThatTouchesMoreThanTheZones) {
+    setZones(2, "old");
+    backUpZones();
+    const std::string whole = file(std::string(Name) + ".reg");
+    setZones(3, "other");
+    const Values other = values();
+    const std::string planted = "HKEY_LOCAL_MACHINE\\Software\\Tavimor Tests";
+    addFile(std::string(Name) + ".reg", whole + "[" + planted + "]\r\n\"Run\"=\"x\"\r\n");
+    restoreZones([&](frmRestore&) {
+        desktop.expectMessage("The registry export \"" + inBackups(std::string(Name) + ".reg") +
+                                  "\" would change more than the zones: it names \"" + planted +
+                                  "\". Nothing has been restored.",
+                              ui::Answer::Ok);
+    });
+    EXPECT_EQ(values(), other);
+    EXPECT_FALSE(copied());
+    EXPECT_TRUE(system.launcher.started.empty());
+}
+
+TEST_F(Restoring, DeletesNothingWhenTheZonesCannotBeCopied) {
+    setZones(2, "old");
+    backUpZones();
+    setZones(3, "other");
+    const Values other = values();
+    for (const int write : {1, 2}) {
+        system.files.watch.failOn("append", write, platform::DiskFull);
+        restoreZones([&](frmRestore&) { expectError("frmRestore.cmdRestore_Click", CopyName); });
+        EXPECT_EQ(values(), other);
+        EXPECT_EQ(system.filesIn(system.path("Backups")).size(), 2u) << "half a copy is none";
+    }
+    EXPECT_TRUE(system.launcher.started.empty());
+}
+
+TEST_F(Restoring, TellsOfZonesThatStayBehindAGap) {
+    setZones(2, "old");
+    backUpZones();
+    setZones(6, "other");
+    for (const char* zone : {"2", "3"}) system.deleteTree(zoneKey(zone));
+    restoreZones([&](frmRestore&) {
+        desktop.expectMessage("The registry refused to delete some zones. What they hold beyond the backup stays.",
+                              ui::Answer::Ok);
+    });
+    endImport();
+    EXPECT_EQ(texts(window.lvwZones), (Texts{"old", "old", "other", "other"}));
+}
+
+// Whatever fails: every value is as before, as asked for or in a listed backup, and the user knows when it is not as
+// asked for.
+TEST_F(Restoring, LosesNothingAtAnyFailure) {
+    if (!system.simulation()) GTEST_SKIP() << "takes a system that fails when it is told to";
+    setZones(3, "old");
+    backUpZones();
+    const Values old = values();
+    desktop.patient = true;
+    const bool kinds[] = {true, false};  // an editor that works, one that does nothing
+    int tried = 0;
+    for (const bool works : kinds) {
+        if (!works) idleEditor();
+        for (const platform::Result code : {platform::AccessDenied, platform::FileNotFound}) {
+            for (int n = 1;; ++n) {
+                SCOPED_TRACE(std::to_string(n) + " " + std::to_string(code) + (works ? "" : " idle"));
+                setZones(4, "other");
+                const Values other = values();
+                desktop.told.clear();
+                std::string failing;
+                system.watch.onCall = [&](const char* function) {
+                    if (!system.watch.failed()) failing = function;
+                };
+                restoreZones([&](frmRestore&) { system.watch.failOn(n, code); });
+                if (window.tmrImport.enabled()) endImport();
+                const bool failed = system.watch.failed();
+                system.watch.reset();
+                system.watch.onCall = nullptr;
+                const Values now = values();
+                std::string backups;
+                for (const std::string& name : system.filesIn(system.path("Backups"), "*.reg"))
+                    if (name != std::string(Name) + ".reg") backups += file(name);
+                const auto in = [](const Values& all, const std::string& name) {
+                    const auto found = all.find(name);
+                    return found == all.end() ? std::string("-") : found->second;
+                };
+                for (const auto& [name, held] : other) {
+                    const std::string is = in(now, name);
+                    EXPECT_TRUE(is == held || is == in(old, name) || backups.find("\"other\"") != std::string::npos)
+                        << failing << " lost " << name;
+                }
+                EXPECT_TRUE(now == old || !desktop.told.empty()) << failing << ": nobody was told";
+                EXPECT_LE(desktop.told.size(), 3u) << failing;
+                for (const std::string& name : system.filesIn(system.path("Backups")))
+                    if (!name.starts_with(Name)) system.files.remove(inBackups(name));
+                ++tried;
+                if (!failed) break;
+                ASSERT_LT(n, 3000);
+            }
+        }
+    }
+    EXPECT_GT(tried, 200);
+    desktop.settle();
 }

@@ -65,7 +65,8 @@ frmMain::frmMain(forms::Context& context)
       mnuViewBasic(mnuView.add("mnuViewBasic", "&Basic")),
       mnuViewAdv(mnuView.add("mnuViewAdv", "&Advanced")),
       mnuHelp(menu().add("mnuHelp", "&Help")),
-      context_(context) {
+      context_(context),
+      restoration_(context) {
     const char* commands[] = {"Edit Zone", "Add Zone", "Delete Zone"};
     for (int i = 0; i < 3; ++i) {
         const ui::Twips fromRight = (3 - i) * ButtonWidth + (2 - i) * Margin;
@@ -107,7 +108,6 @@ frmMain::frmMain(forms::Context& context)
 }
 
 frmMain::~frmMain() {
-    EndImport();
     context_.mainWindow = nullptr;
     errors::reporting.mainWindow = nullptr;
 }
@@ -130,7 +130,7 @@ void frmMain::Form_Load() {
 void frmMain::Form_Unload() {
     procedure("frmMain.Form_Unload", [&] {
         basMain::Unhook(*this);
-        EndImport();
+        restoration_.abandon();
         const std::vector<Form*> open = desktop().forms();
         for (Form* form : open) form->unload();
     });

@@ -4,6 +4,7 @@
 // zone's flags or levels.
 #pragma once
 
+#include "backup/Restoration.h"
 #include "forms/Context.h"
 #include "forms/ZoneList.h"
 #include "ui/CommandButton.h"
@@ -45,7 +46,6 @@ public:
     void UpdateLabels(const std::string& zone) override;
     int zoneCount() const override { return lvwZones.count(); }
     void ReloadAsItIs() override;
-    void ReloadWhileImporting(platform::Launcher::Process import) override;
     // The zone that was clicked last, and its icon.
     const Selection& selection() const { return selection_; }
 
@@ -60,7 +60,7 @@ public:
     ui::Label lblFlags, lblRec, lblMin, lblCurrent;
     ui::Image zzzpicLogo;
     ui::Timer tmrIconSpace;
-    ui::Timer tmrImport;  // runs while the registry editor does
+    ui::Timer tmrImport;  // runs while a backup is being restored
 
     ui::MenuItem& mnuFile;
     ui::MenuItem& mnuFileBackup;
@@ -120,10 +120,11 @@ private:
     void ClearSummary();
     // As the list has it: the summary tells of the zone that has the number by now.
     const std::string& selectedName() const { return lvwZones.item(lvwZones.selected()).text; }
-    void EndImport();
+    // Whether a backup is being restored; the user is told then.
+    bool WaitsForImport();
     ZoneListControls zoneList() { return {lvwZones, ilsZoneIcons, picDummy, picHolder}; }
 
     forms::Context& context_;
     Selection selection_;
-    platform::Launcher::Process import_ = 0;  // the registry editor while it restores a backup
+    backup::Restoration restoration_;
 };

@@ -2,15 +2,18 @@
 #include "app/frmMain.h"
 #include "backup/frmBackup.h"
 #include "backup/frmRestore.h"
+#include "errors/messages.h"
 #include "mail/frmOESecurity.h"
 #include "mail/identities.h"
 #include "ui/Desktop.h"
+#include "ui/Hourglass.h"
 #include "util/procedure.h"
 
 // Backup and restore --------------------------------------------------------------------------------------------
 
 void frmMain::mnuFileBackup_Click() {
     procedure("frmMain.mnuFileBackup_Click", [&] {
+        if (WaitsForImport()) return;
         frmBackup dialog(context_);
         dialog.showModal(this);
     });
@@ -18,16 +21,22 @@ void frmMain::mnuFileBackup_Click() {
 
 void frmMain::mnuFileRestore_Click() {
     procedure("frmMain.mnuFileRestore_Click", [&] {
-        frmRestore dialog(context_);
+        if (WaitsForImport()) return;
+        frmRestore dialog(context_, restoration_);
+        {
+            // Over this window: while the backups are being listed the dialog has none.
+            const ui::Hourglass hourglass(*this);
+            dialog.load();
+        }
         dialog.showModal(this);
+        tmrImport.setEnabled(restoration_.importing());
     });
 }
 
-void frmMain::ReloadWhileImporting(platform::Launcher::Process import) {
-    EndImport();
-    import_ = import;
-    tmrImport.setEnabled(import_ != 0);
-    ReloadAsItIs();
+bool frmMain::WaitsForImport() {
+    if (!restoration_.importing()) return false;
+    errors::tell(context_.platform, "A backup is being restored. Please wait until that is done.");
+    return true;
 }
 
 void frmMain::ReloadAsItIs() {
@@ -41,19 +50,11 @@ void frmMain::ReloadAsItIs() {
 
 void frmMain::tmrImport_Timer() {
     procedure("frmMain.tmrImport_Timer", [&] {
-        if (context_.platform.launcher.running(import_)) return;
-        // An open dialog works on the selected zone, which a new list would change under it. It is read on a later
-        // tick.
+        // An open dialog works on the selected zone, which a new list would change under it: on a later tick.
         if (desktop().forms().size() > 1) return;
-        EndImport();
-        ReloadAsItIs();
+        restoration_.followUp();
+        tmrImport.setEnabled(restoration_.importing());
     });
-}
-
-void frmMain::EndImport() {
-    tmrImport.setEnabled(false);
-    if (import_ != 0) context_.platform.launcher.close(import_);
-    import_ = 0;
 }
 
 // The mail client -----------------------------------------------------------------------------------------------

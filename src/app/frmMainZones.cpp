@@ -45,6 +45,7 @@ void frmMain::AddZone() {
 // Deleting ------------------------------------------------------------------------------------------------------
 
 void frmMain::DeleteSelectedZone() {
+    if (WaitsForImport()) return;
     if (lvwZones.selected() == 0) return;
     // What was asked about is what goes, whatever the list shows when the question has been answered.
     const std::string zone = selection_.zone, name = selectedName();

@@ -7,6 +7,7 @@
 #include "util/basSystem.h"
 #include "util/numbers.h"
 #include "util/systemText.h"
+#include "zones/zones.h"
 
 namespace backup {
 
@@ -24,6 +25,25 @@ util::ErrorNumber numberOf(platform::Result code) {
     return missing ? util::NumberFileNotFound : util::NumberFileAccess;
 }
 
+int daysIn(int month, int year) {
+    if (month == 2) return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0) ? 29 : 28;
+    return month == 4 || month == 6 || month == 9 || month == 11 ? 30 : 31;
+}
+
+void toNextSecond(platform::LocalTime& time) {
+    if (++time.second < 60) return;
+    time.second = 0;
+    if (++time.minute < 60) return;
+    time.minute = 0;
+    if (++time.hour < 24) return;
+    time.hour = 0;
+    if (++time.day <= daysIn(time.month, time.year)) return;
+    time.day = 1;
+    if (++time.month <= 12) return;
+    time.month = 1;
+    ++time.year;
+}
+
 }  // namespace
 
 std::string folder(platform::Platform& platform) {
@@ -34,6 +54,18 @@ std::string baseName(const platform::LocalTime& time) {
     const auto digits = [](int number) { return std::to_string(number); };
     return digits(time.month) + '-' + digits(time.day) + '-' + util::toDigits(time.year, 4) + ' ' +
            util::toDigits(time.hour, 2) + digits(time.minute) + digits(time.second);
+}
+
+std::string freeName(platform::Platform& platform) {
+    constexpr int Tries = 10000;  // some hours of the clock
+    platform::LocalTime time = platform.system.GetLocalTime();
+    for (int i = 0; i < Tries; ++i, toNextSecond(time)) {
+        std::string name = baseName(time);
+        const std::string path = folder(platform) + name;
+        if (basSystem::IsMissing(platform, path + ".tvf") && basSystem::IsMissing(platform, path + ".reg")) return name;
+    }
+    throw util::Error(util::NumberFileAccess, "backup",
+                      "The folder \"" + folder(platform) + "\" has no room for another name.");
 }
 
 std::string partnerOf(const std::string& zoneFile) {
@@ -52,10 +84,28 @@ std::string read(platform::Platform& platform, const std::string& path, std::siz
     return bytes;
 }
 
+std::vector<std::string> listZones(clsRegistry& registry) {
+    const clsRegistry::FailureWatch watch(registry);
+    zones::goToZones(registry);
+    auto names = registry.DirKey();
+    if (watch.failed())
+        throw util::Error(util::NumberFileAccess, "backup", "The zones could not be read from the registry.");
+    return names ? *std::move(names) : std::vector<std::string>();
+}
+
+void expectZone(Found found, const std::string& zone) {
+    if (found == Found::Absent)
+        throw util::Error(util::NumberFileNotFound, "backup",
+                          "The zone \"" + zone + "\" is gone. The backup is incomplete.");
+}
+
 BackupFile::BackupFile(platform::Platform& platform, const clsRegistry& registry, const std::string& name)
     : platform_(platform), watch_(registry), path_(folder(platform) + name) {
-    const std::string backups = folder(platform);
-    if (const platform::Result code = basSystem::MakeFolder(platform, backups); code != platform::Success)
+    const std::string backups = basSystem::UnQualifyPath(folder(platform));
+    if (const platform::Result code = basSystem::MakeFolder(platform, backups); code == platform::AlreadyExists)
+        throw util::Error(util::NumberFileAccess, "backup",
+                          "The folder \"" + backups + "\" cannot be made: a file of that name is in the way.");
+    else if (code != platform::Success)
         fail(platform, util::NumberFileAccess, "The folder \"" + backups + "\" cannot be made.", code, backups);
 }
 
@@ -77,9 +127,9 @@ void BackupFile::writePending() {
     std::uint32_t written = 0;
     const std::size_t size = pending_.size();
     const platform::Result code = append(written);
-    pending_.clear();  // also what did not arrive: the file must not go on behind a gap
+    pending_.clear();  // also what did not arrive: the file must not go on after a gap
     if (code != platform::Success || written < size)
-        fail(platform_, util::NumberFileAccess, "The backup \"" + path_ + "\" is not complete.",
+        fail(platform_, util::NumberFileAccess, "The backup \"" + path_ + "\" is incomplete.",
              code != platform::Success ? code : platform::DiskFull, path_);
 }
 
@@ -87,7 +137,7 @@ void BackupFile::close() {
     writePending();
     if (!watch_.failed()) return;
     throw util::Error(util::NumberFileAccess, "backup",
-                      "The registry could not be read as a whole. The backup \"" + path_ + "\" is not complete.");
+                      "Part of the registry could not be read. The backup \"" + path_ + "\" is incomplete.");
 }
 
 platform::Result BackupFile::append(std::uint32_t& written) {

@@ -1,8 +1,10 @@
 #include "backup/ExportFile.h"
 
 #include "backup/BackupFile.h"
+#include "backup/RegistryExport.h"
 #include "util/characters.h"
 #include "util/clsStrings.h"
+#include "util/numbers.h"
 #include "zones/zones.h"
 
 namespace backup {
@@ -22,12 +24,12 @@ std::string keyLine(const std::string& path) {
 
 void writeZone(forms::Context& context, const std::string& zone, BackupFile& file,
                const std::function<void()>& afterValue) {
-    zones::goToZone(context.registry, zone);
+    expectZone(zones::goToZone(context.registry, zone), zone);
     file.line(keyLine(std::string(zones::ZonesKey) + "\\" + zone));
     // Listed before anything else happens: what is handled between the values may use the session too.
     if (const auto values = context.registry.DirValue()) {
         for (const ListedValue& value : *values) {
-            if (const auto text = exportLine(context.registry, value)) file.line(*text);
+            if (const auto text = exportLine(value)) file.line(*text);
             afterValue();
         }
     }
@@ -38,7 +40,7 @@ void writeZone(forms::Context& context, const std::string& zone, BackupFile& fil
 
 }  // namespace
 
-std::optional<std::string> exportLine(clsRegistry& registry, const ListedValue& value) {
+std::optional<std::string> exportLine(const ListedValue& value) {
     switch (value.type) {
         case ValueType::String:
             if (value.name.empty()) return value.text.empty() ? std::optional<std::string>(EmptyDefault) : std::nullopt;
@@ -46,16 +48,18 @@ std::optional<std::string> exportLine(clsRegistry& registry, const ListedValue& 
                    quoted(util::equalFolded(value.name, "icon") ? clsStrings().Replace(value.text, "\\", "\\\\")
                                                                 : value.text);
         case ValueType::Dword:
-            return quoted(value.name) + "=dword:" + registry.ParseDWord(value.text, 1);
+            return quoted(value.name) + "=dword:" + util::toDigits(value.number, 8, 16);
         case ValueType::Binary:
             break;
     }
     return std::nullopt;
 }
 
-void writeExport(forms::Context& context, const std::string& baseName, const std::function<void()>& afterValue) {
+void writeExport(forms::Context& context, const std::string& baseName, const std::vector<std::string>& zones,
+                 const std::function<void()>& afterValue) {
     BackupFile file(context.platform, context.registry, baseName + ".reg");
-    for (const char* text : {"REGEDIT4", "", ";This file created by Tavimor.", ";Please do not modify this file.", ""})
+    for (const std::string_view text : {std::string_view("REGEDIT4"), std::string_view(), OwnExportMark,
+                                        std::string_view(";Please do not modify this file."), std::string_view()})
         file.line(text);
 
     zones::goToZones(context.registry);
@@ -66,8 +70,7 @@ void writeExport(forms::Context& context, const std::string& baseName, const std
             if (value.name.empty() && value.type == ValueType::String && value.text.empty()) file.line(EmptyDefault);
     file.line("");
 
-    if (const auto keys = context.registry.DirKey())
-        for (const std::string& zone : *keys) writeZone(context, zone, file, afterValue);
+    for (const std::string& zone : zones) writeZone(context, zone, file, afterValue);
     file.close();
 }
 

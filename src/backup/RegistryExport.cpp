@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <charconv>
 
+#include "util/characters.h"
+
 namespace backup {
 
 using platform::Bytes;
@@ -17,10 +19,6 @@ constexpr std::string_view NumberMark = "\"=dword:";
 constexpr std::size_t NumberDigits = 8;
 constexpr std::string_view EmptyDefault = "@=\"\"";
 
-char lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 std::string_view withoutBlanks(std::string_view text) {
     while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
     while (!text.empty() && (text.back() == ' ' || text.back() == '\t')) text.remove_suffix(1);
@@ -28,7 +26,7 @@ std::string_view withoutBlanks(std::string_view text) {
 }
 
 bool startsWith(std::string_view text, std::string_view start) {
-    return text.size() >= start.size() && sameName(text.substr(0, start.size()), start);
+    return text.size() >= start.size() && util::equalFolded(text.substr(0, start.size()), start);
 }
 
 // All of `digits`, 1 to 8 hexadecimal ones.
@@ -92,8 +90,7 @@ std::string halved(std::string_view text) {
     return result;
 }
 
-// Takes a quoted text from the front, as registry editors do; nothing when it is not closed or holds "\0", which stops
-// them.
+// Takes a quoted text from the front, as registry editors do; nothing when it is not closed.
 std::optional<std::string> takeQuoted(std::string_view& rest) {
     if (!rest.starts_with('"')) return std::nullopt;
     std::string text;
@@ -107,7 +104,6 @@ std::optional<std::string> takeQuoted(std::string_view& rest) {
             continue;
         }
         const char c = rest[++i];
-        if (c == '0') return std::nullopt;
         text.push_back(c == 'n' ? '\n' : c == 'r' ? '\r' : c);
     }
     return std::nullopt;
@@ -166,10 +162,6 @@ bool readData(std::string_view data, ExportedValue& value) {
 }
 
 }  // namespace
-
-bool sameName(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return lower(x) == lower(y); });
-}
 
 RegistryExport::RegistryExport(std::string_view bytes)
     : bytes_(bytes.starts_with("\xFF\xFE") ? fromUtf16(bytes) : std::string(bytes)) {
@@ -261,7 +253,7 @@ std::optional<ExportedValue> RegistryExport::ownText(std::string_view line) {
     value.type = platform::RegSz;
     const std::size_t from = lines_[at_].begin + begin;
     value.text = bytes_.substr(from, lines_[closing].end - 1 - from);
-    if (sameName(value.name, "Icon")) value.text = halved(value.text);
+    if (util::equalFolded(value.name, "Icon")) value.text = halved(value.text);
     at_ = closing + 1;
     return value;
 }

@@ -82,7 +82,4 @@ private:
     bool own_ = false;
 };
 
-// Equal but for the case of the letters A to Z, as far as names of keys and values are concerned.
-bool sameName(std::string_view a, std::string_view b);
-
 }  // namespace backup

@@ -3,19 +3,17 @@
 //     Desc=Before installing new toolbar
 //     inetcpl.cpl#00004480;Example zone;Sites used for the example;65536;65536;69632;67
 //
-// One line a zone, in the registry's order; the zone's number is not in it. Nothing is escaped, so a ";" in a name
-// shifts the fields behind it. Lines end in CR LF; the reader takes LF and CR alone as well.
+// One line for each zone, in the registry's order; the zone's number is not in it. Nothing is escaped: a ";" or a line
+// break in a name or description shifts the fields after it. Lines end in CR LF; LF and CR alone are read as well.
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
 class clsStrings;
-namespace forms {
-struct Context;
-}
 
 namespace backup {
 
@@ -26,19 +24,23 @@ using ZoneFields = std::array<std::string, FieldCount>;
 // The fields with ";" between them.
 std::string joined(const ZoneFields& fields);
 
-// Adds a backup of all zones to the backup's ".tvf" file, which is created when absent. Throws util::Error when
-// the disk refuses.
-void writeZones(forms::Context& context, const std::string& baseName, const std::string& description);
-
-// The lines of a file; a last line without end counts, an empty rest behind the last end does not.
+// The lines of a file. A last line without an end counts; nothing after the last end does not.
 std::vector<std::string> splitLines(std::string_view bytes);
+std::string firstLineOf(std::string_view bytes);
 
-// The description of a backup, from its first line: what stands behind the first five characters, whatever they are.
+// The description of a backup, from its first line: what follows the first five characters, whatever they are.
 std::string descriptionOf(std::string_view firstLine);
 
-// Takes over a zone line's fields. A line of three fields leaves the levels and flags as they are, a line of any other
-// number than three and seven everything: whoever reads line after line so repeats the zone before a malformed line.
-// Throws as the tokenizer does.
+// Splits a zone's line into its fields; 0 for one whose quotes the tokenizer refuses, and then there are no elements.
+std::int32_t splitFields(clsStrings& strings, const std::string& line);
+
+// Takes over the fields of a zone's line. A line of three fields leaves the levels and flags as they are. A line of
+// any other number than three and seven leaves everything as it is: whoever reads line after line so repeats the zone
+// before a malformed line.
 void readZoneLine(clsStrings& strings, const std::string& line, ZoneFields& fields);
+
+// How many zones the lines of a zone backup describe. Lines into which the line breaks of a text have split a zone
+// count once; of several backups in one file the largest counts.
+std::size_t countZones(const std::vector<std::string>& lines);
 
 }  // namespace backup

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 
+#include "util/characters.h"
 #include "zones/zones.h"
 
 namespace backup {
@@ -11,14 +12,8 @@ namespace {
 
 using Kind = RegistryExport::Kind;
 
-std::string folded(std::string text) {
-    for (char& c : text)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    return text;
-}
-
 bool startsWith(std::string_view text, std::string_view start) {
-    return text.size() >= start.size() && sameName(text.substr(0, start.size()), start);
+    return text.size() >= start.size() && util::equalFolded(text.substr(0, start.size()), start);
 }
 
 // The zone that a key is: "" for the zones key itself, nothing for any other key.
@@ -88,7 +83,7 @@ public:
 
 private:
     static std::string placeOf(std::optional<std::size_t> zone, const std::string& value) {
-        return (zone ? std::to_string(*zone) : "") + "\\" + folded(value);
+        return (zone ? std::to_string(*zone) : "") + "\\" + util::lower(value);
     }
     ExportedZone& zone() { return result.zones[*zone_]; }
 
@@ -107,7 +102,7 @@ private:
         if (!name) return;
         inZonesKey_ = name->empty();
         if (inZonesKey_) return;
-        const auto [known, isNew] = places_.try_emplace(folded(*name), result.zones.size());
+        const auto [known, isNew] = places_.try_emplace(util::lower(*name), result.zones.size());
         if (isNew) result.zones.push_back({*name, {}, {}, false});
         zone_ = known->second;
         zone().whole = !item.own;
@@ -129,7 +124,7 @@ private:
         if (!zone_ || !item.own) return;
         for (const std::string_view line : item.lines) {
             const auto read = RegistryExport::asEditorsRead(line);
-            if (read.kind == Kind::Value && !sameName(read.value.name, item.value.name))
+            if (read.kind == Kind::Value && !util::equalFolded(read.value.name, item.value.name))
                 zone().misread.push_back(read.value.name);
         }
     }

@@ -2,9 +2,9 @@
 
 #include "backup/BackupFile.h"
 #include "backup/ExportFile.h"
-#include "backup/ZoneFile.h"
+#include "backup/ZoneFileWriter.h"
 #include "forms/EtchedLine.h"
-#include "ui/Hourglass.h"
+#include "ui/Busy.h"
 #include "ui/Layout.h"
 #include "ui/PendingEvents.h"
 #include "util/characters.h"
@@ -42,29 +42,36 @@ void frmBackup::cmdCancel_Click() {
     procedure("frmBackup.cmdCancel_Click", [&] { unload(); });
 }
 
-// While the export is being written the user may do anything. Closing this window or the main window does not stop
-// the backup, half of which would be of no use; a second press would write both files twice.
+// While it writes it lets the windows live, and takes no input: a zone that is deleted meanwhile would be half in the
+// backup. What fails leaves the window open, with the description in it.
 void frmBackup::cmdBackup_Click() {
     procedure("frmBackup.cmdBackup_Click", [&] {
-        const ui::Hourglass hourglass(*this);
-        cmdBackup.setEnabled(false);
-        const std::string name = backup::baseName(context_.platform.system.GetLocalTime());
-        std::string description(util::trimmed(txtDescription.text()));
-        if (description.empty()) description = name;
-
-        SaveRegFile(name);
-        SaveZoneFile(name, description);
-        unload();
+        bool written = false;
+        {
+            const ui::Busy busy(*this);
+            const std::string name = backup::freeName(context_.platform);
+            std::string description(util::trimmed(txtDescription.text()));
+            if (description.empty()) description = name;
+            // One list for both files: they are to tell of the same zones.
+            const std::vector<std::string> zones = backup::listZones(context_.registry);
+            written = SaveRegFile(name, zones) && SaveZoneFile(name, description, zones);
+        }
+        if (written) unload();
     });
 }
 
-void frmBackup::SaveRegFile(const std::string& fileName) {
-    procedure("frmBackup.SaveRegFile", [&] {
+bool frmBackup::SaveRegFile(const std::string& fileName, const std::vector<std::string>& zones) {
+    return procedure("frmBackup.SaveRegFile", [&] {
         ui::PendingEvents pending(context_.platform);
-        backup::writeExport(context_, fileName, [&] { pending.handleWhenDue(); });
+        backup::writeExport(context_, fileName, zones, [&] { pending.handleWhenDue(); });
+        return true;
     });
 }
 
-void frmBackup::SaveZoneFile(const std::string& fileName, const std::string& description) {
-    procedure("frmBackup.SaveZoneFile", [&] { backup::writeZones(context_, fileName, description); });
+bool frmBackup::SaveZoneFile(const std::string& fileName, const std::string& description,
+                             const std::vector<std::string>& zones) {
+    return procedure("frmBackup.SaveZoneFile", [&] {
+        backup::writeZones(context_, fileName, description, zones);
+        return true;
+    });
 }

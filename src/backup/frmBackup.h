@@ -1,6 +1,9 @@
 // Asks for a description and writes a backup of all zones: a registry export and a zone backup of one name.
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "forms/Context.h"
 #include "ui/CommandButton.h"
 #include "ui/Form.h"
@@ -21,8 +24,10 @@ protected:
 private:
     void cmdBackup_Click();
     void cmdCancel_Click();
-    void SaveRegFile(const std::string& fileName);
-    void SaveZoneFile(const std::string& fileName, const std::string& description);
+    // False when it failed, which the user has been told.
+    bool SaveRegFile(const std::string& fileName, const std::vector<std::string>& zones);
+    bool SaveZoneFile(const std::string& fileName, const std::string& description,
+                      const std::vector<std::string>& zones);
 
     forms::Context& context_;
 };

@@ -1,22 +1,23 @@
 #include "backup/frmRestore.h"
 
 #include "backup/BackupFile.h"
-#include "backup/ExportFile.h"
 #include "backup/ZoneFile.h"
-#include "errors/messages.h"
 #include "forms/WindowProc.h"
 #include "icons/ExtractIcon.h"
 #include "ui/Hourglass.h"
 #include "ui/Layout.h"
 #include "util/Error.h"
 #include "util/basSystem.h"
+#include "util/characters.h"
 #include "util/clsStrings.h"
 #include "util/procedure.h"
 #include "zones/zones.h"
 
 namespace {
 
-constexpr int WatchInterval = 250;  // milliseconds
+constexpr int WatchInterval = 250, FillInterval = 10;  // milliseconds
+constexpr std::uint32_t FillTime = 150;                // milliseconds, of adding zones in one go
+constexpr std::size_t FillSteps = 16;                  // zones from one look at the clock to the next
 
 using namespace ui::layout;
 constexpr ui::Twips Width = 7500, Left = 2835;
@@ -30,7 +31,17 @@ constexpr ui::Twips RowTop = 285, Row = 240;
 
 }  // namespace
 
-frmRestore::frmRestore(forms::Context& context)
+struct frmRestore::Filling {
+    explicit Filling(platform::Platform& platform) : icons(platform) {}
+
+    std::vector<std::string> lines;
+    std::size_t next = 1;  // after the description
+    backup::ZoneFields zone;
+    clsStrings strings;
+    basMain::IconCache icons;
+};
+
+frmRestore::frmRestore(forms::Context& context, backup::Restoration& restoration)
     : Form(context.platform.desktop, Kind::Dialog, "frmRestore", "Preview/Restore Backup",
            {Width, ButtonsTop + ButtonHeight + Margin}),
       // ---- left: the backups
@@ -62,7 +73,9 @@ frmRestore::frmRestore(forms::Context& context)
       picHolder(*this, "picHolder", {0, 0, 480, 480}),
       picDummy(*this, "picDummy", {0, 0, 480, 480}),
       tmrWatch(*this, "tmrWatch", WatchInterval),
-      context_(context) {
+      tmrFill(*this, "tmrFill", FillInterval),
+      context_(context),
+      restoration_(restoration) {
     ui::Twips top = RowTop;
     for (const char* caption : {"Current Level: ", "Minimum Level: ", "Recommended Level: ", "Flags:"}) {
         zzzlblInfo.add(zzzfraInfo, {Margin, top, ValueLeft - Margin, 225}, caption);
@@ -78,9 +91,12 @@ frmRestore::frmRestore(forms::Context& context)
     cmdRestore.onClick = [this] { cmdRestore_Click(); };
     cmdDelete.onClick = [this] { cmdDelete_Click(); };
     tmrWatch.onTimer = [this] { tmrWatch_Timer(); };
+    tmrFill.onTimer = [this] { tmrFill_Timer(); };
     tmrWatch.setEnabled(true);
     setDefaultButton(cmdRestore);
 }
+
+frmRestore::~frmRestore() = default;
 
 // Load, unload, watch -------------------------------------------------------------------------------------------
 
@@ -88,7 +104,6 @@ void frmRestore::Form_Load() {
     procedure("frmRestore.Form_Load", [&] {
         basMain::Hook(*this);
         ListView1.setColumn("File", ListView1.width());
-        const ui::Hourglass hourglass(*this);
         ListBackups();
     });
 }
@@ -96,7 +111,8 @@ void frmRestore::Form_Load() {
 void frmRestore::Form_Unload() {
     procedure("frmRestore.Form_Unload", [&] {
         basMain::Unhook(*this);
-        lines_.clear();
+        tmrFill.setEnabled(false);
+        filling_.reset();
     });
 }
 
@@ -117,10 +133,7 @@ void frmRestore::ListBackups() {
 void frmRestore::GetFileInformation(const std::string& folder, const std::string& pattern) {
     procedure("frmRestore.GetFileInformation", [&] {
         ListView1.clear();
-        lvwZones.clear();
-        picZoneIcon.clear();
-        lblZoneCaption.setCaption("");
-        lblZoneName.setCaption("");
+        ClearPreview();
 
         platform::Files& files = context_.platform.files;
         platform::Files::Search search = 0;
@@ -133,7 +146,10 @@ void frmRestore::GetFileInformation(const std::string& folder, const std::string
         } closer{files, search};
         do {
             if (found.attributes & platform::FileAttributeDirectory) continue;
-            const std::string path = folder + basSystem::TrimNull(found.name);
+            const std::string name = basSystem::TrimNull(found.name);
+            // The system compares the pattern with the short names of files as well: "a.tvfold" is also "A~1.TVF".
+            if (!util::lower(name).ends_with(".tvf")) continue;
+            const std::string path = folder + name;
             ListView1.add({ParseFile(path), 0, path, {}});
         } while (files.findNext(search, found) == platform::Success);
     });
@@ -146,27 +162,41 @@ std::string frmRestore::ParseFile(const std::string& path) {
         std::string start = backup::read(context_.platform, path, UsualFirstLine);
         if (start.size() == UsualFirstLine && start.find_first_of("\r\n") == std::string::npos)
             start = backup::read(context_.platform, path);
-        return backup::descriptionOf(start.substr(0, start.find_first_of("\r\n")));
+        return backup::descriptionOf(backup::firstLineOf(start));
     });
 }
 
 void frmRestore::ListView1_ItemClick(int item) {
     procedure("frmRestore.ListView1_ItemClick", [&] {
         selected_ = ListView1.item(item).tag;
-        ilsZoneIcons.clear();
-        lvwZones.clear();
+        ClearPreview();
         FillList(selected_);
     });
+}
+
+void frmRestore::ClearPreview() {
+    tmrFill.setEnabled(false);
+    filling_.reset();
+    lvwZones.clear();
+    ilsZoneIcons.clear();
+    picZoneIcon.clear();
+    for (ui::Label* label : {&lblZoneName, &lblZoneCaption, &lblCurrent, &lblMin, &lblRec, &lblFlags})
+        label->setCaption("");
 }
 
 void frmRestore::cmdDelete_Click() {
     procedure("frmRestore.cmdDelete_Click", [&] {
         if (selected_.empty()) return;
-        // The export first: when it is not there, the zone backup stays and the user is told.
-        backup::remove(context_.platform, backup::partnerOf(selected_));
-        backup::remove(context_.platform, selected_);
+        const std::string zoneFile = std::exchange(selected_, {});
+        try {
+            // The export first: when it is not there, the zone backup stays and the user is told.
+            backup::remove(context_.platform, backup::partnerOf(zoneFile));
+            backup::remove(context_.platform, zoneFile);
+        } catch (const util::Error&) {
+            ListBackups();  // what is left of it, not selected
+            throw;
+        }
         ListBackups();
-        selected_.clear();
     });
 }
 
@@ -174,31 +204,17 @@ void frmRestore::cmdDelete_Click() {
 
 void frmRestore::FillList(const std::string& path) {
     procedure("frmRestore.FillList", [&] {
-        lines_.clear();
-        lines_ = backup::splitLines(backup::read(context_.platform, path));
+        auto filling = std::make_unique<Filling>(context_.platform);
+        filling->lines = backup::splitLines(backup::read(context_.platform, path));
+        filling_ = std::move(filling);
         ParseInfo();
     });
 }
 
 void frmRestore::ParseInfo() {
     procedure("frmRestore.ParseInfo", [&] {
-        struct Release {
-            std::vector<std::string>& lines;
-            ~Release() { std::vector<std::string>().swap(lines); }
-        } release{lines_};
-
         ilsZoneIcons.add(picDummy.picture());
-        basMain::IconCache icons(context_.platform);
-        clsStrings strings;
-        backup::ZoneFields zone;
-        for (std::size_t line = 1; line < lines_.size(); ++line) {
-            backup::readZoneLine(strings, lines_[line], zone);
-            basMain::ExtractIcon(icons, icons::referenceOrDefault(context_.platform, zone[backup::Icon]), 32,
-                                 picHolder);
-            const int image = ilsZoneIcons.add(picHolder.picture());
-            lvwZones.add({zone[backup::Name], image, backup::joined(zone), {}});
-            picHolder.clear();
-        }
+        AddZones();
         if (lvwZones.count() == 0)
             throw util::Error(util::NumberOutOfRange, "frmRestore", "This backup holds no zones.");
         lvwZones.setSelected(1);
@@ -206,11 +222,34 @@ void frmRestore::ParseInfo() {
     });
 }
 
+void frmRestore::AddZones() {
+    Filling& f = *filling_;
+    platform::System& clock = context_.platform.system;
+    const std::uint32_t begun = clock.GetTickCount();
+    for (; f.next < f.lines.size(); ++f.next) {
+        if (f.next % FillSteps == 0 && clock.GetTickCount() - begun >= FillTime) return tmrFill.setEnabled(true);
+        backup::readZoneLine(f.strings, f.lines[f.next], f.zone);
+        basMain::ExtractIcon(f.icons, icons::referenceOrDefault(context_.platform, f.zone[backup::Icon]), 32,
+                             picHolder);
+        const int image = ilsZoneIcons.add(picHolder.picture());
+        lvwZones.add({f.zone[backup::Name], image, backup::joined(f.zone), {}});
+        picHolder.clear();
+    }
+    tmrFill.setEnabled(false);
+    filling_.reset();
+}
+
+void frmRestore::tmrFill_Timer() {
+    procedure("frmRestore.tmrFill_Timer", [&] {
+        if (filling_) AddZones();
+    });
+}
+
 void frmRestore::lvwZones_ItemClick(int item) {
     procedure("frmRestore.lvwZones_ItemClick", [&] {
         picZoneIcon.clear();
         clsStrings strings;
-        const std::int32_t fields = strings.Initialise(lvwZones.item(item).tag, ";");
+        const std::int32_t fields = backup::splitFields(strings, lvwZones.item(item).tag);
         const auto field = [&](backup::Field which) { return strings.ElementAsString(which + 1); };
         if (fields == backup::FieldCount) {
             lblCurrent.setCaption(zones::GetSecurity(field(backup::CurrentLevel)));
@@ -229,39 +268,11 @@ void frmRestore::lvwZones_ItemClick(int item) {
 void frmRestore::cmdRestore_Click() {
     procedure("frmRestore.cmdRestore_Click", [&] {
         if (selected_.empty()) return;
-        const std::string folder = basSystem::GetWinDir(context_.platform);
-        if (folder.empty())
-            throw util::Error(util::NumberFileNotFound, "frmRestore", "The Windows folder cannot be found.");
-        const std::string file = backup::partnerOf(selected_);
-        if (!basSystem::FileExists(context_.platform, file)) KeepWhatWouldBeLost();
-        const clsRegistry::FailureWatch watch(context_.registry);
-        context_.registry.DeleteZone(zones::ZonesKey);
-        const bool deleted = !watch.failed();
-
-        // By its full path: a file of that name beside the program is never run.
-        const std::string editor = basSystem::QualifyPath(folder) + "regedit.exe";
-        platform::Launcher& launcher = context_.platform.launcher;
-        platform::Launcher::Process import = 0;
-        const platform::Result code = launcher.start(editor, "/s \"" + file + "\"", import);
-        if (context_.mainWindow) context_.mainWindow->ReloadWhileImporting(import);
-        if (code != platform::Success)
-            throw util::Error(util::NumberFileNotFound, "frmRestore",
-                              "The registry editor \"" + editor + "\" cannot be started. " +
-                                  context_.platform.modules.FormatMessageA(code));
-        if (!deleted)
-            errors::tell(context_.platform,
-                         "The registry refused to delete some zones. What they hold beyond the backup stays.");
+        {
+            const ui::Hourglass hourglass(*this);
+            if (!restoration_.begin(selected_)) return;
+        }
         selected_.clear();
         unload();
     });
-}
-
-// Restoring deletes the zones before the registry editor reads the export, and the registry editor says nothing when
-// there is none. So the zones are first backed up themselves, under a description that tells why: the user finds them
-// in this very list. When that cannot be done nothing is deleted.
-void frmRestore::KeepWhatWouldBeLost() {
-    const std::string name = backup::baseName(context_.platform.system.GetLocalTime());
-    backup::writeExport(context_, name, [] {});
-    backup::writeZones(context_, name,
-                       "Zones before restoring \"" + ParseFile(selected_) + "\", whose registry export is missing");
 }

@@ -1,8 +1,10 @@
 // Lists the backups, shows what is in one, and restores or deletes it.
 #pragma once
 
-#include <vector>
+#include <memory>
+#include <string>
 
+#include "backup/Restoration.h"
 #include "forms/Context.h"
 #include "ui/CommandButton.h"
 #include "ui/ControlArray.h"
@@ -16,7 +18,8 @@
 
 class frmRestore : public ui::Form {
 public:
-    explicit frmRestore(forms::Context& context);
+    frmRestore(forms::Context& context, backup::Restoration& restoration);
+    ~frmRestore() override;
 
     ui::Label Label1;
     ui::ListView ListView1;      // the backups
@@ -31,6 +34,7 @@ public:
     ui::CommandButton cmdRestore, cmdDelete;
     ui::Image picHolder, picDummy;
     ui::Timer tmrWatch;
+    ui::Timer tmrFill;  // runs while zones of a long backup are still being added
 
 protected:
     void Form_Load() override;
@@ -42,6 +46,7 @@ private:
     void cmdRestore_Click();
     void cmdDelete_Click();
     void tmrWatch_Timer();
+    void tmrFill_Timer();
 
     // Lists the files that match `pattern` in `folder`, which ends in a backslash.
     void GetFileInformation(const std::string& folder, const std::string& pattern);
@@ -51,9 +56,16 @@ private:
     // Shows the zones of a backup, and previews the first.
     void FillList(const std::string& path);
     void ParseInfo();
-    void KeepWhatWouldBeLost();
+    // Adds zones for a fraction of a second. What remains is added by the timer, unless the user has turned to another
+    // backup or left by then.
+    void AddZones();
+    void ClearPreview();
+
+    // A backup whose zones are being added to the list.
+    struct Filling;
 
     forms::Context& context_;
-    std::string selected_;            // path of the ".tvf" file, "" for none
-    std::vector<std::string> lines_;  // of the backup being shown
+    backup::Restoration& restoration_;
+    std::string selected_;  // path of the ".tvf" file, "" for none
+    std::unique_ptr<Filling> filling_;
 };

@@ -19,10 +19,6 @@ public:
     virtual int zoneCount() const = 0;  // in its list
     // Reads the zones again, too. Having none, or only some, is nothing to report then.
     virtual void ReloadAsItIs() = 0;
-    // Shows the zones as they are now, and once more when `import` has ended: the registry editor writes them while the
-    // program goes on. Having no zones, or only some, is nothing to report then. Takes over the process, which may be
-    // 0.
-    virtual void ReloadWhileImporting(platform::Launcher::Process import) = 0;
 };
 
 struct Context {

@@ -52,7 +52,8 @@ public:
     using Process = std::uintptr_t;  // 0 is no process
 
     virtual ~Launcher() = default;
-    // Starts `program` (full path) hidden with `arguments` and does not wait. The process is closed by the caller.
+    // Starts `program` (full path) hidden with `arguments`, in the folder it is in, and does not wait. The process is
+    // closed by the caller.
     virtual Result start(const std::string& program, const std::string& arguments, Process& process) = 0;
     virtual bool running(Process process) = 0;
     virtual void close(Process process) = 0;

@@ -38,6 +38,10 @@ void Control::setVisible(bool visible) {
     if (store(visible_, visible)) updatePeersWithin(&Peer::applyShowing);
 }
 
+bool Control::usable() const {
+    return enabled_ && showing() && !form().busy();
+}
+
 void Control::setEnabled(bool enabled) {
     if (store(enabled_, enabled)) updatePeer(&Peer::applyEnabled);
 }

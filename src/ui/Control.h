@@ -84,8 +84,8 @@ public:
 
 protected:
     void replay() override;
-    // Whether a user's entry counts: nobody clicks what is disabled or hidden.
-    bool usable() const { return enabled_ && showing(); }
+    // Whether a user's entry counts: nobody clicks what is disabled or hidden, or anything while the form is busy.
+    bool usable() const;
 
 private:
     template <class... Verbs>

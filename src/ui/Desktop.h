@@ -1,6 +1,7 @@
 // Where forms are shown and questions asked: the part of the system that people see.
 #pragma once
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <vector>
@@ -59,6 +60,10 @@ public:
 
     // The loaded forms, in the order in which they were loaded.
     const std::vector<Form*>& forms() const { return forms_; }
+    // Whether any of them is busy.
+    bool busy() const {
+        return std::any_of(forms_.begin(), forms_.end(), [](const Form* form) { return form->busy(); });
+    }
     void formLoaded(Form& form) { forms_.push_back(&form); }
     void formUnloaded(Form& form) { std::erase(forms_, &form); }
 

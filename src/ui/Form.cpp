@@ -63,6 +63,10 @@ void Form::setPointer(Pointer pointer) {
     if (store(pointer_, pointer)) updatePeer(&Peer::applyPointer);
 }
 
+void Form::setBusy(bool busy) {
+    if (store(busy_, busy)) updatePeer(&Peer::applyBusy);
+}
+
 void Form::setDefaultButton(CommandButton& button) {
     if (store(defaultButton_, &button)) updatePeer(&Peer::applyDefaultButton);
 }
@@ -107,11 +111,16 @@ void Form::setShown(bool shown) {
     if (store(shown_, shown) && shown) raise(onShown);
 }
 
+void Form::closeBox() {
+    if (!desktop_.busy()) unload();
+}
+
 void Form::pressEnter() {
-    if (defaultButton_) defaultButton_->click();
+    if (defaultButton_ && !busy_) defaultButton_->click();
 }
 
 void Form::pressEscape() {
+    if (busy_) return;
     if (cancelButton_) {
         cancelButton_->click();
     } else if (kind_ == Kind::Dialog) {
@@ -140,6 +149,7 @@ void Form::attach(PeerFactory& factory, const Form* owner) {
         peer->applySize();
         peer->applyLines();
         peer->applyPointer();
+        peer->applyBusy();
         peer->applyDefaultButton();
         peer->applyHook();
     } catch (...) {

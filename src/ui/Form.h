@@ -33,6 +33,7 @@ public:
         virtual void applySize() = 0;  // width() and height(), the whole window
         virtual void applyHook() = 0;
         virtual void applyPointer() = 0;
+        virtual void applyBusy() = 0;
         virtual void applyDefaultButton() = 0;
         virtual void applyLines() = 0;
         virtual void applyUnloaded() = 0;  // hide now; the peer is destroyed soon, outside every handler
@@ -75,6 +76,10 @@ public:
     Pointer pointer() const { return pointer_; }
     void setPointer(Pointer pointer);
 
+    // While a form is busy neither the user nor the end of the session closes any, and it takes no input.
+    bool busy() const { return busy_; }
+    void setBusy(bool busy);
+
     const std::vector<Line>& lines() const { return lines_; }
     void drawLine(const Line& line);
     void clearLines();
@@ -90,7 +95,7 @@ public:
     // The user's entries: Enter, Esc, the close box, a drag of the window's border.
     void pressEnter();
     void pressEscape();
-    void closeBox() { unload(); }
+    void closeBox();
     void userResized(Size client);
 
     // Every component in the order made, which is the tab order of the controls.
@@ -130,6 +135,7 @@ private:
     WindowHook hook_;
     Pointer pointer_ = Pointer::Default;
     std::vector<Line> lines_;
+    bool busy_ = false;
     bool loaded_ = false;
     bool shown_ = false;
 };

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "ui/CommandButton.h"
+#include "ui/Desktop.h"
 #include "win32/Callbacks.h"
 #include "win32/ControlWindow.h"
 #include "win32/MenuPeer.h"
@@ -98,6 +99,13 @@ void FormPeer::applyHook() {
 
 void FormPeer::applyPointer() {
     if (live_) SetCursor(LoadCursorA(nullptr, form_.pointer() == ui::Pointer::Hourglass ? IDC_WAIT : IDC_ARROW));
+}
+
+// Disabling takes the focus away from the form's controls.
+void FormPeer::applyBusy() {
+    if ((IsWindowEnabled(window_) == FALSE) == form_.busy()) return;
+    EnableWindow(window_, !form_.busy());
+    if (!form_.busy() && GetActiveWindow() == window_) focusActiveControl();
 }
 
 void FormPeer::applyDefaultButton() {
@@ -205,6 +213,8 @@ bool FormPeer::handle(UINT message, WPARAM w, LPARAM l) {
         case WM_CLOSE:
             if (live_) form_.closeBox();
             return true;
+        case WM_QUERYENDSESSION:
+            return form_.desktop().busy() && answer(FALSE);
         case WM_SIZE:
             return w != SIZE_MINIMIZED && resized({LOWORD(l), HIWORD(l)});
         case WM_GETMINMAXINFO:

@@ -30,6 +30,7 @@ public:
     void applySize() override;
     void applyHook() override;
     void applyPointer() override;
+    void applyBusy() override;
     void applyDefaultButton() override;
     void applyLines() override;
     void applyUnloaded() override;

@@ -76,8 +76,15 @@ Result libraryVersion(LibraryVersion& version) {
 
 }  // namespace
 
+// Where several users share a machine over the network each has a Windows folder of his own, without the programs of
+// the real one. Systems that do not know that tell the only one there is.
 std::string System::GetWindowsDirectoryA() {
-    return folder(::GetWindowsDirectoryA);
+    using Get = UINT(WINAPI*)(LPSTR, UINT);
+    const HMODULE kernel = GetModuleHandleA("kernel32.dll");
+    const auto shared = reinterpret_cast<Get>(
+        reinterpret_cast<void*>(kernel ? GetProcAddress(kernel, "GetSystemWindowsDirectoryA") : nullptr));
+    const std::string found = shared ? folder(shared) : std::string();
+    return found.empty() ? folder(::GetWindowsDirectoryA) : found;
 }
 std::string System::GetSystemDirectoryA() {
     return folder(::GetSystemDirectoryA);
@@ -141,8 +148,10 @@ Result Launcher::start(const std::string& program, const std::string& arguments,
     startup.dwFlags = STARTF_USESHOWWINDOW;
     startup.wShowWindow = SW_HIDE;
     PROCESS_INFORMATION started = {};
-    if (!CreateProcessA(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                        &started))
+    // Not in this program's current folder, where libraries might be that it would load.
+    const std::string own = program.substr(0, program.rfind('\\') + 1);
+    if (!CreateProcessA(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                        own.empty() ? nullptr : own.c_str(), &startup, &started))
         return GetLastError();
     CloseHandle(started.hThread);
     process = reinterpret_cast<Process>(started.hProcess);

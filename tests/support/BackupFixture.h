@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "app/Application.h"
+#include "backup/Restoration.h"
 #include "errors/frmError.h"
 #include "support/TestSystem.h"
 #include "ui/ListView.h"
@@ -14,6 +15,7 @@ struct BackupFixture : testing::Test {
 
     TestSystem system;
     app::Application program{system.platform()};
+    backup::Restoration restoration{program};
     ScriptedDesktop& desktop = system.desktop;
 
     static std::string zoneKey(const std::string& zone) { return std::string(zones::ZonesKey) + "\\" + zone; }
@@ -21,9 +23,17 @@ struct BackupFixture : testing::Test {
     // Shows a dialog to a user who does what `script` says and closes it.
     template <class F>
     void use(std::function<void(F&)> script) {
-        F form(program);
-        desktop.expectForm<F>(std::move(script));
-        form.showModal();
+        const auto show = [&](F& form) {
+            desktop.expectForm<F>(std::move(script));
+            form.showModal();
+        };
+        if constexpr (std::is_constructible_v<F, forms::Context&>) {
+            F form(program);
+            show(form);
+        } else {
+            F form(program, restoration);
+            show(form);
+        }
     }
     // The user reads an error dialog about a procedure, and goes on.
     void expectError(const std::string& procedure, const std::string& text) {

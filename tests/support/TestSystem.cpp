@@ -102,6 +102,7 @@ void TestSystem::reset() {
     if (Simulation* s = simulation()) {
         s->files.addFolder(system.folder);
         s->files.addFolder(s->system.systemFolder);
+        s->files.addFile(s->system.windowsFolder + "\\regedit.exe", "");
         // The registry editor of this system: what it is given to read is in the registry when it ends.
         s->launcher.onStart = [this](const simulated::Launcher::Started& started) {
             const std::size_t begin = started.arguments.find('"') + 1;
