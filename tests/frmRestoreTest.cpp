@@ -277,9 +277,10 @@ TEST_F(Restoring, LetsNothingElseBeginWhileTheEditorRuns) {
     setZones(6, "half");
     window.RebuildList();
     window.lvwZones.click(6);
-    const std::function<void()> refused[] = {[&] { window.mnuFileBackup.click(); },
-                                             [&] { window.mnuFileRestore.click(); },
-                                             [&] { window.cmdZoneOption(2).click(); }};
+    const std::function<void()> refused[] = {
+        [&] { window.mnuFileBackup.click(); }, [&] { window.mnuFileRestore.click(); },
+        [&] { window.cmdZoneOption(0).click(); }, [&] { window.mnuEditAdd.click(); },
+        [&] { window.cmdZoneOption(2).click(); }};
     for (const auto& action : refused) {
         desktop.expectMessage("A backup is being restored. Please wait until that is done.", ui::Answer::Ok);
         action();
@@ -290,12 +291,11 @@ TEST_F(Restoring, LetsNothingElseBeginWhileTheEditorRuns) {
     EXPECT_EQ(texts(window.lvwZones)[0], "half") << "not below the editor";
     system.endPrograms();
     // Not below an open dialog, which works on the selected zone.
-    desktop.use<frmAdd>(
-        [&](frmAdd&) {
-            window.tmrImport.tick();
-            EXPECT_EQ(texts(window.lvwZones)[0], "half");
-        },
-        [&] { window.mnuEditAdd.click(); });
+    use<frmBackup>([&](frmBackup& form) {
+        window.tmrImport.tick();
+        EXPECT_EQ(texts(window.lvwZones)[0], "half");
+        form.pressEscape();
+    });
     window.tmrImport.tick();
     EXPECT_EQ(texts(window.lvwZones)[0], "old");
     EXPECT_FALSE(copied());
@@ -367,6 +367,26 @@ TEST_F(Restoring, DoesWithoutARegistryEditorWhenTheExportCanBeRead) {
     });
     EXPECT_EQ(values(), other);
     EXPECT_FALSE(copied());
+}
+
+// What an editor would import unseen may touch anything.
+TEST_F(Restoring, LooksThroughAnExportOrDoesNotImportIt) {
+    setZones(2, "old");
+    backUpZones();
+    const Values old = values();
+    setZones(3, "other");
+    restoreZones([&](frmRestore&) { system.files.watch.failOn("read", 1, platform::AccessDenied); });
+    EXPECT_TRUE(system.launcher.started.empty());
+    endImport();
+    EXPECT_EQ(values(), old) << "it could be read by then";
+    EXPECT_FALSE(copied());
+
+    if (!idleEditor()) return;
+    setZones(3, "other");
+    restoreZones();
+    system.files.remove(inBackups(std::string(Name) + ".reg"));
+    endImport();
+    EXPECT_EQ(values(), old) << "as it was read before";
 }
 
 TEST_F(Restoring, AsksWhenAnExportBringsFewerZonesAndPutsThemBackAsTheyWere) {

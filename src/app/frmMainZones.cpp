@@ -9,6 +9,8 @@
 
 void frmMain::cmdZoneOption_Click(int index) {
     procedure("frmMain.cmdZoneOption_Click", [&] {
+        // Also of editing and adding: what is written now the import would write over.
+        if (WaitsForImport()) return;
         if (index == 0) EditSelectedZone();
         if (index == 1) AddZone();
         if (index == 2) DeleteSelectedZone();
@@ -45,7 +47,6 @@ void frmMain::AddZone() {
 // Deleting ------------------------------------------------------------------------------------------------------
 
 void frmMain::DeleteSelectedZone() {
-    if (WaitsForImport()) return;
     if (lvwZones.selected() == 0) return;
     // What was asked about is what goes, whatever the list shows when the question has been answered.
     const std::string zone = selection_.zone, name = selectedName();

@@ -28,11 +28,16 @@ bool contains(const std::vector<std::string>& names, const std::string& name) {
 
 }  // namespace
 
+bool Restoration::Source::mayBeImported() const {
+    const bool missing = code == platform::FileNotFound || code == platform::PathNotFound;
+    return missing || (code == platform::Success && !zones.forbidden);
+}
+
 bool Restoration::begin(const std::string& zoneFile) {
     if (importing()) return false;
     platform::Platform& platform = context_.platform;
     const std::string exportFile = partnerOf(zoneFile);
-    const Source source = readSource(zoneFile);
+    Source source = readSource(zoneFile);
     if (source.zones.forbidden) {
         errors::tell(platform, "The registry export \"" + exportFile +
                                    "\" would change more than the zones: it names \"" + *source.zones.forbidden +
@@ -56,6 +61,7 @@ bool Restoration::begin(const std::string& zoneFile) {
     job_->zoneFile = zoneFile;
     job_->copy = copy;
     job_->wanted = wanted;
+    job_->source = std::move(source);
     run(program, exportFile);
     return true;
 }
@@ -114,7 +120,8 @@ void Restoration::run(const std::string& editor, const std::string& exportFile) 
     job_->left = context_.registry.DirKey().value_or(std::vector<std::string>());
     const bool deleted = !watch.failed() && job_->left.empty();
 
-    if (!editor.empty()) platform.launcher.start(editor, "/s \"" + exportFile + "\"", job_->editor);
+    if (!editor.empty() && job_->source.mayBeImported())
+        platform.launcher.start(editor, "/s \"" + exportFile + "\"", job_->editor);
     if (context_.mainWindow) context_.mainWindow->ReloadAsItIs();
     if (!deleted)
         errors::tell(platform, "The registry refused to delete some zones. What they hold beyond the backup stays.");
@@ -142,18 +149,12 @@ void Restoration::abandon() {
 }
 
 std::size_t Restoration::complete(const Job& job) {
-    const Source source = readSource(job.zoneFile);
+    // What was read before the import counts: a file that cannot be read by now costs nothing.
+    const Source source = job.source.code == platform::Success ? job.source : readSource(job.zoneFile);
     std::size_t restored = 0;
     mendZonesKey(context_.registry, source.zones.values);
     for (const ExportedZone& zone : source.zones.zones)
         if (mendZone(context_.registry, zone, !contains(job.left, zone.name)) && zone.whole) ++restored;
-    // What the program could not read the editor may have.
-    if (source.code != platform::Success && source.code != platform::FileNotFound &&
-        source.code != platform::PathNotFound) {
-        zones::goToZones(context_.registry);
-        for (const std::string& zone : context_.registry.DirKey().value_or(std::vector<std::string>()))
-            if (!contains(job.left, zone)) ++restored;
-    }
     return restored;
 }
 
@@ -178,10 +179,10 @@ void Restoration::putBack(const std::string& copy) {
     job_.emplace();
     job_->zoneFile = job_->copy = copy;
     job_->puttingBack = true;
-    const Source source = readSource(copy);
-    job_->wanted = zonesWanted(copy, source);
-    // An export may hold texts that an editor would take for other keys; the program reads them right.
-    run(source.zones.forbidden ? "" : editor(), partnerOf(copy));
+    job_->source = readSource(copy);
+    job_->wanted = zonesWanted(copy, job_->source);
+    // With texts in it that an editor would take for other keys it is not imported; the program reads them right.
+    run(editor(), partnerOf(copy));
 }
 
 // The zone file first: without it the backup is no longer listed, whatever becomes of the other.

@@ -34,18 +34,21 @@ public:
     void abandon();
 
 private:
+    struct Source {
+        platform::Result code = platform::Success;  // of reading the export
+        ZonesExport zones;
+        // An editor is never started on an export that is there and was not looked through.
+        bool mayBeImported() const;
+    };
     struct Job {
         std::string zoneFile;
+        Source source;                  // of `zoneFile`, as it was when the import began
         std::string copy;               // the zone file of the zones as they were; "" when there were none
         std::size_t wanted = 0;         // zones that the backup has
         std::vector<std::string> left;  // zones that could not be deleted
         platform::Launcher::Process editor = 0;
         bool puttingBack = false;  // `zoneFile` is the copy
         bool ending = false;       // the editor has ended
-    };
-    struct Source {
-        platform::Result code = platform::Success;  // of reading the export
-        ZonesExport zones;
     };
     Source readSource(const std::string& zoneFile) const;
     std::size_t zonesWanted(const std::string& zoneFile, const Source& source) const;
