@@ -39,7 +39,7 @@ public:
     virtual Result EnumResourceTypesA(Module module, std::vector<ResourceId>& types) = 0;
     virtual Result EnumResourceNamesA(Module module, const ResourceId& type, std::vector<ResourceId>& names) = 0;
 
-    // At most 254 characters; "" when there is no such string.
+    // "" when there is no such string.
     virtual std::string LoadStringA(Module module, std::uint32_t number) = 0;
 
     // The number of icon groups in a program file or icons in an icon file; 0 for anything else.

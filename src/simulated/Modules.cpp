@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "platform/ImageLayout.h"
+#include "platform/StringTable.h"
 #include "simulated/Names.h"
 
 namespace simulated {
@@ -14,7 +15,6 @@ using namespace platform;
 namespace {
 
 constexpr Result NoResourceType = 1813, NoResourceName = 1814;  // ERROR_RESOURCE_TYPE_NOT_FOUND, ..._NAME_NOT_FOUND
-constexpr std::size_t LongestString = 254;
 
 // "#100" is the number 100.
 ResourceId normal(const ResourceId& id) {
@@ -152,13 +152,13 @@ Result Modules::EnumResourceNamesA(Module handle, const ResourceId& type, std::v
     return Success;
 }
 
-std::string Modules::LoadStringA(Module handle, std::uint32_t id) {
-    const ProgramFile* program = module(handle);
-    if (!program) return "";
-    const auto found = program->strings().find(id);
-    if (found != program->strings().end()) return found->second.substr(0, LongestString);
-    fail(NoResourceName);
-    return "";
+std::string Modules::LoadStringA(Module handle, std::uint32_t number) {
+    const ResourceInfo info = FindResourceA(handle, stringBlockOf(number), RtString);
+    const auto characters = stringInBlock(LockResource(handle, info, info), number);
+    std::string text;
+    for (std::size_t at = 0; characters && at < characters->size(); at += 2)
+        text.push_back(static_cast<char>((*characters)[at]));
+    return text;
 }
 
 std::uint32_t Modules::countIcons(const std::string& path) {

@@ -31,7 +31,6 @@ public:
 
     const Type* find(const platform::ResourceId& type) const;
     const std::vector<Type>& types() const { return types_; }
-    const std::map<std::uint32_t, std::string>& strings() const { return strings_; }
 
 private:
     std::vector<Type> types_;

@@ -6,11 +6,12 @@
 
 #include <algorithm>
 #include <exception>
+#include <limits>
 
-#include "platform/bytes.h"
+#include "platform/ResourceTree.h"
+#include "platform/StringTable.h"
 #include "win32/DelayLoaded.h"
 #include "win32/Graphics.h"
-#include "win32/ResourceTree.h"
 
 namespace win32 {
 
@@ -34,41 +35,39 @@ ResourceId portable(const char* id) {
     return std::string(id);
 }
 
-// The bytes from `address` on that can be read, at most `size`.
+// The bytes from `address` on that can be read and belong to the same mapped file, at most `size`.
 std::size_t readable(const void* address, std::size_t size) {
     const auto* at = static_cast<const char*>(address);
+    const void* file = nullptr;
     std::size_t have = 0;
     MEMORY_BASIC_INFORMATION region;
     while (have < size && VirtualQuery(at + have, &region, sizeof region) == sizeof region) {
         if (region.State != MEM_COMMIT || region.Protect & (PAGE_NOACCESS | PAGE_GUARD)) break;
+        if (file && region.AllocationBase != file) break;
+        file = region.AllocationBase;
         have = static_cast<std::size_t>(static_cast<const char*>(region.BaseAddress) + region.RegionSize - at);
     }
     return std::min(have, size);
 }
 
-// A file that is mapped as it lies on the disk has a mark in its handle; others the system has laid out, and checked,
-// like a program it runs.
-bool isFlat(HMODULE module) {
-    return reinterpret_cast<ULONG_PTR>(module) & 3;
-}
-
+// Systems mark the handle of a file that is opened as data in ways of their own; where it is in memory they all tell.
 bool canBeWalked(HMODULE module) {
-    if (!isFlat(module)) return true;
-    const auto* base = reinterpret_cast<const std::uint8_t*>(reinterpret_cast<ULONG_PTR>(module) & ~ULONG_PTR{3});
-    MEMORY_BASIC_INFORMATION region;
-    if (VirtualQuery(base, &region, sizeof region) != sizeof region) return false;
-    return resourcesCanBeWalked({base, region.RegionSize});
+    MEMORY_BASIC_INFORMATION first;
+    if (VirtualQuery(reinterpret_cast<const void*>(module), &first, sizeof first) != sizeof first) return false;
+    const std::size_t size = readable(first.AllocationBase, std::numeric_limits<std::size_t>::max());
+    const ByteSpan file(static_cast<const std::uint8_t*>(first.AllocationBase), size);
+    if (first.Type == MEM_MAPPED) return resourcesCanBeWalked(file, Mapping::Flat);
+    return resourcesCanBeWalked(file, Mapping::Loaded) ||
+           (first.Type != MEM_IMAGE && resourcesCanBeWalked(file, Mapping::Flat));
 }
 
-// Whether a block of sixteen strings, each its length and its characters, stays inside the bytes it has.
-bool isStringBlock(std::span<const std::uint8_t> block) {
-    for (int i = 0; i < 16; ++i) {
-        if (block.size() < 2) return false;
-        const std::size_t size = 2 + 2 * std::size_t{read16(block, 0)};
-        if (block.size() < size) return false;
-        block = block.subspan(size);
-    }
-    return true;
+std::string inCodePage(const std::vector<WCHAR>& wide) {
+    const auto convert = [&](char* text, int room) {
+        return WideCharToMultiByte(CP_ACP, 0, wide.data(), static_cast<int>(wide.size()), text, room, nullptr, nullptr);
+    };
+    std::string text(static_cast<std::size_t>(wide.empty() ? 0 : convert(nullptr, 0)), '\0');
+    if (!text.empty()) convert(text.data(), static_cast<int>(text.size()));
+    return text;
 }
 
 // No message box about a bad image or an empty drive while a file is opened.
@@ -170,12 +169,17 @@ Result Modules::EnumResourceNamesA(Module module, const ResourceId& type, std::v
 }
 
 std::string Modules::LoadStringA(Module module, std::uint32_t number) {
-    // The system goes from string to string without looking where the block ends.
-    const ResourceInfo info = FindResourceA(module, static_cast<std::uint16_t>(number / 16 + 1), RtString);
-    if (!info || !isStringBlock(LockResource(module, info, LoadResource(module, info)))) return "";
-    char text[255] = "";
-    const int length = ::LoadStringA(native(module), number, text, sizeof text);
-    return length > 0 ? std::string(text, static_cast<std::size_t>(length)) : failed(std::string());
+    // The system's own function goes from string to string without looking where the block ends.
+    const ResourceInfo info = FindResourceA(module, stringBlockOf(number), RtString);
+    if (!info) return "";
+    const auto characters = stringInBlock(LockResource(module, info, LoadResource(module, info)), number);
+    if (!characters) {
+        lastError_ = BadExeFormat;
+        return "";
+    }
+    std::vector<WCHAR> wide;
+    for (std::size_t at = 0; at < characters->size(); at += 2) wide.push_back(read16(*characters, at));
+    return inCodePage(wide);
 }
 
 std::uint32_t Modules::countIcons(const std::string& path) {

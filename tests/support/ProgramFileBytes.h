@@ -1,7 +1,7 @@
-// A program file that holds nothing but resources, as the real system writes them; none of them may be empty.
+// A program file that holds nothing but resources.
 #pragma once
 
-#include "platform/Registry.h"
+#include "platform/bytes.h"
 #include "simulated/Modules.h"
 
 // Text names should be upper case, in which the system looks for them.

@@ -1,10 +1,8 @@
-#include "win32/ResourceTree.h"
+#include "platform/ResourceTree.h"
 
 #include <optional>
 
-#include "platform/bytes.h"
-
-namespace win32 {
+namespace platform {
 
 namespace {
 
@@ -13,7 +11,7 @@ constexpr int DataLevel = 2;  // type, name, language
 
 class Tree {
 public:
-    explicit Tree(std::span<const std::uint8_t> file) : file_(file) {}
+    Tree(ByteSpan file, Mapping mapping) : file_(file), mapping_(mapping) {}
 
     bool sound() {
         const std::size_t pe = number(0x3C, 4);
@@ -27,8 +25,8 @@ public:
         sections_ = optional + number(pe + 20, 2);
         sectionCount_ = number(pe + 6, 2);
         // What lies among the headers is where its address says, also in a file that has not been laid out.
-        const bool amongHeaders = address < number(optional + 60, 4);
-        const std::optional<std::size_t> start = amongHeaders ? std::size_t{address} : offsetOf(address);
+        const bool inPlace = mapping_ == Mapping::Loaded || address < number(optional + 60, 4);
+        const std::optional<std::size_t> start = inPlace ? std::size_t{address} : offsetOf(address);
         if (!start) return !outside_;  // the system finds no directory there, and says so
         root_ = *start;
         return directory(0, 0);
@@ -40,7 +38,7 @@ private:
             outside_ = true;
             return 0;
         }
-        return size == 2 ? platform::read16(file_, at) : platform::read32(file_, at);
+        return size == 2 ? read16(file_, at) : read32(file_, at);
     }
 
     // Where in the file an address of the loaded program is; nothing when no section holds it.
@@ -75,7 +73,8 @@ private:
         return !outside_ && file_.size() - (root_ + offset) >= 2 + 2 * std::size_t{length};
     }
 
-    std::span<const std::uint8_t> file_;
+    ByteSpan file_;
+    Mapping mapping_;
     bool outside_ = false;
     std::size_t root_ = 0, sections_ = 0, visited_ = 0;
     std::uint32_t sectionCount_ = 0;
@@ -83,8 +82,8 @@ private:
 
 }  // namespace
 
-bool resourcesCanBeWalked(std::span<const std::uint8_t> file) {
-    return Tree(file).sound();
+bool resourcesCanBeWalked(ByteSpan file, Mapping mapping) {
+    return Tree(file, mapping).sound();
 }
 
-}  // namespace win32
+}  // namespace platform
