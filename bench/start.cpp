@@ -49,7 +49,7 @@ double startOf(const std::string& program, int items) {
                         &started)) {
         fail(program + " cannot be started: code " + std::to_string(GetLastError()));
     }
-    // Painting is behind it when a program waits for input.
+    // A program that waits for input has painted everything.
     WaitForInputIdle(started.hProcess, 10000);
     Shown shown{started.dwProcessId, items};
     while (EnumWindows(findPainted, reinterpret_cast<LPARAM>(&shown)), !shown.window) {

@@ -22,23 +22,23 @@ using Contents = simulated::Registry::Contents;
 using BackupFiles = std::map<std::string, std::string>;
 using Texts = std::vector<std::string>;
 
-// A machine with the first few zones and, of the browser's data, a setting that stands for all: a value more costs a
-// few hundred runs more and takes no path that is new.
+// A machine with the first few zones and, of the browser's data, one setting that stands for all: each further value
+// would cost a few hundred runs and take no new path.
 std::vector<sample::Entry> machine(char zones) {
     auto entries = sample::builtInZones();
     for (auto& entry : sample::readRegistryFile(sample::browserFile())) entries.push_back(entry);
     std::erase_if(entries, [&](const sample::Entry& entry) {
-        const auto behind = [&](const char* text) {
+        const auto after = [&](const char* text) {
             const std::size_t at = entry.path.find(text);
             return at == std::string::npos ? "" : entry.path.substr(at + std::strlen(text));
         };
-        const std::string zone = behind("\\Zones\\"), group = behind("\\SO\\"), level = behind("\\TemplatePolicies\\");
+        const std::string zone = after("\\Zones\\"), group = after("\\SO\\"), level = after("\\TemplatePolicies\\");
         if (!zone.empty() && zone[0] >= '0' + zones) return true;
         if (!zone.empty() && zone[0] < '5' && zones > 5)
             return entry.type != sample::Entry::NoValue && entry.name != "Flags";
         if (!level.empty() && level != "High") return true;
         if (!group.empty() && group != "ACTIVEX" && !group.starts_with("ACTIVEX\\DL_SIGNED")) return true;
-        if (!behind("\\Domains\\").empty() && entry.path.find("supplier") == std::string::npos) return true;
+        if (!after("\\Domains\\").empty() && entry.path.find("supplier") == std::string::npos) return true;
         return entry.name.size() == 4 && entry.name[0] == '1' && entry.name != "1001";
     });
     const std::string map =
@@ -306,7 +306,7 @@ std::vector<Result> codesOf(const std::string& function) {
     return found == codes.end() ? std::vector<Result>{AccessDenied} : found->second;
 }
 
-// Whether it says that there is nothing, or nobody could be told.
+// Whether the answer means that there is nothing, or leaves no way to tell the user.
 bool mayBeSilent(const std::string& function, Result code) {
     return (function.starts_with("Reg") && code == FileNotFound) || function == "attributes" ||
            function == "messageBox" || function == "openFile";

@@ -10,8 +10,8 @@
 
 namespace {
 
-// Which folders a folder may include. The system's two halves know the seam alone, and nobody knows them but the entry
-// point, which has no folder.
+// Which folders a folder may include. The two systems know only the interfaces above them, and nobody knows them but
+// the entry point, which has no folder.
 const std::map<std::string, std::set<std::string>> MayInclude = {
     {"platform", {}},
     {"ui", {"platform"}},

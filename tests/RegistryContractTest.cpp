@@ -174,8 +174,8 @@ TEST_F(RegistryContract, TextWithoutATerminatingZeroGetsOneWhenThereIsRoom) {
                                 : registry.RegQueryValueExA(key, "t", found, read.data(), size),
                       Success);
             EXPECT_EQ(size, 3u);
-            const std::uint8_t behind = type == RegBinary ? 0x55 : 0;
-            EXPECT_EQ(read, (Bytes{'a', 'b', 'c', behind, 0x55})) << type << " " << enumerate;
+            const std::uint8_t after = type == RegBinary ? 0x55 : 0;
+            EXPECT_EQ(read, (Bytes{'a', 'b', 'c', after, 0x55})) << type << " " << enumerate;
         }
     }
 }

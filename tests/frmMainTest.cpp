@@ -328,7 +328,7 @@ TEST_F(DeletingZones, DoesNotTakeAKeyForAnotherThatIsListedAlike) {
     expectRefusal("Zone 5", "the registry key \"" + zoneKey("6") + "\" cannot be read.");
     press();
     EXPECT_EQ(system.text(zoneKey("8wide"), "DisplayName"), "Zone 8wide");
-    EXPECT_EQ(names().size(), 7u) << "what cannot be entered is passed over";
+    EXPECT_EQ(names().size(), 7u) << "a name that leads to no key is passed over";
 }
 
 // The zones that are listed are 5, 6 and 7; another program deletes 5 and renumbers.

@@ -36,11 +36,11 @@ void logOnly() {
         const Report report = currentReport();
         basErrors::WriteErrorLog(report.module, report.procedure, report.line, report.number, report.description);
     } catch (const std::exception&) {
-        // The open dialog has told of the log that cannot be written.
+        // The open dialog has already said that the log cannot be written.
     }
 }
 
-// When there is not even the memory for the dialog.
+// For when there is not enough memory even for the dialog.
 void showBare(const std::string& description) {
     try {
         tell(*reporting.platform, description);

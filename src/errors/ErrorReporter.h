@@ -31,8 +31,8 @@ void stopReporting();
 bool errorPending();
 
 // Shows basErrors::Err in the error dialog, modal, owned by the main window. Err is the same afterwards. An error that
-// is met while the report is being made is dropped, and one that is met while the dialog is open (by a timer, which
-// would stack dialogs) goes to the log alone.
+// occurs while the report is being made is dropped, and one that occurs while the dialog is open (in a timer, which
+// would stack up dialogs) is only logged.
 void report();
 
 // Err and the place where it was trapped, as the dialog and the log show them.

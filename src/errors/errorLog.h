@@ -14,7 +14,7 @@ struct IEInfo {
 IEInfo GetIEInfo();
 
 // Appends one report with a dump of the trace to "Logs\ErrorLog-m-d-yyyy.log" beside the program. Throws util::Error
-// when folder or file refuse; the dialog then says so.
+// when the folder cannot be made or the file not written; the dialog then says so.
 void WriteErrorLog(const std::string& module, const std::string& procedure, const std::string& line,
                    const std::string& errorNumber, const std::string& description);
 

@@ -65,8 +65,8 @@ void frmError::Form_Load() {
     try {
         basErrors::WriteErrorLog(report.module, report.procedure, report.line, report.number, report.description);
     } catch (const util::Error& refused) {
-        // A log that refuses is no reason to keep the error from the user, and no error to report in its turn: the
-        // report would be refused as well.
+        // A log that cannot be written is no reason to hide the error, and is not reported as an error itself: that
+        // report could not be written either.
         lblInfo(LogInfo).setCaption(std::string("This could not be logged to file. ") + refused.what());
     } catch (const std::exception&) {
         lblInfo(LogInfo).setCaption("This could not be logged to file: there is not enough memory.");

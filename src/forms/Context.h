@@ -17,7 +17,7 @@ public:
     // Reads the "At a glance" values of a zone again: its flags or levels have changed.
     virtual void UpdateLabels(const std::string& zone) = 0;
     virtual int zoneCount() const = 0;  // in its list
-    // Reads the zones again, too. Having none, or only some, is nothing to report then.
+    // Also reads the zones again, but reports nothing when there are none or only some.
     virtual void ReloadAsItIs() = 0;
 };
 

@@ -1,4 +1,5 @@
-// The procedure that stands in front of a window's own: the items of a zone list can never be dragged.
+// A procedure that gets a window's messages before the window's own, so that the items of a zone list cannot be
+// dragged.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +13,7 @@ namespace basMain {
 // Routes every message of the form through WindowProc, and back.
 void Hook(ui::Form& form);
 void Unhook(ui::Form& form);
-// Swallows the begin of a drag in a list (answer 1), and passes everything else on.
+// Swallows the start of a drag in a list (answer 1), and passes everything else on.
 std::optional<std::intptr_t> WindowProc(const ui::WindowMessage& message);
 
 }  // namespace basMain

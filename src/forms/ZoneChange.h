@@ -9,9 +9,9 @@
 
 namespace forms {
 
-// Runs `change`. The registry session is silent about what the system refuses; here the user is told, with one message,
-// when anything was refused or could not be read: that message is asked of `refusal` then. What could be written stays
-// written. True when everything was.
+// Runs `change`. The registry session is silent about what the system refuses. When anything was refused or could not
+// be read, the user is told here, once, with the message that `refusal` returns. What could be written stays written.
+// True when everything was.
 bool attempt(Context& context, const std::function<void()>& change, const std::function<std::string()>& refusal);
 // The same for a change of one zone, with the message for it.
 bool change(Context& context, const std::string& zone, const std::function<void()>& change);
@@ -20,8 +20,8 @@ bool change(Context& context, const std::string& zone, const std::function<void(
 bool exists(Context& context, const std::string& zone);
 
 // Whether the zone is still the one that is shown to the user under the name `shownName`. Another program may have
-// renamed it, deleted it, or deleted one below it, by which it has got the next zone's contents. The user is told then,
-// with what that means for what was asked, and the main window reads its list again.
+// renamed it, deleted it, or deleted one with a lower number, so that it now holds the next zone's contents. The user
+// is told then, with the `consequence` for the command, and the main window reads its list again.
 bool stillShown(Context& context, const std::string& zone, const std::string& shownName,
                 const std::string& consequence = "Your changes were not saved.");
 

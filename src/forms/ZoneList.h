@@ -1,4 +1,4 @@
-// What every window that lists the zones does alike.
+// What all windows that list the zones have in common.
 #pragma once
 
 #include <string>

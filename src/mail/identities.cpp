@@ -59,7 +59,7 @@ std::string zoneNameOf(forms::Context& context, const std::string& identity) {
     if (settings == Found::Absent)
         throw util::Error(util::NumberFileNotFound, "frmMain",
                           "This identity has no mail settings: Outlook Express has not been used with it yet.");
-    // A fresh installation has not written a zone: then there is none to name, like for a zone that does not exist.
+    // A fresh installation has not written a zone. It is named like a zone that does not exist.
     const NumberReading zone = registry.readNumber(SecurityZone);
     if (zone.display.empty()) return MissingName;
     zones::goToZone(registry, zone.display);

@@ -1,7 +1,7 @@
 // Where the parts of a stored image are: of a device-independent bitmap, or of one image of an icon.
 //
-// This is the one rule for what can be drawn, and everybody who shows or hands on an image asks it. The system's own
-// checks are no substitute: they read wherever the header points, and accept what then comes out blank.
+// This is the only rule for what can be drawn: all code that shows an image or passes one on asks it. The system's own
+// checks are no substitute: they read wherever the header points, and accept images that are then drawn blank.
 #pragma once
 
 #include <optional>

@@ -12,7 +12,7 @@
 
 namespace platform {
 
-// A result code of the system (winerror.h). The ones the program or its tests tell apart:
+// A result code of the system (winerror.h). Those that the program or its tests distinguish:
 using Result = std::uint32_t;
 enum : Result {
     Success = 0,

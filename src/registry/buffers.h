@@ -1,5 +1,5 @@
-// Enlarges the buffer of a registry call that has answered MoreData. The size that the system told before may be too
-// small by now, because another program has written meanwhile.
+// Enlarges the buffer of a registry call that has answered MoreData. The size that the system gave may be too small by
+// now, because another program has written meanwhile.
 #pragma once
 
 #include <algorithm>
@@ -7,7 +7,7 @@
 
 #include "platform/Registry.h"
 
-// False when the buffer is larger than anything a sound registry holds: then enlarging it more would never end.
+// False when the buffer is larger than anything an intact registry holds: growing it further would never end.
 inline bool Grow(std::string& name) {
     if (name.size() > 0x20000) return false;
     name.resize(2 * name.size());

@@ -139,16 +139,12 @@ std::optional<std::vector<std::string>> clsRegistry::DirKey() {
                 code = platform_.registry.RegEnumKeyExA(handle_, i, name.data(), length);
             } while (code == MoreData && Grow(name));
             CheckApiResult(code);
-            if (code != Success) break;  // keys went while they were being listed
+            if (code != Success) break;  // keys were deleted while they were being listed
             names.push_back(name.substr(0, length));
         }
         if (names.empty()) return std::nullopt;
         return names;
     });
-}
-
-bool clsRegistry::HasKeys() {
-    return procedure("clsRegistry.HasKeys", [&] { return currentPath_.empty() || CountKeys().value_or(0) > 0; });
 }
 
 std::optional<std::uint32_t> clsRegistry::CountKeys() {

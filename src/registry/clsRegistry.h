@@ -36,10 +36,10 @@ struct ListedValue {
     std::string text;
     ValueType type = ValueType::String;
     std::uint32_t number = 0;  // of a DWORD
-    bool plainNumber = false;  // a DWORD of four bytes: any other is none to the browser
+    bool plainNumber = false;  // a DWORD of four bytes: the browser accepts no other
 };
 
-// How a key or value was found: whoever would write over it must tell what is not there from what could not be read.
+// How a key or value was found: code that may overwrite it must tell what is missing from what could not be read.
 enum class Found { Present, Absent, OtherType, Unreadable };
 
 // A text as it is stored. A value of another type has the text that ValueOf gives for it.
@@ -74,8 +74,8 @@ public:
     const std::string& CurrentKey() const;
     // "\" is the top, ".." the parent, "." this key again; absolute paths begin with "\" (at the top with or without).
     void cD(const std::string& path);
-    // Moves to an absolute path, with or without the backslash at its front, in one step. The names of keys count as
-    // they stand, ".." and blanks at the end among them. Absent and Unreadable leave the session as a failed cD does.
+    // Moves to an absolute path, with or without a leading backslash, in one step. The names of keys are taken as they
+    // are, ".." and trailing blanks included. Absent and Unreadable leave the session as a failed cD does.
     Found goTo(const std::string& path);
     // Names of the subkeys in the system's order, at the top the roots; nothing when there are none.
     std::optional<std::vector<std::string>> DirKey();
@@ -104,8 +104,8 @@ public:
     // Deletes the keys "0", "1" and so on below `zonesPath`, as many as there are keys. Without any it fails and says
     // so.
     void DeleteZone(const std::string& zonesPath);
-    // Deletes a zone and moves those above it down by one. With each that has been moved `moved` is called with its
-    // former number. What cannot be read, made or written ends it: the zones from there on stay where they are.
+    // Deletes a zone and moves those above it down by one. After each move `moved` is called with the zone's former
+    // number. It ends at the first zone that cannot be read, made or written: the zones from there on stay.
     void DeleteAndRename(const std::string& zonesPath, const std::string& zoneNumber,
                          const std::function<void(std::uint32_t from)>& moved = {});
     // The icon reference of a zone for which no icon was chosen: an icon of the browser's control panel.
@@ -119,8 +119,8 @@ public:
     // Part 1: the hexadecimal form in a DWORD's text as DirValue gives it; part 2: the decimal form; else "".
     std::string ParseDWord(const std::string& text, int part);
 
-    // The session drops the failures of registry functions in silence. This tells whether there has been one since it
-    // was made. That a key or value does not exist is none, except for a write.
+    // The session silently drops the failures of registry functions. A watch tells whether there has been one since it
+    // was made. A key or value that does not exist is no failure, except for a write.
     class FailureWatch {
     public:
         explicit FailureWatch(const clsRegistry& registry) : registry_(registry), before_(registry.failures_) {}
@@ -131,11 +131,8 @@ public:
         std::uint32_t before_;
     };
 
-    // Counts what a caller has found unusable as a failure of the session, for those who watch.
+    // Counts as a failure, for the watches, that a caller has found something unusable.
     void NoteFailure() { ++failures_; }
-
-    // Whether DirKey would list anything, without listing it.
-    bool HasKeys();
 
     // Shows one of the session's own errors: 1 no current key, 2 unknown root, 3 value of the wrong type, 4 unknown
     // type.

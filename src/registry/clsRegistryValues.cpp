@@ -23,6 +23,7 @@ Found foundBy(Result code) {
     return code == FileNotFound || code == InvalidHandle ? Found::Absent : Found::Unreadable;
 }
 
+// Of a DWORD with fewer than four bytes the missing ones count as 0, of a longer one only the first four count.
 RegistryValue readValue(ValueType type, std::span<const std::uint8_t> data) {
     switch (type) {
         case ValueType::Binary: {
@@ -30,7 +31,7 @@ RegistryValue readValue(ValueType type, std::span<const std::uint8_t> data) {
             return {text, text, 0};
         }
         case ValueType::Dword: {
-            const std::uint32_t number = storedNumber(data);
+            const std::uint32_t number = read32(data, 0);
             return {hexadecimalText(number), util::toDecimal(number), static_cast<double>(number)};
         }
         case ValueType::String:
@@ -45,7 +46,7 @@ std::string listedText(ValueType type, std::span<const std::uint8_t> data) {
         case ValueType::Binary:
             return binaryText(data);
         case ValueType::Dword:
-            return listedDWord(storedNumber(data));
+            return listedDWord(read32(data, 0));
         case ValueType::String:
             break;
     }
@@ -66,9 +67,8 @@ std::optional<Bytes> dataToStore(ValueType type, const Variant& value) {
     }
     const auto* number = std::get_if<double>(&value);
     if (!number || !(*number >= 0 && *number <= 4294967295.0) || std::floor(*number) != *number) return std::nullopt;
-    const auto whole = static_cast<std::uint32_t>(*number);
-    Bytes bytes;
-    for (int k = 0; k < 4; ++k) bytes += static_cast<std::uint8_t>(whole >> (8 * k));
+    Bytes bytes(sizeof(std::uint32_t), 0);
+    BufferWriter(bytes).write32(static_cast<std::uint32_t>(*number));
     return bytes;
 }
 
@@ -94,7 +94,7 @@ std::optional<RegistryValue> clsRegistry::ValueOf(const std::string& name, Value
 
 clsRegistry::Stored clsRegistry::read(const std::string& name) {
     if (!currentPath_.empty()) Require(KeyQueryValue);
-    // Nearly every value fits at once; a larger one tells its size, and may have grown again by the next call.
+    // Nearly every value fits; for a larger one the call gives its size, which may have grown again by the next call.
     Stored stored;
     stored.data.resize(256);
     std::uint32_t size;
@@ -123,7 +123,7 @@ NumberReading clsRegistry::readNumber(const std::string& name) {
         if (const Found found = foundBy(stored.code); found != Found::Present) return {found, 0, {}};
         if (stored.data.empty()) return {Found::OtherType, 0, {}};
         const RegistryValue value = readValue(typeOf(stored.type), stored.data);
-        // A DWORD that is not four bytes long the browser reads as none.
+        // The browser ignores a DWORD that is not four bytes long.
         const bool dword = stored.type == RegDword && stored.data.size() == sizeof(std::uint32_t);
         return {dword ? Found::Present : Found::OtherType, static_cast<std::uint32_t>(value.number), value.display};
     });
@@ -136,8 +136,7 @@ NumberReading clsRegistry::readNumberOfAnyType(const std::string& name) {
         const ValueType type = typeOf(stored.type);
         std::optional<std::uint32_t> number;
         if (type == ValueType::String) number = util::wholeNumber(storedText(stored.data));
-        if (type != ValueType::String && stored.data.size() == sizeof(std::uint32_t))
-            number = storedNumber(stored.data);
+        if (type != ValueType::String && stored.data.size() == sizeof(std::uint32_t)) number = read32(stored.data, 0);
         if (!number) return {Found::OtherType, 0, {}};
         return {Found::Present, *number, util::toDecimal(*number)};
     });
@@ -169,10 +168,10 @@ std::optional<std::vector<ListedValue>> clsRegistry::DirValue() {
                 code = platform_.registry.RegEnumValueA(handle_, i, name.data(), length, stored, data.data(), size);
             } while (code == MoreData && Grow(name) && Grow(data, size));
             CheckApiResult(code);
-            if (code != Success) break;  // values went while they were being listed
+            if (code != Success) break;  // values were deleted while they were being listed
             const ValueType type = typeOf(stored);
             const std::span<const std::uint8_t> listed(data.data(), size);
-            const std::uint32_t number = type == ValueType::Dword ? storedNumber(listed) : 0;
+            const std::uint32_t number = type == ValueType::Dword ? read32(listed, 0) : 0;
             const bool plain = type == ValueType::Dword && size == sizeof number;
             values.push_back({name.substr(0, length), listedText(type, listed), type, number, plain});
         }

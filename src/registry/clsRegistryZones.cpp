@@ -15,7 +15,7 @@ std::vector<std::string> listZones(clsRegistry& registry, const std::string& pat
     return *std::move(names);
 }
 
-// "007" is not zone 7: that one would be lost in its stead.
+// "007" is not zone 7, which would be deleted instead.
 std::uint32_t numberToDelete(const std::string& zone) {
     const auto number = util::wholeNumber(zone);
     if (!number || util::toDecimal(*number) != zone)
@@ -66,7 +66,7 @@ bool clsRegistry::MoveDown(const std::string& zonesPath, std::uint32_t from) {
     if (values)
         for (const ListedValue& value : *values)
             if (value.type == ValueType::String) writeText(value.name, value.text);
-    // What could not be written is still in the zone above, which must not be written over in its turn.
+    // What could not be written exists in the zone above alone, which must not be overwritten now.
     return !writing.failed();
 }
 

@@ -59,13 +59,6 @@ std::string storedText(std::span<const std::uint8_t> data) {
     return {data.begin(), std::find(data.begin(), data.end(), std::uint8_t{0})};
 }
 
-std::uint32_t storedNumber(std::span<const std::uint8_t> data) {
-    std::uint32_t number = 0;
-    for (std::size_t i = 0; i < std::min<std::size_t>(4, data.size()); ++i)
-        number |= static_cast<std::uint32_t>(data[i]) << (8 * i);
-    return number;
-}
-
 std::string binaryText(std::span<const std::uint8_t> data) {
     constexpr const char* Digits = "0123456789ABCDEF";
     std::string text;

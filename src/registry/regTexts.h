@@ -20,8 +20,6 @@ const char* resultText(platform::Result code);
 
 // Text data up to its first NUL; data stored without one is text as a whole.
 std::string storedText(std::span<const std::uint8_t> data);
-// The number of DWORD data, low byte first. Of short data the missing bytes count as 0, of long data only four count.
-std::uint32_t storedNumber(std::span<const std::uint8_t> data);
 // "1 A0 FF"
 std::string binaryText(std::span<const std::uint8_t> data);
 // "000000db"

@@ -19,7 +19,7 @@ public:
     Files(const Files&) = delete;
     Files& operator=(const Files&) = delete;
 
-    // What tests arrange. Folders above are made; an existing file is replaced.
+    // For tests to set up. Missing parent folders are made; an existing file is replaced.
     void addFolder(const std::string& path);
     void addFile(const std::string& path, std::string_view bytes);
     std::size_t openSearches() const { return searches_.size(); }

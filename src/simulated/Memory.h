@@ -10,7 +10,7 @@ namespace simulated {
 
 class Memory : public platform::Memory {
 public:
-    // Bytes that can still be had.
+    // Bytes that are still available.
     std::size_t capacity = std::size_t{1} << 30;
     std::size_t blocks() const { return blocks_.size(); }
     int locks(Block block) const;

@@ -27,8 +27,8 @@ public:
 
     // Windows 95 and 98 delete a key with everything below it, NT refuses one that has subkeys.
     bool deletesSubtrees = false;
-    // Lists the key under another name, as one whose name has characters outside the code page: the name that is listed
-    // leads to another key, or to none.
+    // Lists the key under another name, as the system does when a name has characters outside the code page: the name
+    // that is listed leads to another key, or to none.
     void listAs(const std::string& path, const std::string& listed);
     // Handles that have not been closed; predefined ones do not count.
     std::size_t openHandles() const { return handles_.size(); }

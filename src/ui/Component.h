@@ -1,4 +1,4 @@
-// What stands on a form, seen or not: controls, timers, image lists, the menu.
+// The parts of a form, visible or not: controls, timers, image lists, the menu.
 //
 // A component *is* its state: getters never ask the system. Where there is a native half, its peer, the component
 // calls the peer's `apply...` verb after each change, and the peer reads what it needs from the component; the peer

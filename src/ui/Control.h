@@ -1,4 +1,4 @@
-// What can be seen of a form: a component with bounds, which can be shown, enabled and given the focus.
+// A visible component: it has bounds, and can be shown, enabled and given the focus.
 #pragma once
 
 #include <memory>
@@ -11,7 +11,7 @@ namespace ui {
 
 class Control;
 
-// What a control stands on: the form itself, or a Frame or PictureBox, its container.
+// What a control is placed on: the form itself, or its container, a Frame or PictureBox.
 struct Parent {
     Parent(Form& parent) : form(parent) {}
     Parent(Control& parent);
@@ -35,7 +35,7 @@ public:
     Control(Parent parent, std::string name, Bounds bounds, int index = -1);
 
     Control* container() const { return container_; }
-    // Whether it is `other` or stands in it, at whatever depth.
+    // Whether it is `other` or lies inside it, at any depth.
     bool isWithin(const Control& other) const;
 
     // Relative to the container.

@@ -1,4 +1,4 @@
-// Where forms are shown and questions asked: the part of the system that people see.
+// Where forms are shown and questions asked: the part of the system that the user sees.
 #pragma once
 
 #include <algorithm>

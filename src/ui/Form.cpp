@@ -153,7 +153,7 @@ void Form::attach(PeerFactory& factory, const Form* owner) {
         peer->applyDefaultButton();
         peer->applyHook();
     } catch (...) {
-        detach();  // a form of which half the controls are there is none
+        detach();  // a form with only some of its controls is of no use
         throw;
     }
 }

@@ -56,7 +56,7 @@ public:
     Twips width() const;   // of the whole window
     Twips height() const;  // of the whole window
     void setHeight(Twips height);
-    // The user can make the window no narrower than this, but as low as they like.
+    // The user cannot make the window narrower than this, but as low as they like.
     Twips designedWidth() const { return designedWidth_; }
 
     Menu& menu() { return menu_; }
@@ -68,7 +68,7 @@ public:
     CommandButton* defaultButton() const { return defaultButton_; }
     CommandButton* cancelButton() const { return cancelButton_; }
 
-    void setHook(WindowHook hook);  // an empty one takes it away
+    void setHook(WindowHook hook);  // an empty one removes it
     bool hooked() const { return static_cast<bool>(hook_); }
     // What the hook answers to a message; nothing when there is no hook or it passes the message on.
     std::optional<std::intptr_t> hookAnswer(const WindowMessage& message);
@@ -107,7 +107,8 @@ public:
     // Makes the form's peer and the components'. `owner`: the form above which it will stand, or null.
     void attach(PeerFactory& factory, const Form* owner);
     void detach();
-    // Says that the window is there and complete, or gone. The first raises onShown, in showModal before it waits.
+    // Tells the form that its window is complete and visible, or gone. True raises onShown; in showModal that is
+    // before it waits.
     void setShown(bool shown);
     Event onShown;
 

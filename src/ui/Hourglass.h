@@ -1,5 +1,5 @@
-// The pointer is an hourglass over the form for as long as one of these lives. Over a form that is not shown yet there
-// is no pointer: then it is an hourglass over the form shown last, which the user sees meanwhile.
+// Makes the pointer an hourglass over the form for as long as the object lives. A form that is not shown yet has no
+// pointer over it: then the hourglass appears over the form that was shown last, which the user still sees.
 #pragma once
 
 #include "ui/Form.h"

@@ -1,4 +1,4 @@
-// A picture; like a label windowless, and drawn on the form.
+// A picture. Like a label it is windowless and drawn on the form.
 #pragma once
 
 #include <string>

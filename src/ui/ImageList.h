@@ -23,7 +23,7 @@ public:
     int count() const { return static_cast<int>(pictures_.size()); }
     const Picture& picture(int number) const { return pictures_.at(static_cast<std::size_t>(number - 1)); }
     int find(const std::string& key) const;  // 0 when there is none
-    // An empty picture is a blank place. Gives the number of the new picture.
+    // Returns the number of the new picture. An empty picture takes a number too, and is drawn blank.
     int add(Picture picture, std::string key = {});
     void clear();
 

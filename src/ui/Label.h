@@ -1,5 +1,5 @@
-// A text in which "&" is a letter like any other. It is windowless, drawn on the form: neither the mouse nor the focus
-// finds it, so it has no tool tip and no access key.
+// A text in which "&" is a letter like any other. It is windowless and drawn on the form: it gets neither the mouse nor
+// the focus, so it has no tool tip and no access key.
 #pragma once
 
 #include <string>

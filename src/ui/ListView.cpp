@@ -45,7 +45,7 @@ void ListView::setSelected(int number) {
 }
 
 void ListView::setIconSpacing(Spacing spacing) {
-    spacing_ = spacing;  // told each time: the native list forgets it when its images change
+    spacing_ = spacing;  // applied even when equal: the native list forgets it when its images change
     updatePeer(&Peer::applySpacing);
 }
 

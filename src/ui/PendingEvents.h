@@ -1,8 +1,7 @@
-// Handles what has been waiting (input, painting, timers) in the middle of something long, so that the windows stay
-// alive.
+// Handles pending events (input, painting, timers) during a long operation, so that the windows keep responding.
 //
-// Asked for after every small step. To look for messages takes the system as long as reading a registry value does, and
-// to draw how far it has come longer still, so it is done only so often.
+// The operation asks after every small step. Looking for messages takes the system as long as reading a registry value,
+// and drawing the progress takes longer still, so both are done once in an interval only.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +17,7 @@ public:
     explicit PendingEvents(platform::Platform& platform, std::uint32_t interval = 10)
         : platform_(platform), interval_(interval) {}
 
-    // Whether some are to be handled again; the first time always.
+    // Whether the interval has passed; always true the first time.
     bool due() {
         const std::uint32_t now = platform_.system.GetTickCount();
         if (begun_ && now - last_ < interval_) return false;

@@ -16,13 +16,11 @@ public:
     TextBox(Parent parent, std::string name, Bounds bounds, int index = -1);
 
     const std::string& text() const { return text_; }
-    void setText(std::string text);  // moves the caret to the start; a text longer than maxLength is kept whole, as the
-                                     // system does
+    // Moves the caret to the start. Like the system, keeps a text whole that is longer than maxLength.
+    void setText(std::string text);
     // Limits what the user can type, in bytes; 0 is no limit.
     int maxLength() const { return maxLength_; }
     void setMaxLength(int bytes);
-    bool multiLine() const { return multiLine_; }
-    void makeMultiLine() { multiLine_ = true; }
 
     int selectionStart() const { return selectionStart_; }
     int selectionLength() const { return selectionLength_; }
@@ -42,7 +40,6 @@ private:
     std::string text_;
     int maxLength_ = 0;
     int selectionStart_ = 0, selectionLength_ = 0;
-    bool multiLine_ = false;
 };
 
 }  // namespace ui

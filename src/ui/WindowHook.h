@@ -7,7 +7,7 @@
 
 namespace ui {
 
-// A message on its way to a form's window procedure, as far as a hook may look at it.
+// What a hook sees of a message on its way to a form's window procedure.
 struct WindowMessage {
     unsigned message = 0;  // WM_...
     std::uintptr_t wParam = 0;
@@ -17,7 +17,7 @@ struct WindowMessage {
 inline constexpr unsigned WmNotify = 78;   // WM_NOTIFY
 inline constexpr int LvnBeginDrag = -109;  // LVN_BEGINDRAG
 
-// Answers a message itself, or nothing to pass it on.
+// Returns the answer to a message, or nothing to pass the message on.
 using WindowHook = std::function<std::optional<std::intptr_t>(const WindowMessage&)>;
 
 }  // namespace ui

@@ -1,4 +1,4 @@
-// An unexpected error: what a procedure cannot go on with.
+// An unexpected error, after which a procedure cannot go on.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 
 namespace util {
 
-// A number, the part of the program it comes from, and a text a person understands.
+// A number, the part of the program it comes from, and a text for the user.
 class Error : public std::runtime_error {
 public:
     Error(std::uint32_t number, std::string source, const std::string& description)

@@ -32,8 +32,8 @@ platform::Result MakeFolder(platform::Platform& platform, const std::string& pat
     const std::string folder = UnQualifyPath(path);
     const platform::Result code = platform.files.createFolder(folder);
     if (code != platform::AlreadyExists) return code;
-    // Another program may have made it meanwhile. One whose attributes cannot be read is taken for a folder: whoever
-    // writes into it will see.
+    // Another program may have made it meanwhile. If its attributes cannot be read it is taken for a folder: writing
+    // into it will show.
     return FileExists(platform, folder) ? code : platform::Success;
 }
 

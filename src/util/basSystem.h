@@ -11,14 +11,14 @@ namespace basSystem {
 std::string GetWinDir(platform::Platform& platform);
 std::string GetSystemDir(platform::Platform& platform);
 
-// A folder is no file. A trailing backslash does not matter to FolderExists.
+// A folder is not a file. A trailing backslash does not matter to FolderExists.
 bool FileExists(platform::Platform& platform, const std::string& path);
 bool FolderExists(platform::Platform& platform, const std::string& path);
 
-// Whether nothing of that name is there, seen and not guessed: a file whose attributes cannot be read exists.
+// Whether there is certainly nothing of that name: a file whose attributes cannot be read counts as present.
 bool IsMissing(platform::Platform& platform, const std::string& path);
 
-// Makes a folder unless it is there, one level. A file of that name is in the way: AlreadyExists.
+// Makes a folder unless it exists, one level deep. AlreadyExists when a file has that name.
 platform::Result MakeFolder(platform::Platform& platform, const std::string& path);
 
 // With exactly one trailing backslash; "" stays "".

@@ -6,10 +6,10 @@
 
 namespace util {
 
-// Letters of the alphabet alone change their case: what bytes above 127 stand for depends on the code page.
+// Only the letters A to Z change: what bytes above 127 stand for depends on the code page.
 std::string lower(std::string_view text);
 std::string upper(std::string_view text);
-// Equal but for the case of the alphabet's letters.
+// Equal, ignoring the case of the letters A to Z.
 bool equalFolded(std::string_view a, std::string_view b);
 
 // Without the blanks at both ends.

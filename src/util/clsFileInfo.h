@@ -21,5 +21,5 @@ private:
     platform::Platform& platform_;
     std::string path_;
     std::size_t name_;   // where the name begins
-    std::size_t point_;  // where the extension's point is, or the end
+    std::size_t point_;  // where the extension's dot is, or the end
 };

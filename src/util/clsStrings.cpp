@@ -25,7 +25,7 @@ std::int32_t clsStrings::Initialise(const std::string& text, const std::string& 
     return count_;
 }
 
-// Nearly every text is without quotes, and most have one delimiter: the library looks for that many bytes at a time.
+// Nearly every text has no quotes and one delimiter, for which the library searches many bytes at a time.
 void clsStrings::SplitPlain(const std::string& delimiters) {
     const auto next = [&](std::size_t from) {
         return delimiters.size() == 1 ? text_.find(delimiters[0], from) : text_.find_first_of(delimiters, from);
@@ -44,7 +44,7 @@ void clsStrings::SplitQuoted(const std::string& delimiters) {
         } else if (c == '"') {
             state = state == State::Quoted ? State::Closed : State::Quoted;
         } else if (state == State::Closed) {
-            // Of a refused text nothing is left that could be taken for an element.
+            // A refused text must leave nothing that could be taken for an element.
             Initialise({}, delimiters);
             throw util::Error(0x80040064, "Elements.Initialise",
                               "Invalid character in an element that contains a quoted string");

@@ -23,6 +23,6 @@ private:
     void SplitQuoted(const std::string& delimiters);
 
     std::string text_;
-    std::vector<std::int32_t> boundaries_;  // [0] is 0, then the delimiters' 1-based places, then length + 1
+    std::vector<std::int32_t> boundaries_;  // [0] is 0, then the delimiters' 1-based positions, then length + 1
     std::int32_t count_ = 0;
 };

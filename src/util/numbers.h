@@ -8,14 +8,14 @@
 
 namespace util {
 
-// The whole number that `text` is: digits, with grouping commas ("0,000,000,219") and blanks around them. Nothing for
-// any other text and for numbers above 4,294,967,295.
+// The whole number that `text` consists of: digits, perhaps with grouping commas ("0,000,000,219") and with blanks
+// before and after them. Nothing for any other text and for numbers above 4,294,967,295.
 std::optional<std::uint32_t> wholeNumber(std::string_view text);
 
 std::string toDecimal(std::uint32_t number);
 std::string toSignedDecimal(std::uint32_t number);
 
-// With zeros in front up to `width` digits (32 at most); letters of base 16 are small.
+// With leading zeros up to `width` digits (32 at most); in base 16 the letters are lower case.
 std::string toDigits(std::uint32_t number, int width, int base = 10);
 
 }  // namespace util

@@ -65,7 +65,7 @@ void runProcedure(const char* name, void (*step)(void* context), void* context) 
     try {
         step(context);
     } catch (...) {
-        // Passes on what is no error. The name stays on the trace.
+        // Rethrows what is not an error. The name stays on the trace.
         recordException();
         basErrors::ErrLine = "0";
         basErrors::ShowError();

@@ -77,8 +77,8 @@ protected:
     virtual void paintingResumed() {}
 
     virtual RECT bounds() const;  // in pixels on the form
-    // A control has been made that stands in this one. The native windows are siblings all the same, and so the
-    // container has to be below the controls in it.
+    // A control has been made inside this one. Their native windows are siblings nevertheless, so the container's has
+    // to be below those of the controls in it.
     virtual void childAdded();
 
 private:

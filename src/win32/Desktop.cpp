@@ -51,8 +51,8 @@ void endSystemDialogs(const std::vector<FormPeer*>& forms) {
 
 }  // namespace
 
-// Waits for a message and handles it. Then no handler can be running any more of a form that was shown by this loop or
-// one within it, and such forms' windows are destroyed when they have been unloaded.
+// Waits for a message and handles it. After that no handler can be running of a form that was shown by this loop or one
+// inside it, so the windows of those forms that have been unloaded are destroyed.
 void Desktop::step() {
     MSG message;
     if (GetMessageA(&message, nullptr, 0, 0) <= 0) throw ui::EndProgram();

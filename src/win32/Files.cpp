@@ -108,7 +108,7 @@ Result Files::read(const std::string& path, std::string& bytes, std::size_t limi
             bytes.clear();
             return code;
         }
-        if (count == 0) break;  // somebody has cut it short
+        if (count == 0) break;  // another program has truncated the file
         have += count;
     }
     bytes.resize(have);

@@ -260,7 +260,7 @@ bool FormPeer::notify(const NMHDR& header) {
 
 bool FormPeer::resized(SIZE client) {
     if (!live_ || form_.kind() != ui::Form::Kind::Main) return false;
-    // A pixel is several twips: a length that is still as many pixels keeps its exact value.
+    // A pixel is several twips: a length that is the same in pixels keeps its exact value in twips.
     const ui::Size now = form_.client();
     form_.userResized({client.cx == screen_.pixels(now.width) ? now.width : screen_.twips(client.cx),
                        client.cy == screen_.pixels(now.height) ? now.height : screen_.twips(client.cy)});

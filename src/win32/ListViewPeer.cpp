@@ -27,7 +27,7 @@ public:
         if (control_.view() != ui::ListView::View::Report) return;
         LVCOLUMNA column = {};
         column.mask = LVCF_TEXT | LVCF_WIDTH;
-        // A column as wide as the list would not fit beside its border and the bar that scrolls it.
+        // A column as wide as the list would leave no room for its border and scroll bar.
         RECT inside = {};
         GetClientRect(window(), &inside);
         const int room = static_cast<int>(inside.right) - GetSystemMetrics(SM_CXVSCROLL);
@@ -89,7 +89,7 @@ private:
         if (SendMessageA(window(), LVM_GETIMAGELIST, which, 0) != images) apply(LVM_SETIMAGELIST, which, images);
     }
 
-    // The native list has the mark on `item` (from 0, -1 none) and nowhere else.
+    // Moves the native mark to `item` (from 0), or takes it away (-1).
     void mark(int item) {
         LVITEMA state = {};
         state.stateMask = LVIS_SELECTED | LVIS_FOCUSED;

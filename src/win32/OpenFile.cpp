@@ -55,7 +55,7 @@ std::optional<std::string> openFile(const ui::OpenFileRequest& request, HWND own
     if (!open || !error) return std::nullopt;
     bool chosen = open(&dialog) != FALSE;
     if (!chosen && error() == FNERR_INVALIDFILENAME) {
-        // A name that cannot be one keeps the dialog from opening at all.
+        // An invalid file name keeps the dialog from opening at all.
         path.fill('\0');
         chosen = open(&dialog) != FALSE;
     }

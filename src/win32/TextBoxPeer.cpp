@@ -9,10 +9,7 @@ namespace {
 
 class TextBoxPeer : public ControlPeer<ui::TextBox> {
 public:
-    explicit TextBoxPeer(ui::TextBox& box)
-        : ControlPeer(
-              box, {"EDIT", box.multiLine() ? DWORD{ES_MULTILINE | ES_AUTOVSCROLL | WS_VSCROLL} : DWORD{ES_AUTOHSCROLL},
-                    WS_EX_CLIENTEDGE}) {}
+    explicit TextBoxPeer(ui::TextBox& box) : ControlPeer(box, {"EDIT", ES_AUTOHSCROLL, WS_EX_CLIENTEDGE}) {}
 
     void applyText() override { apply(WM_SETTEXT, 0, control_.text().c_str()); }
     void applyMaxLength() override { apply(EM_LIMITTEXT, static_cast<WPARAM>(control_.maxLength())); }
@@ -28,13 +25,6 @@ public:
         DWORD start = 0, end = 0;
         SendMessageA(window(), EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
         control_.userChangedText(std::move(text), static_cast<int>(start), static_cast<int>(end - start));
-    }
-
-private:
-    // A native box of several lines would take Tab, Enter and Esc away from the dialog manager.
-    std::optional<LRESULT> message(UINT message, WPARAM w, LPARAM l) override {
-        if (message != WM_GETDLGCODE || !control_.multiLine()) return std::nullopt;
-        return native(message, w, l) & ~(DLGC_WANTALLKEYS | DLGC_WANTTAB);
     }
 };
 

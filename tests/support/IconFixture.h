@@ -35,7 +35,7 @@ struct IconFixture : testing::Test {
         for (const int size : sizes) images.push_back(icons::image(size, 4, seed));
         addImages(name, id, images);
     }
-    // An icon of which the system makes nothing.
+    // An icon that the system cannot draw.
     void addDamagedIcon(const std::string& name, const platform::ResourceId& id) {
         icons::Image damaged = icons::image(32, 4);
         damaged.bytes.assign(damaged.bytes.size(), 0xFF);

@@ -57,7 +57,7 @@ void RecordingLauncher::close(Process process) {
     inner_.close(process);
 }
 
-// The services themselves, behind what watches them.
+// The services themselves, below those that watch them.
 struct TestSystem::Below {
     std::unique_ptr<Simulation> simulation;
     std::unique_ptr<RealSystem> real;

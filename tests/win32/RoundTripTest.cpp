@@ -13,7 +13,7 @@ namespace {
 using namespace platform;
 
 using Texts = BackupFixture::Texts;
-// The lines of an export, each behind its key: "Zones\10] "Flags"=dword:00000001"; a key by itself is a line as well.
+// The lines of an export, each after its key: "Zones\10] "Flags"=dword:00000001"; a key by itself is a line as well.
 using Export = std::set<std::string>;
 
 // The registry editor writes UTF-16.
@@ -192,7 +192,7 @@ TEST_F(RoundTrip, LeavesWhatWasAddedWhereTheDeletionDoesNotReach) {
         system.setText(zoneKey(zone), "DisplayName", "Damaged");
     }
     system.deleteTree(zoneKey("2"));
-    system.deleteTree(zoneKey("3"));  // so that the last numbers are behind a gap
+    system.deleteTree(zoneKey("3"));  // so that the last numbers come after a gap
     system.makeKey(zoneKey("1\\Key"));
     system.setDword(zones::ZonesKey, "SelfHealCount", 1);
     system.setDword(zoneKey("Key"), "Added", 1);

@@ -64,7 +64,7 @@ void __throw_length_error(const char* text) {
     throw length_error(text);
 }
 void __throw_out_of_range_fmt(const char* text, ...) {
-    throw out_of_range(text);  // without the numbers that belong into it
+    throw out_of_range(text);  // without the numbers that the library puts into it
 }
 
 }  // namespace std
