@@ -6,9 +6,10 @@
 
 #include "backup/BackupFile.h"
 #include "backup/ExportFile.h"
-#include "backup/ZoneFile.h"
+#include "backup/ZoneFileWriter.h"
 #include "backup/frmRestore.h"
 #include "ui/PendingEvents.h"
+#include "zones/zones.h"
 
 namespace bench {
 
@@ -31,7 +32,7 @@ WorkingSet workingSet() {
 
 // What the backup dialog does when its button is pressed.
 void backUp(forms::Context& program, const std::string& name) {
-    PendingEvents pending(program.platform);
+    ui::PendingEvents pending(program.platform);
     backup::writeExport(program, name, backup::listZones(program.registry), [&] { pending.handleWhenDue(); });
 }
 

@@ -5,13 +5,16 @@
 #include <map>
 
 #include "app/Application.h"
+#include "backup/BackupFile.h"
 #include "backup/ExportFile.h"
 #include "backup/ZoneFile.h"
 #include "bench/Rows.h"
 #include "forms/ZoneList.h"
 #include "support/TestSystem.h"
 #include "ui/Form.h"
+#include "util/clsStrings.h"
 #include "util/trace.h"
+#include "zones/zones.h"
 
 namespace {
 
@@ -85,11 +88,11 @@ void zoneList(benchmark::State& state) {
     ui::ListView list(form, "list", {0, 0, 6000, 6000}, ui::ListView::View::Icon, ui::ListView::Clicks::OnSelect);
     ui::ImageList images(form, "images", 32);
     ui::Image dummy(form, "dummy", {0, 0, 480, 480}), holder(form, "holder", {0, 0, 480, 480});
-    const ZoneListControls controls{list, images, dummy, holder};
+    const forms::ZoneListControls controls{list, images, dummy, holder};
     for (auto _ : state) {
-        clearZoneList(controls);
+        forms::clearZoneList(controls);
         basMain::IconCache icons(program.platform);
-        fillZoneList(program, controls, icons);
+        forms::fillZoneList(program, controls, icons);
     }
     if (list.count() != state.range(0)) state.SkipWithError("the list is not full");
 }

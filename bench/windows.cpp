@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include "zones/zones.h"
+
 namespace bench {
 
 namespace {

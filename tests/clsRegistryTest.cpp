@@ -51,7 +51,8 @@ TEST_F(clsRegistry_, MovesAsInADirectoryTree) {
         registry.cD("\\");
         for (const char* move : c.moves) registry.cD(move);
         EXPECT_EQ(registry.CurrentKey(), c.key);
-        EXPECT_EQ(registry.DirKey().has_value(), !c.key.ends_with("LEAF"));
+        EXPECT_EQ(registry.HasKeys(), !c.key.ends_with("LEAF"));
+        EXPECT_EQ(registry.DirKey().has_value(), registry.HasKeys());
     }
 }
 

@@ -136,7 +136,7 @@ void frmMain::Form_Unload() {
     });
 }
 
-// The user made the window wider or narrower: what spans it keeps its margins, the buttons stay at the right.
+// Controls as wide as the window keep their margins, the buttons stay at the right.
 void frmMain::Form_Resize() {
     procedure("frmMain.Form_Resize", [&] {
         const ui::Twips inner = std::max(client().width, designedWidth()) - 2 * Margin;
@@ -151,7 +151,7 @@ void frmMain::Form_Resize() {
     });
 }
 
-// From the program's own file; "|" because no file name has it, while a folder may well have a "#".
+// From the program's own file. The separator is "|", which no path contains; a folder's name may contain a "#".
 void frmMain::ShowLogo() {
     basMain::ExtractBitmap(context_.platform, basSystem::ProgramFile(context_.platform) + "|1", "|", zzzpicLogo);
 }
@@ -174,7 +174,7 @@ void frmMain::FillListView() {
     procedure("frmMain.FillListView", [&] {
         basMain::IconCache icons(context_.platform);
         const clsRegistry::FailureWatch watch(context_.registry);
-        fillZoneList(context_, zoneList(), icons);
+        forms::fillZoneList(context_, zoneList(), icons);
         if (lvwZones.count() > 0) return SelectUsualZone(icons);
         ClearSummary();
         throw util::Error(util::NumberOutOfRange, "frmMain",
@@ -192,7 +192,7 @@ void frmMain::SelectUsualZone(basMain::IconCache& icons) {
 }
 
 void frmMain::RebuildList() {
-    clearZoneList(zoneList());
+    forms::clearZoneList(zoneList());
     FillListView();
 }
 
@@ -215,8 +215,8 @@ void frmMain::ShowZone(int item, basMain::IconCache& icons) {
         picZoneIcon.clear();
         selection_.icon = icons::referenceOrDefault(context_.platform, zone.texts.icon.text);
         basMain::ExtractIcon(icons, selection_.icon, 32, picZoneIcon);
-        lblZoneName.setCaption(textOr(zone.texts.name, MissingName));
-        lblZoneCaption.setCaption(textOr(zone.texts.description, MissingDescription));
+        lblZoneName.setCaption(forms::textOr(zone.texts.name, forms::MissingName));
+        lblZoneCaption.setCaption(forms::textOr(zone.texts.description, forms::MissingDescription));
         ShowAtAGlance(zone);
 
         cmdZoneOption(2).setEnabled(!zones::isBuiltIn(selection_.zone));

@@ -1,7 +1,4 @@
-// The main window: the list of zones, a summary of the selected one, and every command of the context.
-//
-// Other windows call FillListView after they have added or renamed zones and UpdateLabels after they have changed a
-// zone's flags or levels.
+// The main window: the list of zones, a summary of the selected one, and every command of the program.
 #pragma once
 
 #include "backup/Restoration.h"
@@ -32,14 +29,14 @@ public:
     explicit frmMain(forms::Context& context);
     ~frmMain() override;
 
-    // In both views the logo comes last, so its position gives the height of the window: another logo's height and 20
-    // twips below it leave room for the caption and the menu.
+    // In both views the logo is at the bottom, so the height of the window follows from its position. Another logo's
+    // height and 20 twips are added as room for the caption and the menu.
     static constexpr ui::Twips FrameToLogo = 50;
     static constexpr ui::Twips heightFor(ui::Twips logoTop, ui::Twips logoHeight) {
         return 2 * logoHeight + logoTop + 20;
     }
 
-    // Rebuilds the list and selects its second zone, or the only one. Without zones selecting fails, and says so.
+    // Fills the empty list and selects its second zone, or the only one. Without zones the user is told.
     void FillListView();
     // Empties the list and fills it again.
     void RebuildList() override;
@@ -118,11 +115,11 @@ private:
     void SelectUsualZone(basMain::IconCache& icons);
     void ShowZone(int item, basMain::IconCache& icons);
     void ClearSummary();
-    // As the list has it: the summary tells of the zone that has the number by now.
+    // As in the list: the summary may already show another zone, which has got the number since.
     const std::string& selectedName() const { return lvwZones.item(lvwZones.selected()).text; }
     // Whether a backup is being restored; the user is told then.
     bool WaitsForImport();
-    ZoneListControls zoneList() { return {lvwZones, ilsZoneIcons, picDummy, picHolder}; }
+    forms::ZoneListControls zoneList() { return {lvwZones, ilsZoneIcons, picDummy, picHolder}; }
 
     forms::Context& context_;
     Selection selection_;

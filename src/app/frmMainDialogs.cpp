@@ -41,9 +41,9 @@ bool frmMain::WaitsForImport() {
 
 void frmMain::ReloadAsItIs() {
     procedure("frmMain.ReloadAsItIs", [&] {
-        clearZoneList(zoneList());
+        forms::clearZoneList(zoneList());
         basMain::IconCache icons(context_.platform);
-        fillZoneList(context_, zoneList(), icons);
+        forms::fillZoneList(context_, zoneList(), icons);
         lvwZones.count() > 0 ? SelectUsualZone(icons) : ClearSummary();
     });
 }

@@ -5,8 +5,9 @@
 
 namespace {
 
-// The settings key of the context, and what stands in it.
+// The program's settings key, and the values in it.
 constexpr const char* SettingsKey = "Software\\Pellweather Inc.\\Tavimor";
+constexpr const char* SettingsPath = "HKEY_CURRENT_USER\\Software\\Pellweather Inc.\\Tavimor";
 constexpr const char* MainHeight = "Main Height";
 constexpr const char* FrameTop = "Frame Top";
 constexpr const char* LogoTop = "Logo Top";
@@ -22,7 +23,7 @@ void frmMain::mnuViewAdv_Click() {
         zzzfraInfo.setVisible(true);
         zzzpicLogo.setTop(zzzfraInfo.top() + zzzfraInfo.height() + FrameToLogo);
         setHeight(heightFor(zzzpicLogo.top(), zzzpicLogo.height()));
-        context_.registry.cD(std::string("\\HKEY_CURRENT_USER\\") + SettingsKey);
+        context_.registry.goTo(SettingsPath);
         WriteNumber(MainHeight, height());
         WriteNumber(FrameTop, zzzfraInfo.top());
         WriteNumber(LogoTop, zzzpicLogo.top());
@@ -35,7 +36,7 @@ void frmMain::mnuViewBasic_Click() {
     procedure("frmMain.mnuViewBasic_Click", [&] {
         zzzpicLogo.setTop(zzzfraInfo.top());
         setHeight(heightFor(zzzpicLogo.top(), zzzpicLogo.height()));
-        context_.registry.cD(std::string("\\HKEY_CURRENT_USER\\") + SettingsKey);
+        context_.registry.goTo(SettingsPath);
         WriteNumber(MainHeight, height());
         WriteNumber(LogoTop, zzzpicLogo.top());
         WriteNumber(View, BasicView);
@@ -57,9 +58,9 @@ void frmMain::SetFormAttributes() {
     procedure("frmMain.SetFormAttributes", [&] {
         clsRegistry& registry = context_.registry;
         const bool firstRun = !registry.IsValidKey(platform::HKeyCurrentUser, SettingsKey);
-        registry.cD("\\HKEY_CURRENT_USER");
+        registry.goTo("HKEY_CURRENT_USER");
         if (firstRun) registry.MakeKey(SettingsKey);
-        registry.cD(SettingsKey);
+        registry.goTo(SettingsPath);
         if (firstRun) WriteFirstAttributes();
         ReadAttributes();
         if (firstRun) return;  // the menus keep their designed state

@@ -48,7 +48,7 @@ void frmMain::AddZone() {
 
 void frmMain::DeleteSelectedZone() {
     if (lvwZones.selected() == 0) return;
-    // What was asked about is what goes, whatever the list shows when the question has been answered.
+    // The zone that the question names is deleted, whatever the list shows once it has been answered.
     const std::string zone = selection_.zone, name = selectedName();
     auto plan = PlanDeletion(zone, name);
     if (!plan) return;

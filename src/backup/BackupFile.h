@@ -10,7 +10,7 @@
 
 namespace backup {
 
-// "Backups" beside the context, with a trailing backslash.
+// "Backups" beside the program, with a trailing backslash.
 std::string folder(platform::Platform& platform);
 
 // The name both files of a backup share: month-day-year, a blank, two digits of hour, then minute and second without
@@ -20,8 +20,7 @@ std::string baseName(const platform::LocalTime& time);
 // The name of the first second from now on that no file of a backup has. Throws util::Error when there is none.
 std::string freeName(platform::Platform& platform);
 
-// The registry export that belongs to a zone backup: the same path with "reg" instead of its last three
-// letters.
+// The registry export that belongs to a zone backup: the same path with "reg" instead of its last three letters.
 std::string partnerOf(const std::string& zoneFile);
 
 // Deletes a file, or throws util::Error.

@@ -1,4 +1,4 @@
-// The file-open dialogs of the context, ready to be asked.
+// The program's file-open dialogs, ready to be shown.
 #pragma once
 
 #include <optional>

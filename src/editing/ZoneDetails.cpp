@@ -46,8 +46,8 @@ ZoneDetails::ZoneDetails(forms::Context& context, ui::Parent parent, ui::Twips w
 }
 
 void ZoneDetails::Show(const zones::ZoneTexts& texts) {
-    txtZoneName.setText(textOr(texts.name, MissingName));
-    txtZoneDescription.setText(textOr(texts.description, MissingDescription));
+    txtZoneName.setText(forms::textOr(texts.name, forms::MissingName));
+    txtZoneDescription.setText(forms::textOr(texts.description, forms::MissingDescription));
     const auto stored = icons::parseReference(texts.icon.text);
     writesIcon_ = !stored || !stored->isUsable();
     icon_ = writesIcon_ ? icons::IconReference{} : *stored;

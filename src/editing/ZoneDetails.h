@@ -17,7 +17,7 @@ public:
         const char* descriptionGotFocus;
         const char* iconClick;
     };
-    // Stands at the top of `parent` with the usual margins; `width` is that of the parent.
+    // Placed at the top of `parent` with the usual margins; `width` is that of the parent.
     ZoneDetails(forms::Context& context, ui::Parent parent, ui::Twips width, const char* hint, const Traces& traces);
     static constexpr ui::Twips Height = 2310;  // with the margins
 

@@ -17,7 +17,7 @@ namespace {
 
 constexpr const char* DefaultLevel = "[Default]";
 
-// A page is shown by its place: where the tab strip leaves room for it, or far off the form.
+// A page is shown or hidden by its position: inside the tab strip, or far off the form.
 using namespace ui::layout;
 constexpr ui::Twips PageLeft = 105, PageTop = 525, HiddenLeft = -10000;
 
@@ -108,7 +108,7 @@ void frmEdit::RepairMyComputer() {
 void frmEdit::TabStrip1_Click() {
     procedure("frmEdit.TabStrip1_Click", [&] {
         const int page = TabStrip1.selected();
-        // What the user has typed stays: only a page that could not be read is read again.
+        // Keeps what the user has typed: only a page that could not be read is read again.
         if (page == GeneralTab && !general.reading.succeeded()) ReadGeneral();
         if (page == FlagsTab) GetFlags();
         if (page == SecurityTab) GetRecMinSettings();
@@ -163,7 +163,8 @@ void frmEdit::ReadGeneral() {
     zones::ZoneTexts texts;
     if (key == Found::Present) texts = zones::readTexts(context_.registry);
     const bool read = key == Found::Present && texts.usable();
-    if (key == Found::Present && texts.name.found != Found::Unreadable) ShowName(textOr(texts.name, MissingName));
+    if (key == Found::Present && texts.name.found != Found::Unreadable)
+        ShowName(forms::textOr(texts.name, forms::MissingName));
     general.details.Show(texts);
 
     // By number: a zone named "03" is offered the defaults of zone 3 as well.
@@ -188,7 +189,7 @@ void frmEdit::SaveGeneral() {
     } else if (zones::goToZone(context_.registry, zone_) == Found::Present) {
         // The name may have been written although the rest was not.
         const TextReading name = context_.registry.readText(zones::value::DisplayName);
-        if (name.found != Found::Unreadable) ShowName(textOr(name, MissingName));
+        if (name.found != Found::Unreadable) ShowName(forms::textOr(name, forms::MissingName));
     }
     context_.mainWindow->RebuildList();
 }
@@ -238,9 +239,9 @@ void frmEdit::GetRecMinSettings() {
     procedure("frmEdit.GetRecMinSettings", [&] {
         clsRegistry& registry = context_.registry;
         const clsRegistry::FailureWatch watch(registry);
-        const std::string atPlace = zones::zoneAtPlace(registry, zone_);
+        const std::string atIndex = zones::zoneAtIndex(registry, zone_);
         zones::ZoneLevels stored;
-        if (!atPlace.empty() && zones::goToZone(registry, atPlace) == Found::Present)
+        if (!atIndex.empty() && zones::goToZone(registry, atIndex) == Found::Present)
             stored = zones::readLevels(registry);
         const bool tell = levels.reading.note(!watch.failed() && stored.usable());
 
@@ -259,10 +260,10 @@ void frmEdit::cboSetting_Click(int index) {
 
 void frmEdit::cmdApply_Click(int index) {
     procedure("frmEdit.cmdApply_Click", [&] {
-        const int place = levels.cboSetting(index).listIndex();
-        if (place < 0 || !StillShown()) return;
-        if (index == CurrentLevel && !HasTemplate(place)) return;
-        if (Save([&] { SaveLevel(index, place); })) levels.cmdApply(index).setEnabled(false);
+        const int chosen = levels.cboSetting(index).listIndex();
+        if (chosen < 0 || !StillShown()) return;
+        if (index == CurrentLevel && !HasTemplate(chosen)) return;
+        if (Save([&] { SaveLevel(index, chosen); })) levels.cmdApply(index).setEnabled(false);
         context_.mainWindow->UpdateLabels(zone_);
     });
 }
@@ -278,13 +279,13 @@ bool frmEdit::HasTemplate(int level) {
     return false;
 }
 
-// `place`: that of the chosen level in the box; below the levels stands the zone's default.
-void frmEdit::SaveLevel(int index, int place) {
-    if (index == CurrentLevel) return zones::SaveSecurityLevel(context_.registry, zone_, place);
+// `chosen`: the index in the box, in which the zone's default follows the levels.
+void frmEdit::SaveLevel(int index, int chosen) {
+    if (index == CurrentLevel) return zones::SaveSecurityLevel(context_.registry, zone_, chosen);
     const zones::Defaults& defaults = zones::defaultsOf(zone_);
-    const std::uint32_t number = place < zones::OfferedLevels ? zones::Levels[static_cast<std::size_t>(place)].number
-                                 : index == RecommendedLevel  ? defaults.recommendedLevel
-                                                              : defaults.minimumLevel;
+    const std::uint32_t number = chosen < zones::OfferedLevels ? zones::Levels[static_cast<std::size_t>(chosen)].number
+                                 : index == RecommendedLevel   ? defaults.recommendedLevel
+                                                               : defaults.minimumLevel;
     context_.registry.writeNumber(LevelRows[static_cast<std::size_t>(index)].value, number);
 }
 

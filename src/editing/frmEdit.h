@@ -19,7 +19,7 @@
 #include "ui/TabStrip.h"
 #include "zones/ZoneRecord.h"
 
-// What the controls of each page stand on.
+// The containers of the pages' controls.
 struct EditPages : ui::ControlArray<ui::PictureBox> {
     explicit EditPages(ui::Form& form);
 };
@@ -66,7 +66,7 @@ private:
     void cboSetting_Click(int index);
     void cmdApply_Click(int index);
     bool HasTemplate(int level);
-    void SaveLevel(int index, int place);
+    void SaveLevel(int index, int chosen);
     void cmdSecurity_Click();
     void GetRecMinSettings();
 

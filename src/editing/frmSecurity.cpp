@@ -55,12 +55,12 @@ struct OptionTag {
 
 }  // namespace
 
-// The zone's values: a session of their own, as the shared one stands among the settings while the tree is filled, and
-// each value read once for all options of its setting.
+// The zone's values. They have a session of their own, because the shared one is at the settings' keys while the tree
+// is filled. Each value is read once for all options of its setting.
 struct frmSecurity::ZoneValues {
     ZoneValues(platform::Platform& platform, const std::string& zone) : session(platform) {
-        const std::string place = zones::zoneAtPlace(session, zone);
-        found = !place.empty() && zones::goToZone(session, place) == Found::Present;
+        const std::string key = zones::zoneAtIndex(session, zone);
+        found = !key.empty() && zones::goToZone(session, key) == Found::Present;
     }
 
     clsRegistry session;

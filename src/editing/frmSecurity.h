@@ -30,8 +30,8 @@ public:
     ui::Label lblZone;
     ui::CommandButton cmdClose;
 
-    // Resolves "@file,-number" in the string resources of a program file. A text that says so when there is no such
-    // string.
+    // Resolves "@file,-number" in the string resources of a program file. Returns a text that says so when there is
+    // no such string.
     std::string ExtractString(const std::string& reference);
     std::string ExpandPath(const std::string& path);
 

@@ -2,11 +2,13 @@
 
 #include "zones/zones.h"
 
+namespace forms {
+
 std::string textOr(const TextReading& value, const char* missing) {
     return value.empty() ? missing : value.text;
 }
 
-void fillZoneList(forms::Context& context, const ZoneListControls& controls, basMain::IconCache& icons) {
+void fillZoneList(Context& context, const ZoneListControls& controls, basMain::IconCache& icons) {
     clsRegistry& registry = context.registry;
     controls.images.add(controls.dummy.picture());
     controls.list.setImages(&controls.images);
@@ -31,3 +33,5 @@ void clearZoneList(const ZoneListControls& controls) {
     controls.images.clear();
     controls.list.clear();
 }
+
+}  // namespace forms

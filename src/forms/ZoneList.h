@@ -9,6 +9,8 @@
 #include "ui/ImageList.h"
 #include "ui/ListView.h"
 
+namespace forms {
+
 inline constexpr const char* MissingName = "Missing Name";
 inline constexpr const char* MissingDescription = "Missing Description";
 // The text of a value, or `missing` when it is missing or empty.
@@ -24,6 +26,8 @@ struct ZoneListControls {
 
 // Adds one item for each subkey of the zones key, in the registry's order: the zone's name, its icon as image i + 2 for
 // item i (from 0), its key name as tag. Selects nothing. Icons come from and stay in `icons`.
-void fillZoneList(forms::Context& context, const ZoneListControls& controls, basMain::IconCache& icons);
+void fillZoneList(Context& context, const ZoneListControls& controls, basMain::IconCache& icons);
 // Empties list and images, so that it can be filled again.
 void clearZoneList(const ZoneListControls& controls);
+
+}  // namespace forms

@@ -37,7 +37,7 @@ private:
     ui::Picture iconOf(const icons::IconReference& reference, int size);
 
     platform::Platform& platform_;
-    std::string openFile_;  // that of the icon before: zones like to share one
+    std::string openFile_;  // that of the icon before: zones often share one
     std::unique_ptr<icons::ModuleFile> open_;
     std::unordered_map<std::string, ui::Picture> pictures_;
     std::unordered_map<int, ui::Picture> ownIcons_;  // by size

@@ -7,8 +7,7 @@
 #include "icons/ModuleFile.h"
 #include "platform/Platform.h"
 
-// A program file open for enumeration.
-// Errors are those of basResouce.
+// A program file open for enumeration. Errors are those of basResouce.
 class cResources {
 public:
     cResources(platform::Platform& platform, const std::string& fileName);

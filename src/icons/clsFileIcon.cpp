@@ -159,8 +159,8 @@ void clsFileIcon::LoadIcon(const std::string& fileName) {
     }
 }
 
-// Reads header, directory and images each only when the part before it holds good, so that a large file that is no
-// icon costs six bytes.
+// Reads header, directory and images each only if the part before is valid: of a large file that is no icon six bytes
+// are read.
 std::vector<clsFileIcon::Image> clsFileIcon::readFile(const std::string& fileName) const {
     std::string file;
     const auto readFirst = [&](std::size_t size) {

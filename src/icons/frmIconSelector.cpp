@@ -63,7 +63,7 @@ struct frmIconSelector::LoadedIcon {
     ui::Picture large, small;
 };
 
-// Stands in the place of the list while icons are being loaded.
+// Shown instead of the list while icons are being loaded.
 class frmIconSelector::ProgressDisplay {
 public:
     explicit ProgressDisplay(frmIconSelector& form) : form_(form) { show(true); }
@@ -108,8 +108,8 @@ frmIconSelector::frmIconSelector(platform::Platform& platform, std::string file,
     tmrUnload.onTimer = [this] { tmrUnload_Timer(); };
 }
 
-// The file is read when the dialog stands: before, its progress would be invisible, and the window below would still
-// take clicks.
+// The file is read once the dialog is shown: before that its progress would be invisible, and the window below would
+// still take clicks.
 void frmIconSelector::Form_Load() {
     procedure("frmIconSelector.Form_Load", [&] { tmrLoad.setEnabled(true); });
 }

@@ -29,14 +29,14 @@ public:
 
     ui::Label lblIconCount;
     ui::ListView lvwIcons;
-    ui::Label lblUnusable;    // in the place of the list when a zone cannot use the file's icons
-    ui::PictureBox Picture1;  // in the place of the list while it is filled
+    ui::Label lblUnusable;    // instead of the list when a zone cannot use the file's icons
+    ui::PictureBox Picture1;  // instead of the list while it is filled
     ui::Label lblInfo;
     ui::ProgressBar Progress;
     ui::Image picParent;  // hidden: each icon is drawn here on its way into the image lists
     ui::ImageList ilsIcons32;
     ui::ImageList ilsIcons16;
-    ui::Timer tmrLoad;  // first tick: the dialog stands, now read the file
+    ui::Timer tmrLoad;  // first tick: the dialog is shown, now read the file
     ui::Timer tmrUnload;
 
     // Counts the icons of `path` and shows those of a DLL, EXE or OCX that a zone can use. Pending events run

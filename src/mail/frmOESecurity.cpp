@@ -52,7 +52,7 @@ void frmOESecurity::Form_Unload() {
 void frmOESecurity::FillList() {
     procedure("frmOESecurity.FillList", [&] {
         basMain::IconCache icons(context_.platform);
-        fillZoneList(context_, zoneList(), icons);
+        forms::fillZoneList(context_, zoneList(), icons);
     });
 }
 
@@ -67,7 +67,7 @@ void frmOESecurity::lsvOEZones_ItemClick(int item) {
                                     key + "\" is not a plain number.");
         // Another program may have renumbered the zones since they were listed here.
         if (!forms::stillShown(context_, key, lsvOEZones.item(item).text, "Outlook Express stays in its zone.")) {
-            clearZoneList(zoneList());
+            forms::clearZoneList(zoneList());
             return FillList();
         }
         clsRegistry& registry = context_.registry;

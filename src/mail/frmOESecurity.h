@@ -31,7 +31,7 @@ protected:
 private:
     void FillList();
     void lsvOEZones_ItemClick(int item);
-    ZoneListControls zoneList() { return {lsvOEZones, ilsZoneIcons, picDummy, picHolder}; }
+    forms::ZoneListControls zoneList() { return {lsvOEZones, ilsZoneIcons, picDummy, picHolder}; }
 
     forms::Context& context_;
 };

@@ -36,7 +36,7 @@ void fillMenu(forms::Context& context, ui::MenuItem& menu, const std::function<v
     int index = 0;
     for (const std::string& key : *keys) {
         if (goToIdentity(registry, key) != Found::Present) continue;
-        const std::string caption = menuCaption(textOr(registry.readText(UserName), MissingName));
+        const std::string caption = menuCaption(forms::textOr(registry.readText(UserName), forms::MissingName));
         ui::MenuItem& item = index == 0 ? menu.items().front() : menu.add("mnuOEUser", caption, index);
         item.setCaption(caption);
         item.setTag(key);
@@ -48,7 +48,7 @@ void fillMenu(forms::Context& context, ui::MenuItem& menu, const std::function<v
 
 std::string nameOf(forms::Context& context, const std::string& identity) {
     goToIdentity(context.registry, identity);
-    return textOr(context.registry.readText(UserName), MissingName);
+    return forms::textOr(context.registry.readText(UserName), forms::MissingName);
 }
 
 std::string zoneNameOf(forms::Context& context, const std::string& identity) {
@@ -61,9 +61,9 @@ std::string zoneNameOf(forms::Context& context, const std::string& identity) {
                           "This identity has no mail settings: Outlook Express has not been used with it yet.");
     // A fresh installation has not written a zone. It is named like a zone that does not exist.
     const NumberReading zone = registry.readNumber(SecurityZone);
-    if (zone.display.empty()) return MissingName;
+    if (zone.display.empty()) return forms::MissingName;
     zones::goToZone(registry, zone.display);
-    return textOr(registry.readText(zones::value::DisplayName), MissingName);
+    return forms::textOr(registry.readText(zones::value::DisplayName), forms::MissingName);
 }
 
 }  // namespace mail

@@ -147,6 +147,10 @@ std::optional<std::vector<std::string>> clsRegistry::DirKey() {
     });
 }
 
+bool clsRegistry::HasKeys() {
+    return procedure("clsRegistry.HasKeys", [&] { return currentPath_.empty() || CountKeys().value_or(0) > 0; });
+}
+
 std::optional<std::uint32_t> clsRegistry::CountKeys() {
     Require(KeyQueryValue);
     KeyInfo info;

@@ -134,6 +134,9 @@ public:
     // Counts as a failure, for the watches, that a caller has found something unusable.
     void NoteFailure() { ++failures_; }
 
+    // Whether DirKey would list anything, without listing it.
+    bool HasKeys();
+
     // Shows one of the session's own errors: 1 no current key, 2 unknown root, 3 value of the wrong type, 4 unknown
     // type.
     void RaiseClassError(int number);

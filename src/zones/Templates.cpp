@@ -21,7 +21,7 @@ std::optional<std::vector<ListedValue>> valuesOf(clsRegistry& registry, const ch
 std::optional<std::vector<ListedValue>> templateOf(clsRegistry& registry, int level) {
     const clsRegistry::FailureWatch watch(registry);
     auto values = valuesOf(registry, Levels.at(static_cast<std::size_t>(level)).name);
-    // Most versions of the browser call it so.
+    // Its name in most versions of the browser.
     if (!values && !watch.failed() && level == MediumLow) values = valuesOf(registry, "MedLow");
     return values;
 }
@@ -51,7 +51,8 @@ bool hasTemplate(clsRegistry& registry, int level) {
 void SaveSecurityLevel(clsRegistry& registry, const std::string& zone, int level) {
     procedure(SaveNames.at(static_cast<std::size_t>(level)), [&] {
         const std::uint32_t number = Levels[static_cast<std::size_t>(level)].number;
-        // With each value, so that a copy that breaks off leaves the zone at the level whose settings it has in part.
+        // After each value, so that a copy that is interrupted leaves the zone at the level whose settings it has in
+        // part.
         copyTemplate(registry, level, zone, [&] { registry.writeNumber(value::CurrentLevel, number); });
     });
 }

@@ -31,7 +31,7 @@ NumberReading readFlags(clsRegistry& registry) {
     return registry.readNumber(value::Flags);
 }
 
-std::string zoneAtPlace(clsRegistry& registry, const std::string& zone) {
+std::string zoneAtIndex(clsRegistry& registry, const std::string& zone) {
     goToZones(registry);
     const auto keys = registry.DirKey();
     const auto index = numberOf(zone);

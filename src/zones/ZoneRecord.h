@@ -37,6 +37,6 @@ NumberReading readFlags(clsRegistry& registry);
 // none, or its name is listed twice. With gaps in the numbers, or from ten zones on where the system lists "10" before
 // "2", that is not the zone of that name: levels and settings have always been read by index. The session ends at the
 // zones.
-std::string zoneAtPlace(clsRegistry& registry, const std::string& zone);
+std::string zoneAtIndex(clsRegistry& registry, const std::string& zone);
 
 }  // namespace zones

@@ -38,7 +38,7 @@ private:
         const clsRegistry::FailureWatch watch(registry_);
         const std::vector<std::string> names = registry_.DirKey().value_or(std::vector<std::string>());
         if (watch.failed()) note(path);
-        // Two names that the code page maps to one lead to one key: the other cannot be read.
+        // Two names that the code page makes the same lead to one key: the other cannot be read.
         std::set<std::string> known;
         std::vector<std::string> once;
         for (const std::string& name : names)

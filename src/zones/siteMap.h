@@ -15,12 +15,12 @@ struct SiteEntry {
     std::string key;    // full path
     std::string value;  // the protocol, or "*"
     std::uint32_t zone = 0;
-    std::string domain, host;  // "example.com", "www"; empty for what stands elsewhere than on a host part
+    std::string domain, host;  // "example.com", "www"; empty where the value is not a host part's
 };
 
 struct SiteMap {
     std::vector<SiteEntry> entries;
-    // The first key that could not be read: what stands there is not among the entries. Empty when all could.
+    // The first key that could not be read, whose values are not among the entries. Empty when all could.
     std::string unreadable;
 };
 SiteMap readSiteMap(clsRegistry& registry);
@@ -36,13 +36,13 @@ void moveSitesDown(clsRegistry& registry, const SiteMap& map, std::uint32_t from
 
 namespace basMain {
 
-// The sites of one zone, and where they stand.
+// The sites of one zone, and their keys.
 struct ZoneSites {
     std::vector<std::string> sites;  // "http://www.example.com"
     std::vector<std::string> keys;   // "example.com\www", below the Domains key
 };
 
-// The sites of a zone on host parts of domains. Values that stand on a domain itself are not among them.
+// The sites of a zone on host parts of domains. Values of a domain itself are not among them.
 ZoneSites CheckForDomains(const zones::SiteMap& map, const std::string& zoneNumber);
 
 // Removes the domain keys that have no subkeys, whatever values they hold.
