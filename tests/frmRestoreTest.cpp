@@ -43,7 +43,7 @@ TEST_F(RestoreDialog, ListsBackupsByTheirDescription) {
     system.platform().files.createFolder(inBackups("folder.tvf"));
     Texts expected;  // in the system's order
     for (const std::string& name : system.filesIn(system.path("Backups"), "*.tvf"))
-        if (name != "folder.tvf") expected.push_back(name == "b.tvf" ? one : "Two");
+        if (name == "b.tvf" || name == "a.TVF") expected.push_back(name == "b.tvf" ? one : "Two");
     use<frmRestore>([&](frmRestore& form) {
         EXPECT_EQ(texts(form.ListView1), expected);
         form.cmdRestore.click();  // nothing is selected yet
