@@ -50,7 +50,7 @@ TEST_F(Deletion, ZonesAboveADeletedOneMoveDownWithTheirTexts) {
 }
 
 TEST_F(Deletion, AZoneThatCouldNotMoveIsNotDeletedInItsOldPlace) {
-    for (const char* function : {"RegCreateKeyExA", "RegSetValueExA", "RegEnumValueA"}) {
+    for (const char* function : {"RegDeleteKeyA", "RegCreateKeyExA", "RegSetValueExA", "RegEnumValueA"}) {
         makeZones({"0", "1", "2", "3"});
         system.registry.watch.failOn(function, 1, platform::AccessDenied);
         const clsRegistry::FailureWatch watch(registry);
@@ -59,7 +59,21 @@ TEST_F(Deletion, AZoneThatCouldNotMoveIsNotDeletedInItsOldPlace) {
         EXPECT_TRUE(watch.failed()) << function;
         EXPECT_TRUE(moved.empty()) << function;
         EXPECT_TRUE(zonesNow().ends_with("2=Zone 2+ 3=Zone 3+")) << function << ": " << zonesNow();
+        if (function == std::string("RegDeleteKeyA")) {
+            EXPECT_EQ(zonesNow(), "0=Zone 0+ 1=Zone 1+ 2=Zone 2+ 3=Zone 3+");
+        }
     }
+}
+
+TEST_F(Deletion, AZoneStaysWhenItsSitesCannotMove) {
+    makeZones({"0", "1", "2", "3"});
+    std::vector<std::uint32_t> moved;
+    registry.DeleteAndRename(zones::ZonesKey, "1", [&](std::uint32_t from) {
+        moved.push_back(from);
+        registry.NoteFailure();
+    });
+    EXPECT_EQ(moved, std::vector<std::uint32_t>{2});
+    EXPECT_EQ(zonesNow(), "0=Zone 0+ 1=Zone 2 2=Zone 2+ 3=Zone 3+");
 }
 
 TEST_F(Deletion, AZoneWithoutANumberIsNotTakenForAnother) {

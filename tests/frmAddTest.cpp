@@ -65,12 +65,30 @@ TEST_F(frmAddTest, StaysOpenWhenTheZoneCannotBeMade) {
     add([&](frmAdd& form) {
         fill(form);
         system.registry.watch.failOn("RegCreateKeyExA", 1, platform::AccessDenied);
-        system.desktop.expectMessage(NoZone, ui::Answer::Ok);
+        system.desktop.expectMessage("The registry refused the new zone. It was not added.", ui::Answer::Ok);
         form.cmdGeneral.click();
         ASSERT_TRUE(form.loaded());
         form.cmdGeneral.click();
     });
     EXPECT_TRUE(system.exists(key("7")));
+}
+
+TEST_F(frmAddTest, DoesNotTakeAZoneThatCannotBeReadForNone) {
+    removeZone("3");
+    const auto before = system.text(key("6"), "DisplayName");
+    add([&](frmAdd& form) {
+        fill(form);
+        for (int call = 1;; ++call) {  // the last is refused none
+            system.registry.watch.reset();
+            system.registry.watch.failOn("RegOpenKeyExA", call, platform::AccessDenied);
+            system.desktop.patient = true;
+            form.cmdGeneral.click();
+            if (!system.registry.watch.failed() || HasFailure()) break;
+            system.desktop.settle();
+            EXPECT_EQ(system.text(key("6"), "DisplayName"), before) << call;
+        }
+    });
+    EXPECT_EQ(system.text(key("6"), "DisplayName"), before);
 }
 
 TEST_F(frmAddTest, TellsThatTheTemplateIsMissingAndMakesTheZoneAllTheSame) {

@@ -3,6 +3,7 @@
 #include "errors/ErrorReporter.h"
 #include "forms/EtchedLine.h"
 #include "forms/WindowProc.h"
+#include "forms/ZoneChange.h"
 #include "icons/ExtractIcon.h"
 #include "ui/Desktop.h"
 #include "ui/Layout.h"
@@ -204,8 +205,15 @@ void frmMain::tmrIconSpace_Timer() {
 }
 
 void frmMain::lvwZones_ItemClick(int item) {
-    basMain::IconCache icons(context_.platform);
-    ShowZone(item, icons);
+    procedure("frmMain.lvwZones_ItemClick", [&] {
+        const ui::ListItem clicked = lvwZones.item(item);
+        // The list may be older than what another program has written: its names would stand beside other zones' texts.
+        if (zones::goToZone(context_.registry, clicked.tag) != Found::Unreadable &&
+            !forms::stillShown(context_, clicked.tag, clicked.text, "The zones have been read again."))
+            return;
+        basMain::IconCache icons(context_.platform);
+        ShowZone(item, icons);
+    });
 }
 
 void frmMain::ShowZone(int item, basMain::IconCache& icons) {

@@ -32,7 +32,8 @@ void frmAdd::cmdGeneral_Click() {
         if (!details.Complete()) return;
         const auto zone = forms::numberOfNewZone(context_);
         if (!zone) return;
-        const bool created = forms::change(context_, *zone, [&] { CreateZone(*zone); });
+        const bool created = forms::change(
+            context_, *zone, [&] { CreateZone(*zone); }, "The registry refused the new zone. It was not added.");
         if (created && TemplateMissing())
             errors::tell(context_.platform,
                          "The browser has no settings for the level \"High\" on this computer. The new zone has no "

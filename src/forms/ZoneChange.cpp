@@ -1,7 +1,5 @@
 #include "forms/ZoneChange.h"
 
-#include <string_view>
-
 #include "errors/messages.h"
 #include "forms/ZoneList.h"
 #include "util/numbers.h"
@@ -25,16 +23,16 @@ bool attempt(Context& context, const std::function<void()>& change, const std::f
     return false;
 }
 
-bool change(Context& context, const std::string& zone, const std::function<void()>& change) {
-    return attempt(context, change, [&]() -> std::string {
+bool change(Context& context, const std::string& zone, const std::function<void()>& change,
+            const std::string& withoutZone) {
+    return attempt(context, change, [&] {
         return exists(context, zone) ? "Some changes could not be written; the zone has only part of the new values."
-                                     : "This zone no longer exists. Your changes were not saved.";
+                                     : withoutZone;
     });
 }
 
 bool exists(Context& context, const std::string& zone) {
-    constexpr std::string_view Root = "HKEY_CURRENT_USER\\";
-    return context.registry.IsValidKey(platform::HKeyCurrentUser, zones::ZonesKey + Root.size() + ("\\" + zone));
+    return zones::goToZone(context.registry, zone) != Found::Absent;
 }
 
 bool stillShown(Context& context, const std::string& zone, const std::string& shownName,
@@ -60,11 +58,12 @@ std::optional<std::string> numberOfNewZone(Context& context) {
     zones::goToZones(registry);
     const auto keys = registry.DirKey();
     const std::string zone = util::toDecimal(keys ? static_cast<std::uint32_t>(keys->size()) : 0);
+    const bool taken = exists(context, zone);
     if (watch.failed()) {
         errors::tell(context.platform, "The zones cannot be read. The new zone was not added.");
         return std::nullopt;
     }
-    if (!exists(context, zone)) return zone;
+    if (!taken) return zone;
     tellAndReload(context, "The new zone was not added because the zones are not numbered consecutively from 0: zone " +
                                zone + " exists already.");
     return std::nullopt;

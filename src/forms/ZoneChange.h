@@ -13,10 +13,12 @@ namespace forms {
 // be read, the user is told here, once, with the message that `refusal` returns. What could be written stays written.
 // True when everything was.
 bool attempt(Context& context, const std::function<void()>& change, const std::function<std::string()>& refusal);
-// The same for a change of one zone, with the message for it.
-bool change(Context& context, const std::string& zone, const std::function<void()>& change);
+// The same for a change of one zone: the message says that it has only part of the new values, or is `withoutZone`
+// when there is no such zone.
+bool change(Context& context, const std::string& zone, const std::function<void()>& change,
+            const std::string& withoutZone = "This zone no longer exists. Your changes were not saved.");
 
-// Whether the zone's key is there.
+// Whether the zone's key is there; one that cannot be read is. The session ends in it.
 bool exists(Context& context, const std::string& zone);
 
 // Whether the zone is still the one that is shown to the user under the name `shownName`. Another program may have

@@ -105,7 +105,8 @@ public:
     // so.
     void DeleteZone(const std::string& zonesPath);
     // Deletes a zone and moves those above it down by one. After each move `moved` is called with the zone's former
-    // number. It ends at the first zone that cannot be read, made or written: the zones from there on stay.
+    // number. It ends at the first zone that cannot be read, deleted, made or written, or for which `moved` has failed:
+    // the zones from there on stay.
     void DeleteAndRename(const std::string& zonesPath, const std::string& zoneNumber,
                          const std::function<void(std::uint32_t from)>& moved = {});
     // The icon reference of a zone for which no icon was chosen: an icon of the browser's control panel.

@@ -41,8 +41,11 @@ void clsRegistry::DeleteAndRename(const std::string& zonesPath, const std::strin
         for (std::uint32_t n = numberToDelete(zoneNumber); n <= last; ++n) {
             goTo(zonesPath);
             if (n == last) return DeleteKey(util::toDecimal(n));
+            const FailureWatch moving(*this);
             if (!MoveDown(zonesPath, n + 1)) return;
             if (moved) moved(n + 1);
+            // What refers to it has stayed behind, and must not come to stand for the next zone.
+            if (moving.failed()) return;
         }
     });
 }
@@ -59,8 +62,10 @@ bool clsRegistry::MoveDown(const std::string& zonesPath, std::uint32_t from) {
         return false;
     }
     goTo(zonesPath);
-    DeleteKey(zone);
     const FailureWatch writing(*this);
+    DeleteKey(zone);
+    // One that stays has its levels still: under another name they would be taken for that zone's.
+    if (writing.failed()) return false;
     MakeKey(zone);
     goTo(zonesPath + "\\" + zone);
     if (values)
