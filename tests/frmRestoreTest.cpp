@@ -121,9 +121,13 @@ TEST_F(RestoreDialog, DeletesBothFilesOfABackupAndDisablesItsButtonsAfterTheLast
 TEST_F(RestoreDialog, ListsAgainAndSelectsNothingWhenABackupCannotBeDeletedAsAWhole) {
     preview(GoodFile, [&](frmRestore& form) {
         form.ListView1.click(1);
+        addFile("y.tvf", GoodFile);
         expectError("frmRestore.cmdDelete_Click", "x.reg");
         form.cmdDelete.click();
         EXPECT_EQ(file("x.tvf"), GoodFile);
+        EXPECT_EQ(form.ListView1.count(), 2) << "listed again";
+        EXPECT_EQ(form.lvwZones.count(), 0);
+        system.files.remove(inBackups("y.tvf"));
         addFile("x.reg", "");
         form.ListView1.click(1);
         system.files.watch.failOn("remove", 2, platform::AccessDenied);
@@ -238,13 +242,28 @@ struct Restoring : RestoreDialog {
     void expectQuestion(int restored, int wanted, ui::Answer answer) {
         desktop.expectMessage("Only " + std::to_string(restored) + " of the " + std::to_string(wanted) +
                                   " zones of this backup could be restored. Put the zones back as they were before?",
-                              answer);
+                              answer, [&] { window.tmrImport.tick(); });  // which asks no second time
     }
     // A registry editor that is started and imports nothing.
     bool idleEditor() {
         if (!system.simulation()) return false;
         system.simulation()->launcher.onStart = {};
         return true;
+    }
+    // The exports of all backups that are listed but the one that is restored.
+    std::string listedCopies() {
+        std::string exports;
+        for (std::string name : system.filesIn(system.path("Backups"), "*.tvf"))
+            if (name != std::string(Name) + ".tvf") exports += file(name.replace(name.size() - 3, 3, "reg"));
+        return exports;
+    }
+    static bool backedUp(const std::string& exports, const std::string& name, const std::string& held) {
+        const std::size_t slash = name.find('\\');
+        const std::size_t zone = exports.find("Zones\\" + name.substr(0, slash) + "]\r\n");
+        if (zone == std::string::npos || slash == std::string::npos) return zone != std::string::npos;
+        const std::string block = exports.substr(zone, exports.find("\r\n\r\n", zone) - zone) + "\r\n";
+        const std::string data = held == "#5" ? "dword:00000005" : "\"" + held + "\"";
+        return block.find("\r\n\"" + name.substr(slash + 1) + "\"=" + data + "\r\n") != std::string::npos;
     }
     bool copied() { return file(std::string(CopyName) + ".tvf") != "(no file)"; }
 };
@@ -457,7 +476,54 @@ TEST_F(Restoring, DeletesNothingWhenTheZonesCannotBeCopied) {
         EXPECT_EQ(values(), other);
         EXPECT_EQ(system.filesIn(system.path("Backups")).size(), 2u) << "half a copy is none";
     }
+    for (const char* function : {"RegEnumKeyExA", "RegEnumValueA", "RegQueryValueExA"}) {
+        SCOPED_TRACE(function);
+        restoreZones([&](frmRestore&) {
+            system.registry.watch.failOn(function, 1, platform::AccessDenied);
+            expectError("frmRestore.cmdRestore_Click", "could not be read");
+        });
+        EXPECT_EQ(values(), other);
+        EXPECT_EQ(system.filesIn(system.path("Backups")).size(), 2u);
+    }
+    // Another program adds a zone, which the copy would lack.
+    system.registry.watch.onCall = [&](const char* function) {
+        if (std::string(function) != "RegEnumValueA") return;
+        system.registry.watch.onCall = nullptr;
+        system.setText(zoneKey("3"), "DisplayName", "new");
+    };
+    restoreZones([&](frmRestore&) { expectError("frmRestore.cmdRestore_Click", "have changed"); });
+    EXPECT_EQ(values().size(), other.size() + 2);
     EXPECT_TRUE(system.launcher.started.empty());
+}
+
+TEST_F(Restoring, RefusesABackupWithoutZones) {
+    setZones(3, "other");
+    const Values other = values();
+    addFile(std::string(Name) + ".tvf", "Desc=Nothing\r\n");
+    addFile(std::string(Name) + ".reg", "REGEDIT4\r\n");
+    desktop.use<frmRestore>(
+        [&](frmRestore& form) {
+            expectError("frmRestore.ParseInfo", "no zones");
+            form.ListView1.click(1);
+            desktop.expectMessage("This backup holds no zones. Nothing has been restored.", ui::Answer::Ok);
+            form.cmdRestore.click();
+        },
+        [&] { window.mnuFileRestore.click(); });
+    EXPECT_EQ(values(), other);
+}
+
+// The longer of a backup's files tells how many zones it had.
+TEST_F(Restoring, CountsTheZonesOfBothFiles) {
+    setZones(3, "old");
+    backUpZones();
+    const std::string whole = file(std::string(Name) + ".reg");
+    addFile(std::string(Name) + ".reg", whole.substr(0, whole.size() - 4));
+    const std::string listed = file(std::string(Name) + ".tvf");
+    addFile(std::string(Name) + ".tvf", listed.substr(0, listed.find("\r\n", 12) + 2));
+    restoreZones();
+    expectQuestion(2, 3, ui::Answer::No);
+    endImport();
+    EXPECT_TRUE(copied());
 }
 
 TEST_F(Restoring, TellsOfZonesThatStayBehindAGap) {
@@ -471,6 +537,27 @@ TEST_F(Restoring, TellsOfZonesThatStayBehindAGap) {
     });
     endImport();
     EXPECT_EQ(texts(window.lvwZones), (Texts{"old", "old", "other", "other"}));
+}
+
+// What an editor has misread goes, unless the zone was there before and the value may be the user's.
+TEST_F(Restoring, GivesAZoneThatWasNotDeletedTheBackupsValuesAndTakesNone) {
+    if (!idleEditor()) GTEST_SKIP() << "the real registry editor writes over the value";
+    setZones(1, "old");
+    system.setText(zones::ZonesKey, "", "");
+    system.setText(zoneKey("3"), "Description", "a\r\n\"New\"=\"b");
+    system.setDword(zoneKey("3"), "Flags", 1);
+    backUpZones();
+    system.setText(zones::ZonesKey, "", "a default");
+    system.setText(zoneKey("3"), "New", "mine");
+    system.setDword(zoneKey("3"), "Flags", 2);
+    restoreZones([&](frmRestore&) {
+        desktop.expectMessage("The registry refused to delete some zones. What they hold beyond the backup stays.",
+                              ui::Answer::Ok);
+    });
+    endImport();
+    EXPECT_EQ(system.text(zoneKey("3"), "New"), "mine");
+    EXPECT_EQ(system.dword(zoneKey("3"), "Flags"), 1u);
+    EXPECT_EQ(system.text(zones::ZonesKey, ""), "");
 }
 
 // Whatever fails: every value is as before, as asked for or in a listed backup, and the user knows when it is not as
@@ -501,16 +588,14 @@ TEST_F(Restoring, LosesNothingAtAnyFailure) {
                 system.watch.reset();
                 system.watch.onCall = nullptr;
                 const Values now = values();
-                std::string backups;
-                for (const std::string& name : system.filesIn(system.path("Backups"), "*.reg"))
-                    if (name != std::string(Name) + ".reg") backups += file(name);
+                const std::string backups = listedCopies();
                 const auto in = [](const Values& all, const std::string& name) {
                     const auto found = all.find(name);
                     return found == all.end() ? std::string("-") : found->second;
                 };
                 for (const auto& [name, held] : other) {
                     const std::string is = in(now, name);
-                    EXPECT_TRUE(is == held || is == in(old, name) || backups.find("\"other\"") != std::string::npos)
+                    EXPECT_TRUE(is == held || is == in(old, name) || backedUp(backups, name, held))
                         << failing << " lost " << name;
                 }
                 EXPECT_TRUE(now == old || !desktop.told.empty()) << failing << ": nobody was told";
