@@ -6,7 +6,8 @@ enable_language(RC)
 # is an error when the program is compiled, not when it is started.
 set(oldest_windows WINVER=0x0400 _WIN32_WINNT=0x0400 _WIN32_WINDOWS=0x0410 _WIN32_IE=0x0400)
 
-add_link_options(-static)
+# A terminal server would otherwise tell the program a Windows folder of the user's own.
+add_link_options(-static -Wl,--tsaware)
 set(CMAKE_CXX_FLAGS_DEBUG "-O1")
 set(CMAKE_CXX_FLAGS_MINSIZEREL "-Os -DNDEBUG")
 set(CMAKE_CXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_MINSIZEREL}")  # for benchmarks: what people get is measured
