@@ -446,6 +446,26 @@ TEST_F(Restoring, AsksWhenAnExportBringsFewerZonesAndPutsThemBackAsTheyWere) {
     }
 }
 
+TEST_F(Restoring, PutsBackAlsoWhatNoBackupCarries) {
+    setZones(2, "old");
+    backUpZones();
+    const platform::Bytes permissions{0x1A, 0, 0xFF, 5};
+    system.setBinary(zoneKey("1"), "Permissions", permissions);
+    system.setText(zoneKey("0"), "", "a default");
+    const Values before = values();
+    addFile(std::string(Name) + ".reg", "");
+    restoreZones();
+    expectQuestion(0, 2, ui::Answer::Yes);
+    endImport();
+    endImport();
+    EXPECT_EQ(values(), before);
+    const auto kept = system.value(zoneKey("1"), "Permissions");
+    ASSERT_TRUE(kept);
+    EXPECT_EQ(kept->type, platform::RegBinary);
+    EXPECT_EQ(kept->data, permissions);
+    EXPECT_FALSE(copied());
+}
+
 TEST_F(Restoring, RefusesAnExportThatTouchesMoreThanTheZones) {
     setZones(2, "old");
     backUpZones();

@@ -56,10 +56,10 @@ bool Restoration::begin(const std::string& zoneFile) {
         return false;
     }
     // From here on the import goes on whatever fails: the job is there before anything is deleted.
-    const std::string copy = copyZones(zoneFile);
+    Copy copy = copyZones(zoneFile);
     job_.emplace();
     job_->zoneFile = zoneFile;
-    job_->copy = copy;
+    job_->copy = std::move(copy);
     job_->wanted = wanted;
     job_->source = std::move(source);
     run(program, exportFile);
@@ -88,23 +88,24 @@ std::string Restoration::editor() const {
     return !folder.empty() && basSystem::FileExists(context_.platform, path) ? path : std::string();
 }
 
-std::string Restoration::copyZones(const std::string& zoneFile) {
+Restoration::Copy Restoration::copyZones(const std::string& zoneFile) {
     platform::Platform& platform = context_.platform;
     const std::vector<std::string> zones = listZones(context_.registry);
     if (zones.empty()) return {};
     const std::string description = descriptionOf(firstLineOf(read(platform, zoneFile)));
     const std::string name = freeName(platform);
-    const std::string copy = folder(platform) + name + ".tvf";
+    Copy copy{folder(platform) + name + ".tvf", {}};
     try {
         writeExport(context_, name, zones, [] {});
         writeZones(context_, name, "Zones before restoring \"" + description + "\"", zones);
+        copy.leftOut = valuesLeftOut(context_.registry, zones);
         if (listZones(context_.registry) != zones)
             throw util::Error(util::NumberInternal, "backup",
                               "The zones have changed while they were being copied. Nothing has been restored.");
     } catch (...) {
         // Half a copy would be listed like a whole one.
-        platform.files.remove(copy);
-        platform.files.remove(partnerOf(copy));
+        platform.files.remove(copy.zoneFile);
+        platform.files.remove(partnerOf(copy.zoneFile));
         throw;
     }
     return copy;
@@ -160,13 +161,13 @@ std::size_t Restoration::complete(const Job& job) {
 
 void Restoration::judge(const Job& job, std::size_t restored) {
     if (restored >= job.wanted) {
-        if (!job.copy.empty()) removeBackup(job.copy);
+        if (!job.copy.zoneFile.empty()) removeBackup(job.copy.zoneFile);
         return;
     }
     const std::string those = "Only " + decimal(restored) + " of the " + decimal(job.wanted) + " zones ";
     if (job.puttingBack) {
         errors::tell(context_.platform, those + "could be put back. Their backup is kept.");
-    } else if (job.copy.empty()) {
+    } else if (job.copy.zoneFile.empty()) {
         errors::tell(context_.platform, those + "of this backup could be restored.");
     } else if (errors::ask(context_.platform, those + "of this backup could be restored. Put the zones back as they "
                                                       "were before?") == ui::Answer::Yes) {
@@ -174,15 +175,17 @@ void Restoration::judge(const Job& job, std::size_t restored) {
     }
 }
 
-void Restoration::putBack(const std::string& copy) {
+void Restoration::putBack(const Copy& copy) {
     abandon();
     job_.emplace();
-    job_->zoneFile = job_->copy = copy;
+    job_->zoneFile = copy.zoneFile;
+    job_->copy = copy;
     job_->puttingBack = true;
-    job_->source = readSource(copy);
-    job_->wanted = zonesWanted(copy, job_->source);
+    job_->source = readSource(copy.zoneFile);
+    job_->wanted = zonesWanted(copy.zoneFile, job_->source);
+    addValues(job_->source.zones.zones, copy.leftOut);
     // With texts in it that an editor would take for other keys it is not imported; the program reads them right.
-    run(editor(), partnerOf(copy));
+    run(editor(), partnerOf(copy.zoneFile));
 }
 
 // The zone file first: without it the backup is no longer listed, whatever becomes of the other.

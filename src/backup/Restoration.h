@@ -40,10 +40,14 @@ private:
         // An editor is never started on an export that is there and was not looked through.
         bool mayBeImported() const;
     };
+    struct Copy {
+        std::string zoneFile;               // "" when there were no zones
+        std::vector<ExportedZone> leftOut;  // values that its export does not carry
+    };
     struct Job {
         std::string zoneFile;
         Source source;                  // of `zoneFile`, as it was when the import began
-        std::string copy;               // the zone file of the zones as they were; "" when there were none
+        Copy copy;                      // the zones as they were
         std::size_t wanted = 0;         // zones that the backup has
         std::vector<std::string> left;  // zones that could not be deleted
         platform::Launcher::Process editor = 0;
@@ -53,12 +57,12 @@ private:
     Source readSource(const std::string& zoneFile) const;
     std::size_t zonesWanted(const std::string& zoneFile, const Source& source) const;
     std::string editor() const;  // "" when there is none
-    std::string copyZones(const std::string& zoneFile);
+    Copy copyZones(const std::string& zoneFile);
     void run(const std::string& editor, const std::string& exportFile);
     // Writes what is missing, and tells how many zones are there with everything that the backup has of them.
     std::size_t complete(const Job& job);
     void judge(const Job& job, std::size_t restored);
-    void putBack(const std::string& copy);
+    void putBack(const Copy& copy);
     void removeBackup(const std::string& zoneFile);
 
     forms::Context& context_;

@@ -1,8 +1,10 @@
 #include "backup/ZoneMending.h"
 
 #include <algorithm>
+#include <charconv>
 
 #include "registry/regTexts.h"
+#include "util/Error.h"
 #include "util/characters.h"
 #include "zones/zones.h"
 
@@ -52,6 +54,33 @@ void write(clsRegistry& registry, const ExportedValue& value) {
     }
 }
 
+// "1 A0 FF"
+platform::Bytes bytesOf(const std::string& text) {
+    platform::Bytes bytes;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t end = std::min(text.find(' ', at), text.size());
+        std::uint8_t byte = 0;
+        std::from_chars(text.data() + at, text.data() + end, byte, 16);
+        bytes.push_back(byte);
+        at = end + 1;
+    }
+    return bytes;
+}
+
+std::optional<ExportedValue> leftOut(const ListedValue& value) {
+    ExportedValue kept;
+    kept.name = value.name;
+    if (value.type == ValueType::Binary) {
+        kept.type = platform::RegBinary;
+        kept.data = bytesOf(value.text);
+        return kept;
+    }
+    if (value.type != ValueType::String || !value.name.empty() || value.text.empty()) return std::nullopt;
+    kept.type = platform::RegSz;
+    kept.text = value.text;
+    return kept;
+}
+
 // Makes the zone when it is missing, the zones key as well, and goes to it. False when it cannot be entered.
 bool enterZone(clsRegistry& registry, const std::string& zone) {
     if (zones::goToZone(registry, zone) == Found::Present) return true;
@@ -82,6 +111,28 @@ void mendZonesKey(clsRegistry& registry, const std::vector<ExportedValue>& value
     const Values there = valuesHere(registry);
     for (const ExportedValue& value : values)
         if (!holds(there, value)) write(registry, value);
+}
+
+std::vector<ExportedZone> valuesLeftOut(clsRegistry& registry, const std::vector<std::string>& zones) {
+    const clsRegistry::FailureWatch watch(registry);
+    std::vector<ExportedZone> all;
+    for (const std::string& name : zones) {
+        zones::goToZone(registry, name);
+        ExportedZone zone{name, {}, {}, true};
+        for (const ListedValue& value : valuesHere(registry))
+            if (auto kept = leftOut(value)) zone.values.push_back(*std::move(kept));
+        if (!zone.values.empty()) all.push_back(std::move(zone));
+    }
+    if (watch.failed())
+        throw util::Error(util::NumberFileAccess, "backup", "The zones could not be read from the registry.");
+    return all;
+}
+
+void addValues(std::vector<ExportedZone>& zones, const std::vector<ExportedZone>& values) {
+    for (const ExportedZone& more : values)
+        for (ExportedZone& zone : zones)
+            if (util::equalFolded(zone.name, more.name))
+                zone.values.insert(zone.values.end(), more.values.begin(), more.values.end());
 }
 
 }  // namespace backup

@@ -1,4 +1,6 @@
 // Compares zones with an export, and writes what is missing or different.
+//
+// And remembers what an export cannot carry.
 #pragma once
 
 #include <vector>
@@ -15,5 +17,12 @@ bool mendZone(clsRegistry& registry, const ExportedZone& zone, bool emptied);
 
 // The values of the zones key itself.
 void mendZonesKey(clsRegistry& registry, const std::vector<ExportedValue>& values);
+
+// What the zones hold and an export leaves out: binary values, and default values that are texts. Throws util::Error
+// when they cannot be read.
+std::vector<ExportedZone> valuesLeftOut(clsRegistry& registry, const std::vector<std::string>& zones);
+
+// Adds their values to the zones of that name.
+void addValues(std::vector<ExportedZone>& zones, const std::vector<ExportedZone>& values);
 
 }  // namespace backup
