@@ -3,6 +3,7 @@
 #include "support/Core.h"
 #include "zones/Defaults.h"
 #include "zones/Templates.h"
+#include "zones/ZoneRecord.h"
 
 namespace {
 
@@ -137,6 +138,22 @@ TEST_F(ZoneKeys, ANewZoneIsSafeWhateverTheTemplateHolds) {
         EXPECT_EQ(system.text(zone, ""), "");
         EXPECT_EQ(system.values(high), before) << "a template is everybody's";
     }
+}
+
+TEST_F(ZoneKeys, ANumberThatIsNotFourBytesLongIsNone) {
+    system.set({Zones + "\\5", "Flags", platform::RegDword, {219}});
+    goToZone(registry, "5");
+    EXPECT_EQ(readFlags(registry).found, Found::OtherType);
+}
+
+TEST_F(ZoneKeys, ANameThatIsListedTwiceIsAtNoPlace) {
+    if (!system.simulation()) GTEST_SKIP() << "listing a key under another name takes the registry in memory";
+    for (const char* zone : {"0", "1", "1wide", "2"}) system.makeKey(Zones + "\\" + zone);
+    system.simulation()->registry.listAs(Zones + "\\1wide", "1");
+    EXPECT_EQ(zoneAtIndex(registry, "0"), "0");
+    EXPECT_EQ(zoneAtIndex(registry, "1"), "");
+    EXPECT_EQ(zoneAtIndex(registry, "2"), "");
+    EXPECT_EQ(zoneAtIndex(registry, "3"), "2");
 }
 
 }  // namespace
