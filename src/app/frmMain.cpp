@@ -166,7 +166,8 @@ void frmMain::DrawEtchedLine() {
 // The browser counts its repairs of the zones here; a count left over makes it repair what the user changed.
 void frmMain::DeleteSelfHealCount() {
     zones::goToZones(context_.registry);
-    if (context_.registry.ValueOf("SelfHealCount")) context_.registry.DeleteValue("SelfHealCount");
+    constexpr const char* Count = zones::SelfHealCount;
+    if (context_.registry.ValueOf(Count)) context_.registry.DeleteValue(Count);
 }
 
 // The list of zones ---------------------------------------------------------------------------------------------

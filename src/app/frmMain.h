@@ -108,8 +108,8 @@ private:
     void WriteFirstAttributes();
     void ReadAttributes();
     ui::Twips ReadLength(const char* name);
-    void WriteNumber(const char* name, double number);
-    void ShowView(double view);
+    void WriteLength(const char* name, ui::Twips length);
+    void ShowView(std::uint32_t view);
     void ShowLogo();
     void DrawEtchedLine();
     void SelectUsualZone(basMain::IconCache& icons);

@@ -12,7 +12,7 @@ constexpr const char* MainHeight = "Main Height";
 constexpr const char* FrameTop = "Frame Top";
 constexpr const char* LogoTop = "Logo Top";
 constexpr const char* View = "View";
-constexpr double BasicView = 1, AdvancedView = 2;
+constexpr std::uint32_t BasicView = 1, AdvancedView = 2;
 
 }  // namespace
 
@@ -24,10 +24,10 @@ void frmMain::mnuViewAdv_Click() {
         zzzpicLogo.setTop(zzzfraInfo.top() + zzzfraInfo.height() + FrameToLogo);
         setHeight(heightFor(zzzpicLogo.top(), zzzpicLogo.height()));
         context_.registry.goTo(SettingsPath);
-        WriteNumber(MainHeight, height());
-        WriteNumber(FrameTop, zzzfraInfo.top());
-        WriteNumber(LogoTop, zzzpicLogo.top());
-        WriteNumber(View, AdvancedView);
+        WriteLength(MainHeight, height());
+        WriteLength(FrameTop, zzzfraInfo.top());
+        WriteLength(LogoTop, zzzpicLogo.top());
+        context_.registry.writeNumber(View, AdvancedView);
         ShowView(AdvancedView);
     });
 }
@@ -37,15 +37,15 @@ void frmMain::mnuViewBasic_Click() {
         zzzpicLogo.setTop(zzzfraInfo.top());
         setHeight(heightFor(zzzpicLogo.top(), zzzpicLogo.height()));
         context_.registry.goTo(SettingsPath);
-        WriteNumber(MainHeight, height());
-        WriteNumber(LogoTop, zzzpicLogo.top());
-        WriteNumber(View, BasicView);
+        WriteLength(MainHeight, height());
+        WriteLength(LogoTop, zzzpicLogo.top());
+        context_.registry.writeNumber(View, BasicView);
         ShowView(BasicView);
     });
 }
 
 // The view in force is the one whose menu item is disabled. Any other number changes nothing.
-void frmMain::ShowView(double view) {
+void frmMain::ShowView(std::uint32_t view) {
     if (view != BasicView && view != AdvancedView) return;
     if (view == BasicView) zzzfraInfo.setVisible(false);
     mnuViewBasic.setEnabled(view != BasicView);
@@ -64,16 +64,15 @@ void frmMain::SetFormAttributes() {
         if (firstRun) WriteFirstAttributes();
         ReadAttributes();
         if (firstRun) return;  // the menus keep their designed state
-        ValueType type = ValueType::String;
-        if (const auto view = registry.ValueOf(View, type); view && type == ValueType::Dword) ShowView(view->number);
+        if (const NumberReading view = registry.readNumber(View); view.present()) ShowView(view.number);
     });
 }
 
 void frmMain::WriteFirstAttributes() {
-    WriteNumber(MainHeight, height());
-    WriteNumber(FrameTop, zzzfraInfo.top());
-    WriteNumber(LogoTop, zzzpicLogo.top());
-    WriteNumber(View, AdvancedView);
+    WriteLength(MainHeight, height());
+    WriteLength(FrameTop, zzzfraInfo.top());
+    WriteLength(LogoTop, zzzpicLogo.top());
+    context_.registry.writeNumber(View, AdvancedView);
 }
 
 void frmMain::ReadAttributes() {
@@ -83,15 +82,14 @@ void frmMain::ReadAttributes() {
 }
 
 ui::Twips frmMain::ReadLength(const char* name) {
-    constexpr double Tallest = 32767;  // what a window may measure in twips
-    ValueType type = ValueType::String;
-    const auto value = context_.registry.ValueOf(name, type);
-    if (!value || type != ValueType::Dword || value->number > Tallest)
+    constexpr std::uint32_t Tallest = 32767;  // what a window may measure in twips
+    const NumberReading length = context_.registry.readNumber(name);
+    if (!length.present() || length.number > Tallest)
         throw util::Error(util::NumberNotANumber, "frmMain",
                           std::string("The saved setting \"") + name + "\" is missing or is not a length.");
-    return static_cast<ui::Twips>(value->number);
+    return static_cast<ui::Twips>(length.number);
 }
 
-void frmMain::WriteNumber(const char* name, double number) {
-    context_.registry.ValueOf(name, ValueType::Dword, number);
+void frmMain::WriteLength(const char* name, ui::Twips length) {
+    context_.registry.writeNumber(name, static_cast<std::uint32_t>(length));
 }

@@ -24,6 +24,9 @@ inline constexpr const char* RangesKey =
 inline constexpr const char* ProtocolDefaultsKey =
     "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\ProtocolDefaults";
 
+// A value of ZonesKey itself: how often the browser has repaired the zones.
+inline constexpr const char* SelfHealCount = "SelfHealCount";
+
 // The values of a zone's key that mean something to the program; the others are its security settings.
 namespace value {
 inline constexpr const char* DisplayName = "DisplayName";
