@@ -224,7 +224,7 @@ TEST_F(RoundTrip, BringsBackWhatTheFormatCarriesWhateverTheEditorMakesOfIt) {
     EXPECT_EQ(sorted(differences(before, exported())), sorted(afterwards));
 }
 
-// "\0" ends the file for this editor: what comes after it in the export is not imported.
+// "\0" costs the value, and ends the file for Wine's editor of 64 bits: what comes after it is not imported.
 TEST_F(RoundTrip, BringsBackWhatComesAfterAZeroThatStopsTheEditor) {
     system.deleteTree(zones::ZonesKey);
     for (const char* zone : {"0", "1"}) {
@@ -235,7 +235,9 @@ TEST_F(RoundTrip, BringsBackWhatComesAfterAZeroThatStopsTheEditor) {
     backUp("zero");
     system.deleteTree(zones::ZonesKey);
     importWithEditor(system.filesIn(system.path("Backups"), "*.reg").at(0));
-    EXPECT_FALSE(system.exists(zoneKey("1")));
+    constexpr bool EditorStops = sizeof(void*) == 8;
+    EXPECT_EQ(system.exists(zoneKey("1")), !EditorStops);
+    EXPECT_FALSE(system.text(zoneKey("0"), "Description"));
     restore("zero", 2, nullptr, [] {});
     EXPECT_EQ(differences(before, exported()), Texts{});
 }
