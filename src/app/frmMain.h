@@ -41,7 +41,6 @@ public:
     // Empties the list and fills it again.
     void RebuildList() override;
     void UpdateLabels(const std::string& zone) override;
-    int zoneCount() const override { return lvwZones.count(); }
     void ReloadAsItIs() override;
     // The zone that was clicked last, and its icon.
     const Selection& selection() const { return selection_; }

@@ -44,7 +44,11 @@ void frmMain::ReloadAsItIs() {
         forms::clearZoneList(zoneList());
         basMain::IconCache icons(context_.platform);
         forms::fillZoneList(context_, zoneList(), icons);
-        lvwZones.count() > 0 ? SelectUsualZone(icons) : ClearSummary();
+        if (lvwZones.count() > 0) {
+            SelectUsualZone(icons);
+        } else {
+            ClearSummary();
+        }
     });
 }
 

@@ -16,7 +16,6 @@ public:
     virtual void RebuildList() = 0;
     // Reads the "At a glance" values of a zone again: its flags or levels have changed.
     virtual void UpdateLabels(const std::string& zone) = 0;
-    virtual int zoneCount() const = 0;  // in its list
     // Also reads the zones again, but reports nothing when there are none or only some.
     virtual void ReloadAsItIs() = 0;
 };

@@ -66,7 +66,6 @@ public:
     void setDefaultButton(CommandButton& button);
     void setCancelButton(CommandButton& button) { cancelButton_ = &button; }
     CommandButton* defaultButton() const { return defaultButton_; }
-    CommandButton* cancelButton() const { return cancelButton_; }
 
     void setHook(WindowHook hook);  // an empty one removes it
     bool hooked() const { return static_cast<bool>(hook_); }

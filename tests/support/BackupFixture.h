@@ -50,6 +50,7 @@ struct BackupFixture : testing::Test {
         return all;
     }
     std::string file(const std::string& name) { return system.readFile("Backups\\" + name).value_or("(no file)"); }
+    std::string inBackups(const std::string& name) { return system.path("Backups\\" + name); }
     void addFile(const std::string& name, const std::string& bytes) {
         system.platform().files.createFolder(system.path("Backups"));
         system.writeFile("Backups\\" + name, bytes);
