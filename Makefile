@@ -10,9 +10,9 @@ help:
 	@echo 'make build        build/win64/Tavimor.exe'
 	@echo 'make release      dist/: Tavimor.exe for Windows 95 and later, its set-up program and its zip'
 	@echo 'make screenshots  the pictures in docs/screenshots'
-	@echo 'make lint         clang-tidy and the format of every source'
+	@echo 'make lint         clang-tidy and the format of every source; tools/lint.sh FILE... of some'
 	@echo 'make fuzz         a million made-up inputs to the reader of zone backups'
-	@echo 'make bench        how fast it is, natively and on Wine; the table in README.md'
+	@echo 'make bench        how fast it is, natively and on Wine (WRITE=--write: into docs/performance.md)'
 	@echo 'make format       put every source into its format'
 	@echo 'make setup        install the Debian packages that all of these need'
 
@@ -34,8 +34,7 @@ test:
 	@tools/test.sh
 
 test-native:
-	@tools/build.sh native
-	@tools/run-suite.sh build/native/tests/tavimor-tests
+	@tools/test.sh native
 
 build:
 	@tools/setup.sh build
@@ -53,7 +52,7 @@ fuzz:
 
 bench:
 	@tools/setup.sh bench
-	@tools/bench.sh
+	@tools/bench.sh $(WRITE)
 
 lint:
 	@tools/setup.sh lint
@@ -61,4 +60,4 @@ lint:
 
 format:
 	@tools/setup.sh format
-	@git ls-files 'src/*.h' 'src/*.cpp' 'tests/*.h' 'tests/*.cpp' 'bench/*.h' 'bench/*.cpp' | xargs clang-format -i
+	@tools/sources.sh | xargs -d '\n' clang-format -i

@@ -23,6 +23,7 @@ void forgetZones();
 void backups(Machine& machine);   // writing and listing them
 void zoneList(Machine& machine);  // filling the main window's list
 void iconSelector(Machine& machine);
-void start();  // of the program
+void dialogs(Machine& machine);  // opening each, and making the main window wider
+void start();                    // of the program
 
 }  // namespace bench

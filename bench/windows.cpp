@@ -44,7 +44,7 @@ void seedZones(int zones, int settings) {
 
 }  // namespace bench
 
-// usage: tavimor-bench [start|backups|zones|icons]...    all of them when none is named
+// usage: tavimor-bench [start|backups|zones|icons|dialogs]...    all of them when none is named
 int main(int count, char** names) {
     const auto wanted = [&](const char* name) {
         return count < 2 ||
@@ -57,6 +57,7 @@ int main(int count, char** names) {
         if (wanted("backups")) bench::backups(machine);
         if (wanted("zones")) bench::zoneList(machine);
         if (wanted("icons")) bench::iconSelector(machine);
+        if (wanted("dialogs")) bench::dialogs(machine);
     }
     bench::forgetZones();
     return 0;

@@ -7,4 +7,6 @@ set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++-win32)
 set(CMAKE_AR /usr/bin/i686-w64-mingw32-gcc-ar-win32 CACHE FILEPATH "")
 set(CMAKE_RANLIB /usr/bin/i686-w64-mingw32-gcc-ranlib-win32 CACHE FILEPATH "")
 set(CMAKE_RC_COMPILER i686-w64-mingw32-windres)
+# What runs a program for this system.
+set(CMAKE_CROSSCOMPILING_EMULATOR env WINE_BITS=32 ${CMAKE_CURRENT_LIST_DIR}/../tools/run-on-wine.sh)
 include(${CMAKE_CURRENT_LIST_DIR}/cross.cmake)

@@ -6,8 +6,8 @@ enable_language(RC)
 # is an error when the program is compiled, not when it is started.
 set(oldest_windows WINVER=0x0400 _WIN32_WINNT=0x0400 _WIN32_WINDOWS=0x0410 _WIN32_IE=0x0400)
 
-# A terminal server would otherwise tell the program a Windows folder of the user's own.
-add_link_options(-static -Wl,--tsaware)
+# A terminal server would otherwise tell the program a Windows folder of the user's own. No data of ours is ever run.
+add_link_options(-static -Wl,--tsaware -Wl,--nxcompat)
 set(CMAKE_CXX_FLAGS_DEBUG "-O1")
 set(CMAKE_CXX_FLAGS_MINSIZEREL "-Os -DNDEBUG")
 set(CMAKE_CXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_MINSIZEREL}")  # for benchmarks: what people get is measured
@@ -22,8 +22,9 @@ if(CMAKE_BUILD_TYPE STREQUAL MinSizeRel)
     add_link_options(-flto-partition=one)
     # The loaders of Windows 95 and NT 4 refuse a program that asks for a later version.
     add_link_options(-s -Wl,--gc-sections -Wl,--major-os-version,4 -Wl,--minor-os-version,0 -Wl,--disable-dynamicbase
-        -Wl,--disable-reloc-section -Wl,--disable-nxcompat)
+        -Wl,--disable-reloc-section)
     set(subsystem -Wl,--subsystem,windows:4.0)
+    set(console_subsystem -Wl,--subsystem,console:4.0)
 endif()
 add_link_options(-Wl,--no-insert-timestamp)
 # Archives carry no times and no owners.

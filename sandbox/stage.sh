@@ -87,17 +87,18 @@ start_tavimor() {
     started=$!
 }
 
-# wait_for_window TITLE: sets `window` to the window whose title matches, as soon as there is one.
-wait_for_window() {
+# has_window TITLE TRIES: sets `window` to the window whose title matches, as soon as there is one; four tries a second.
+has_window() {
     local tries
-    for tries in $(seq 120); do
+    for tries in $(seq "$2"); do
         window=$(timeout 5 xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -n 1) || true
         [ -z "$window" ] || return 0
         kill -0 $started 2>/dev/null || fail "the program ended without a window: $(cat "$work/program.log")"
         sleep 0.25
     done
-    fail "no window \"$1\" after half a minute"
+    return 1
 }
+wait_for_window() { has_window "$1" 120 || fail "no window \"$1\" after half a minute"; }
 
 # wait_for_end_of_window TITLE
 wait_for_end_of_window() {
@@ -109,7 +110,8 @@ wait_for_end_of_window() {
     fail "the window \"$1\" is still there after half a minute"
 }
 
-# picture FILE.png [BEFORE.png]: of `window`, as soon as it has looked the same three times, and not like BEFORE.
+# picture FILE.png [BEFORE.png [TIMES]]: of `window`, as soon as it has looked the same three times, or TIMES more than
+# once, and not like BEFORE.
 picture() {
     local tries same=0
     mkdir -p "$(dirname "$1")"
@@ -118,7 +120,7 @@ picture() {
         timeout 10 import -window "$window" +repage -strip -define png:exclude-chunks=date,time "$work/now.png" ||
             fail "no picture of the window for $1"
         if cmp -s "$work/now.png" "$work/last.png"; then same=$((same + 1)); else same=0; fi
-        if [ $same = 2 ] && ! cmp -s "$work/now.png" "${2:-/dev/null}"; then
+        if [ $same -ge "${3:-2}" ] && ! cmp -s "$work/now.png" "${2:-/dev/null}"; then
             mv "$work/now.png" "$1"
             return 0
         fi

@@ -5,10 +5,10 @@
 #include "ui/CheckBox.h"
 #include "ui/CommandButton.h"
 #include "ui/Hourglass.h"
+#include "ui/Image.h"
 #include "ui/Label.h"
 #include "ui/ListView.h"
 #include "ui/Menu.h"
-#include "ui/PictureBox.h"
 #include "ui/TextBox.h"
 #include "ui/Timer.h"
 #include "ui/TreeView.h"
@@ -27,7 +27,7 @@ constexpr ui::Bounds At{120, 120, 1200, 300};
 }  // namespace
 
 TEST_F(Controls, AreDeafWhenDisabledOrHiddenWithTheirContainer) {
-    ui::PictureBox page(form_, "page", {0, 0, 3000, 3000});
+    ui::Image page(form_, "page", {0, 0, 3000, 3000});
     ui::CommandButton button(page, "button", At, "Press");
     ui::CheckBox check(page, "check", At, "Check");
     ui::Timer timer(form_, "timer", 1);

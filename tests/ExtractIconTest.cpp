@@ -94,7 +94,7 @@ TEST_F(ExtractIconTest, TheImageIsChosenForThePixelsThatTheScreenHas) {
     EXPECT_EQ(basMain::LoadPicture(system.platform(), system.path("sizes.ico"), 24), picture(48, 2));
 }
 
-TEST_F(ExtractIconTest, AFillOpensTheFileOfManyEqualIconsOnce) {
+IN_MEMORY_TEST_F(ExtractIconTest, AFillOpensTheFileOfManyEqualIconsOnce) {
     basMain::IconCache cache(system.platform());
     system.modules.watch.reset();
     EXPECT_EQ(cache.Icon({"zones.cpl", "4480"}, 16), picture(16, LibrarySeed));

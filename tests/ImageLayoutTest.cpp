@@ -108,4 +108,30 @@ TEST(ImageLayout, ABitmapMayHaveALongerHeaderAndItsTopRowFirst) {
         EXPECT_TRUE(icons::bitmapFromResource(platform::ByteSpan(bitmap(40, height, 24, 0))).empty()) << height;
 }
 
+TEST(ImageLayout, RunLengthsOfSixteenColoursAreUnpackedAndNothingIsReadOrWrittenBesideThem) {
+    const auto packed = [](std::uint32_t width, std::uint32_t height, const Bytes& runs) {
+        icons::ByteWriter out;
+        out.u32(40).u32(width).u32(height).u16(1).u16(4).u32(2).fill(20);
+        return out.fill(64).add(runs).bytes();
+    };
+    const Bytes end{0, 1};
+    const std::pair<Bytes, Bytes> cases[] = {
+        {{0, 5, 0x12, 0x34, 0x50, 0, 0, 0, 3, 0x67, 2, 0x89, 0, 1}, {0x12, 0x34, 0x50, 0, 0x67, 0x68, 0x90, 0}},
+        {{255, 0x12, 0, 0, 255, 0x34, 0, 0, 255, 0x56, 0, 1}, {0x12, 0x12, 0x10, 0, 0x34, 0x34, 0x30, 0}},
+        {{0, 0, 1, 0xF0, 0, 1}, {0, 0, 0, 0, 0xF0, 0, 0, 0}},
+        {{0, 255, 0x12, 0, 1}, {}},
+    };
+    for (const auto& [runs, pixels] : cases) {
+        const Bytes bytes = packed(5, 2, runs);
+        const ui::Picture picture = icons::bitmapFromResource(bytes);
+        const auto image = picture.image();
+        ASSERT_EQ(image.size(), pixels.empty() ? 0u : 112u);
+        EXPECT_EQ(Bytes(image.begin() + (pixels.empty() ? 0 : 104), image.end()), pixels);
+        for (std::size_t length = 0; length < bytes.size(); ++length)
+            EXPECT_TRUE(icons::bitmapFromResource(platform::ByteSpan(bytes.data(), length)).empty()) << length;
+    }
+    EXPECT_TRUE(icons::bitmapFromResource(packed(0x3FFF, 0x3FFF, end)).empty()) << "134 MB";
+    EXPECT_TRUE(icons::bitmapFromResource(packed(5, 0, end)).empty());
+}
+
 }  // namespace

@@ -35,7 +35,17 @@ TEST_F(cResourcesTest, TypesAndNamesComeInTheOrderOfTheFile) {
     EXPECT_EQ(names(platform::RtBitmap), Texts());
 }
 
-TEST_F(cResourcesTest, AFailureTellsTheSystemsOwnMessage) {
+TEST_F(cResourcesTest, TypesHaveNames) {
+    const Texts names = {"Other (0)",  "Cursor",          "Bitmap",         "Icon",       "Menu",
+                         "Dialog",     "String",          "Font Directory", "Font",       "Accelerators",
+                         "RC Data",    "Message Table",   "Group Cursor",   "Other (13)", "Group Icon",
+                         "Other (15)", "Version",         "Dialog Include", "Other (18)", "VXD",
+                         "VXD",        "Animated Cursor", "Animated Icon",  "HTML",       "Other (24)"};
+    for (std::size_t type = 0; type < names.size(); ++type)
+        EXPECT_EQ(cResources::TypeName(static_cast<std::uint16_t>(type)), names[type]);
+}
+
+IN_MEMORY_TEST_F(cResourcesTest, AFailureTellsTheSystemsOwnMessage) {
     const std::string missing = system.modules.FormatMessageA(platform::FileNotFound);
     EXPECT_EQ(types(), Texts{"Can't load library: " + missing});
     addIcon(Library, "MAIN", {32});

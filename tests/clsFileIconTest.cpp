@@ -76,7 +76,7 @@ TEST(IconIdentifier, IsANumberWhenItIsDecimalTextAndAResourceCanHaveIt) {
         EXPECT_EQ(icons::toIdentifier(text), ResourceId(text));
 }
 
-TEST_F(clsFileIconTest, AGroupThatIsRefusedSaysWhyAndKeepsNothingOfTheIconBefore) {
+IN_MEMORY_TEST_F(clsFileIconTest, AGroupThatIsRefusedSaysWhyAndKeepsNothingOfTheIconBefore) {
     EXPECT_EQ(loadGroup(), "Can't load library.");
     addIcon(Library, "MAIN", {16, 48});
     EXPECT_EQ(loadGroup("MAIN"), "");
@@ -163,7 +163,7 @@ TEST_F(clsFileIconTest, WhatIsWrongWithAFileIsSaid) {
     EXPECT_EQ(failure([&] { icon.LoadIcon("C:\\none.ico"); }), "Failed to load icon: Couldn't open file for reading.");
 }
 
-TEST_F(clsFileIconTest, ARefusedSaveSaysWhy) {
+IN_MEMORY_TEST_F(clsFileIconTest, ARefusedSaveSaysWhy) {
     const auto save = [&](const std::string& name) { return failure([&] { icon.SaveIcon(name); }); };
     EXPECT_EQ(save(""), "No filename specified.");
     EXPECT_EQ(save(system.path(File)), "Icon contains no images.");

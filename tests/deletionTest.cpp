@@ -25,7 +25,7 @@ protected:
         for (const std::string& name : system.keys(Zones)) {
             const std::string key = Zones + "\\" + name;
             text += (text.empty() ? "" : " ") + name + "=" + system.text(key, "DisplayName").value_or("");
-            if (system.dword(key, "Flags") || system.value(key, "Java")) text += "+";
+            if (system.value(key, "Flags") || system.value(key, "Java")) text += "+";
         }
         return text;
     }
@@ -49,7 +49,7 @@ TEST_F(Deletion, ZonesAboveADeletedOneMoveDownWithTheirTexts) {
     }
 }
 
-TEST_F(Deletion, AZoneThatCouldNotMoveIsNotDeletedInItsOldPlace) {
+IN_MEMORY_TEST_F(Deletion, AZoneThatCouldNotMoveIsNotDeletedInItsOldPlace) {
     for (const char* function : {"RegDeleteKeyA", "RegCreateKeyExA", "RegSetValueExA", "RegEnumValueA"}) {
         makeZones({"0", "1", "2", "3"});
         system.registry.watch.failOn(function, 1, platform::AccessDenied);
@@ -63,16 +63,11 @@ TEST_F(Deletion, AZoneThatCouldNotMoveIsNotDeletedInItsOldPlace) {
             EXPECT_EQ(zonesNow(), "0=Zone 0+ 1=Zone 1+ 2=Zone 2+ 3=Zone 3+");
         }
     }
-}
-
-TEST_F(Deletion, AZoneStaysWhenItsSitesCannotMove) {
     makeZones({"0", "1", "2", "3"});
-    std::vector<std::uint32_t> moved;
     registry.DeleteAndRename(zones::ZonesKey, "1", [&](std::uint32_t from) {
-        moved.push_back(from);
-        registry.NoteFailure();
+        EXPECT_EQ(from, 2u);
+        registry.NoteFailure();  // its sites cannot move
     });
-    EXPECT_EQ(moved, std::vector<std::uint32_t>{2});
     EXPECT_EQ(zonesNow(), "0=Zone 0+ 1=Zone 2 2=Zone 2+ 3=Zone 3+");
 }
 
@@ -114,10 +109,10 @@ TEST_F(Deletion, SitesOfAZoneAreFoundTwoLevelsDeepAndTheirKeysAreWhatGoes) {
     EXPECT_EQ(system.keys(Domains + "\\example.com").size(), 2u);
 }
 
-TEST_F(Deletion, ADomainThatCannotBeReadIsNotTakenForEmpty) {
+IN_MEMORY_TEST_F(Deletion, ADomainThatCannotBeReadIsNotTakenForEmpty) {
     for (int call = 1; call <= 12; ++call) {
         system.deleteTree(Domains);
-        if (Simulation* simulation = system.simulation()) simulation->registry.deletesSubtrees = true;
+        system.registry.deletesSubtrees = true;
         system.setDword(Domains + "\\example.com\\www", "http", 5);
         system.registry.watch.failOn(call, platform::AccessDenied);
         registry.DeleteEmptyDomains(Domains);

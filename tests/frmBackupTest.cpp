@@ -22,7 +22,8 @@ struct BackupDialog : BackupFixture {
             form.txtDescription.type(description);
             form.pressEnter();
             if (failing.empty()) return;
-            EXPECT_TRUE(form.loaded() && form.cmdBackup.enabled());
+            EXPECT_TRUE(form.loaded());
+            EXPECT_TRUE(form.cmdBackup.enabled());
             EXPECT_EQ(form.txtDescription.text(), description);
             form.pressEscape();
         });
@@ -49,6 +50,24 @@ TEST_F(BackupDialog, WritesBothFilesWhenEnterIsPressed) {
                               system.programFolder() + "\\Tavimor.exe#1;;;;;;\r\n");
 }
 
+TEST_F(BackupDialog, WritesNothingWhenItIsCancelled) {
+    system.seedZones();
+    for (void (*leave)(frmBackup&) :
+         {+[](frmBackup& form) { form.cmdCancel.click(); }, +[](frmBackup& form) { form.pressEscape(); },
+          +[](frmBackup& form) { form.closeBox(); }})
+        use<frmBackup>([&](frmBackup& form) {
+            const int line = form.cmdBackup.top() - form.cmdBackup.height() / 2;
+            EXPECT_EQ(form.lines(),
+                      (std::vector<ui::Line>{
+                          {0, line, form.client().width, line, ui::SystemColour::Shadow3D},
+                          {0, line + 20, form.client().width - 5, line + 20, ui::SystemColour::Highlight3D}}));
+            form.txtDescription.type("x");
+            leave(form);
+            EXPECT_FALSE(form.loaded());
+        });
+    EXPECT_TRUE(system.filesIn(system.path("Backups")).empty());
+}
+
 TEST_F(BackupDialog, KeepsOfTheZonesKeyItselfOnlyAnEmptyDefaultValue) {
     for (const std::string text : {"", "text"}) {
         system.setText(Zones, "", text);
@@ -56,8 +75,8 @@ TEST_F(BackupDialog, KeepsOfTheZonesKeyItselfOnlyAnEmptyDefaultValue) {
         backUp(text.empty() ? "" : "   ");
         EXPECT_TRUE(exported().ends_with(Head + (text.empty() ? "@=\"\"\r\n\r\n" : "\r\n"))) << exported();
         EXPECT_TRUE(zoneFile().ends_with("Desc=" + name + "\r\n")) << "named by its time";
-        system.files.remove(system.path("Backups\\" + name + ".reg"));
-        system.files.remove(system.path("Backups\\" + name + ".tvf"));
+        system.platform().files.remove(system.path("Backups\\" + name + ".reg"));
+        system.platform().files.remove(system.path("Backups\\" + name + ".tvf"));
     }
 }
 
@@ -153,12 +172,13 @@ TEST_F(BackupDialog, TakesNoInputWhileItWritesAndKeepsEveryWindowOpen) {
     });
     form.showModal();
     EXPECT_GT(looks, 0);
-    EXPECT_TRUE(exported().ends_with("\r\n\r\n") && zoneFile().ends_with(";3\r\n")) << exported() << zoneFile();
+    EXPECT_TRUE(exported().ends_with("\r\n\r\n"));
+    EXPECT_TRUE(zoneFile().ends_with(";3\r\n")) << exported() << zoneFile();
     EXPECT_EQ(form.pointer(), ui::Pointer::Default);
     EXPECT_FALSE(desktop.busy());
 }
 
-TEST_F(BackupDialog, StopsAtTheFirstFileThatCannotBeWrittenAndKeepsWhatWas) {
+IN_MEMORY_TEST_F(BackupDialog, StopsAtTheFirstFileThatCannotBeWrittenAndKeepsWhatWas) {
     // Zones that take several writes.
     for (const char* zone : {"0", "1", "2", "3"}) system.setText(zoneKey(zone), "Description", std::string(40000, 'x'));
     backUp("whole");
@@ -179,7 +199,7 @@ TEST_F(BackupDialog, StopsAtTheFirstFileThatCannotBeWrittenAndKeepsWhatWas) {
     }
 }
 
-TEST_F(BackupDialog, CostsOneRegistryCallAValueAndFewWrites) {
+IN_MEMORY_TEST_F(BackupDialog, CostsOneRegistryCallAValueAndFewWrites) {
     constexpr int ZoneCount = 30, ValueCount = 50;
     for (int zone = 0; zone < ZoneCount; ++zone)
         for (int value = 0; value < ValueCount; ++value)

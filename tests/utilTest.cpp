@@ -2,8 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include "backup/ExportFile.h"
+#include "backup/RegistryExport.h"
+#include "simulated/System.h"
 #include "util/basSystem.h"
+#include "util/characters.h"
 #include "util/clsFileInfo.h"
+#include "util/clsStrings.h"
 #include "util/numbers.h"
 #include "util/systemText.h"
 
@@ -44,6 +49,44 @@ TEST(Util, BackslashesAndZerosAtTheEnd) {
     EXPECT_EQ(basSystem::UnQualifyPath("C:\\"), "C:\\") << "C: is another place";
     EXPECT_EQ(basSystem::QualifyPath("") + basSystem::UnQualifyPath(""), "");
     EXPECT_EQ(basSystem::TrimNull("a\0b\0"s) + basSystem::TrimNull("\0"s) + basSystem::TrimNull("c"), "ac");
+}
+
+// Code page 932: "\x83\\" and "\x83|" are letters of kana, "\x83p" is another one than "\x83P".
+TEST(Util, ACharacterOfTwoBytesIsNeitherCutNorTakenForItsSecond) {
+    struct Japanese : simulated::System {
+        bool IsDBCSLeadByte(std::uint8_t byte) override {
+            return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
+        }
+    } japanese;
+    util::readLeadBytes(japanese);
+    EXPECT_EQ(basSystem::QualifyPath("C:\\\x83\\"), "C:\\\x83\\\\");
+    EXPECT_EQ(basSystem::UnQualifyPath("C:\\\x83\\"), "C:\\\x83\\");
+    EXPECT_EQ(basSystem::UnQualifyPath("C:\\\x83\\\\"), "C:\\\x83\\");
+    TestSystem system;
+    EXPECT_EQ(clsFileInfo(system.platform(), "C:\\a\x83\\b.ico").Name(), "a\x83\\b.ico");
+    EXPECT_EQ(util::upper("a\x83p\x83"), "A\x83p\x83");
+    EXPECT_EQ(util::lower("A\x83P"), "a\x83P");
+    EXPECT_TRUE(util::equalFolded("A\x83p", "a\x83p"));
+    EXPECT_FALSE(util::equalFolded("\x83p", "\x83P"));
+    clsStrings strings;
+    EXPECT_EQ(strings.Initialise("a\x83|b|\x83||c", "|"), 3);
+    EXPECT_EQ(strings.ElementAsString(1), "a\x83|b");
+    EXPECT_EQ(strings.Initialise("\"|\"|\x83|b", "|,"), 2);
+    EXPECT_EQ(strings.Replace("\x83\\a\\b", "\\", "\\\\"), "\x83\\a\\\\b");
+    ListedValue icon{"Icon", "C:\\\x83\\\\a.dll#1"};
+    const auto line = backup::exportLine(icon);
+    EXPECT_EQ(line, "\"Icon\"=\"C:\\\\\x83\\\\\\a.dll#1\"");
+    {
+        const std::string head = "REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\A]\r\n";
+        backup::RegistryExport file(head + *line + "\r\n");
+        std::optional<backup::RegistryExport::Item> item;
+        do item = file.next();
+        while (item && item->kind != backup::RegistryExport::Kind::Value);
+        ASSERT_TRUE(item);
+        EXPECT_EQ(item->value.text, icon.text);
+    }
+    simulated::System plain;
+    util::readLeadBytes(plain);
 }
 
 TEST(Util, ASystemCodeIsASentenceWithTheNameInIt) {

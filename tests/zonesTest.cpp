@@ -36,7 +36,24 @@ TEST(Zones, LevelsAreConvertedBetweenNameAndNumberExactly) {
 TEST(Zones, OnlyNumbersAsTheSystemWritesThemAreZoneNumbers) {
     for (const char* zone : {"0", "10", "4294967295"}) EXPECT_EQ(std::to_string(numberOf(zone).value()), zone);
     for (const char* zone : {"", "007", "abc", "1 ", "1,000", "4294967296"}) EXPECT_FALSE(numberOf(zone)) << zone;
-    EXPECT_FALSE(isBuiltIn("5") || isBuiltIn("00"));
+}
+
+TEST(Zones, TheBrowsersOwnHaveTheirDefaultsAndAllOthersTheSafeOnes) {
+    for (const sample::Zone& zone : sample::Zones) {
+        SCOPED_TRACE(zone.number);
+        const BuiltInZone* own = builtIn(zone.number);
+        ASSERT_EQ(own != nullptr, zone.name != nullptr);
+        EXPECT_EQ(isBuiltIn(zone.number), own != nullptr);
+        const Defaults& defaults = defaultsOf(zone.number);
+        EXPECT_EQ(defaults.flags, zone.flags);
+        EXPECT_EQ(defaults.recommendedLevel, zone.recommended);
+        EXPECT_EQ(defaults.minimumLevel, zone.minimum);
+        if (!own) continue;
+        EXPECT_STREQ(own->name, zone.name);
+        EXPECT_STREQ(own->description, zone.description);
+        EXPECT_EQ(own->iconFile + std::string("#") + own->iconResource, zone.icon);
+    }
+    EXPECT_FALSE(isBuiltIn("00"));
 }
 
 class ZoneKeys : public testing::Test, protected Core {
@@ -81,7 +98,7 @@ TEST_F(ZoneKeys, WithoutATemplateNoLevelIsCopied) {
     }
 }
 
-TEST_F(ZoneKeys, MediumLowMayHaveTheShortNameOfRealMachines) {
+IN_MEMORY_TEST_F(ZoneKeys, MediumLowMayHaveTheShortNameOfRealMachines) {
     system.setDword(Templates + "\\MedLow", "1200", 7);
     SaveSecurityLevel(registry, "5", 2);
     EXPECT_FALSE(system.exists(Zones + "\\5"));
@@ -114,7 +131,7 @@ TEST_F(ZoneKeys, ASettingThatIsNoPlainNumberIsLeftOutAndCounts) {
     }
 }
 
-TEST_F(ZoneKeys, ANewZoneIsSafeWhateverTheTemplateHolds) {
+IN_MEMORY_TEST_F(ZoneKeys, ANewZoneIsSafeWhateverTheTemplateHolds) {
     const std::string high = Templates + "\\High", zone = Zones + "\\5";
     const std::function<void()> templates[] = {
         [] {},
@@ -146,10 +163,9 @@ TEST_F(ZoneKeys, ANumberThatIsNotFourBytesLongIsNone) {
     EXPECT_EQ(readFlags(registry).found, Found::OtherType);
 }
 
-TEST_F(ZoneKeys, ANameThatIsListedTwiceIsAtNoPlace) {
-    if (!system.simulation()) GTEST_SKIP() << "listing a key under another name takes the registry in memory";
+IN_MEMORY_TEST_F(ZoneKeys, ANameThatIsListedTwiceIsAtNoPlace) {
     for (const char* zone : {"0", "1", "1wide", "2"}) system.makeKey(Zones + "\\" + zone);
-    system.simulation()->registry.listAs(Zones + "\\1wide", "1");
+    system.registry.listAs(Zones + "\\1wide", "1");
     EXPECT_EQ(zoneAtIndex(registry, "0"), "0");
     EXPECT_EQ(zoneAtIndex(registry, "1"), "");
     EXPECT_EQ(zoneAtIndex(registry, "2"), "");

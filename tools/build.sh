@@ -18,6 +18,10 @@ quietly() {
 
 # A folder once configured does so again by itself when a CMake file or the list of sources changes, but not when its
 # preset does. One whose configuring failed has a cache and nothing to build with.
+command -v cmake >/dev/null || {
+    echo "cmake is missing (Debian's package cmake): nothing can be built without it" >&2
+    exit 1
+}
 cache=build/$preset/CMakeCache.txt
 [ -e "build/$preset/build.ninja" ] || [ -e "build/$preset/Makefile" ] || rm -f "$cache"
 if [ ! -e "$cache" ] || [ -n "$(find CMakePresets.json cmake -newer "$cache")" ]; then

@@ -1,7 +1,7 @@
 #!/bin/bash
 # usage: tools/fuzz.sh [INPUTS]
 #
-# Runs the readers of zone backups and of registry exports on INPUTS (1,000,000) inputs each that libFuzzer makes up,
+# Runs the readers of zone backups and of registry exports, and what makes a registry of an export, on INPUTS (1,000,000) inputs each that libFuzzer makes up,
 # under sanitizers. What it has learnt stays in build/fuzz for the next run; an input that breaks something is left there.
 set -eu
 cd "$(dirname "$0")/.."
@@ -28,3 +28,6 @@ fuzz() {
 fuzz zone-file tvf.dict seeds tests/fuzz/ZoneFileFuzz.cpp src/backup/ZoneFile.cpp src/util/clsStrings.cpp
 fuzz registry-export reg.dict exports tests/fuzz/RegistryExportFuzz.cpp src/backup/RegistryExport.cpp \
     src/backup/ZonesExport.cpp src/util/characters.cpp
+fuzz exported-registry reg.dict exports tests/fuzz/ExportedRegistryFuzz.cpp src/command/ExportedRegistry.cpp \
+    src/native/Console.cpp src/backup/RegistryExport.cpp src/simulated/Registry.cpp src/simulated/Watch.cpp \
+    src/registry/*.cpp src/util/*.cpp

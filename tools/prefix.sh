@@ -36,7 +36,10 @@ make_prefix() {
     printf 'WINE REGISTRY Version 2\n\n#arch=%s\n\n[Software\\\\Wine\\\\%s]\n%s\n' "$WINEARCH" "$key" "$value" >"$prefix/user.reg"
     # With a home of its own, or the prefix would link to the folders of whoever builds.
     run() { env -u DISPLAY HOME="$prefix/home" WINEPREFIX="$prefix" timeout 300 "$@" 9>&-; }
-    if ! run "$wine" wineboot -i >"$prefix/wineboot.log" 2>&1 </dev/null || ! run wineserver -w; then
+    # What crashes ends at once, and does not wait for a debugger.
+    local no_debugger=(reg add 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\AeDebug' /v Debugger /d false /f)
+    if ! run "$wine" wineboot -i >"$prefix/wineboot.log" 2>&1 </dev/null ||
+        ! run "$wine" "${no_debugger[@]}" >>"$prefix/wineboot.log" 2>&1 </dev/null || ! run wineserver -w; then
         echo "Wine could not make the prefix:" >&2
         cat "$prefix/wineboot.log" >&2
         exit 1

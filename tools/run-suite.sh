@@ -4,6 +4,7 @@
 # Runs a test program and believes neither its exit code nor its silence: as many tests must have run as it lists, and
 # none may have failed. Prints what failed, or all with VERBOSE=1, and closes with "N passed, N failed, N skipped".
 set -u
+export UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1}
 output=$(mktemp)
 listing=$(mktemp)
 trap 'rm -f "$output" "$listing"' EXIT

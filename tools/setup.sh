@@ -4,9 +4,10 @@
 # Installs the Debian packages that `make VERB` needs, or all that any verb needs. Says what it installs; where all is
 # there it says and does nothing, and needs no network.
 set -u
-native='make g++ cmake libgtest-dev googletest'
+base='make cmake'
+native="$base g++ libgtest-dev googletest"
 windows='ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-win32 wine wine64 fonts-wine'
-pictures='xvfb xauth imagemagick xdotool'
+pictures='xvfb xauth imagemagick xdotool pngquant optipng'
 packages='nsis zip unzip'
 # What starts 32-bit programs; a machine that has Debian's 32-bit architecture has it from there.
 [ -e /lib/ld-linux.so.2 ] || windows="$windows libc6-i386"
@@ -15,17 +16,22 @@ bench='libbenchmark-dev'
 fuzz='make g++ clang libclang-rt-14-dev'
 
 verb=${1:-all}
-case $verb in
-    test-native) wanted=$native ;;
-    build) wanted="$native $windows" ;;
-    release | test) wanted="$native $windows $packages" ;;
-    run | screenshots) wanted="$native $windows $pictures" ;;
-    lint | format) wanted="$native $windows $lint" ;;
-    bench) wanted="$native $windows $bench" ;;
-    fuzz) wanted=$fuzz ;;
-    all) wanted="$native $windows $packages $pictures $lint $fuzz $bench librsvg2-bin file" ;;
-    *) echo "no such verb: $verb" >&2; exit 2 ;;
-esac
+# What a verb needs.
+packages_of() {
+    case $1 in
+        test-native) echo $native ;;
+        build) echo $base $windows ;;
+        release) echo $base $windows $packages ;;
+        test) echo $native $windows $packages ;;
+        run | screenshots) echo $base $windows $pictures ;;
+        lint | format) echo $native $windows $lint ;;
+        bench) echo $native $windows $bench ;;
+        fuzz) echo $fuzz ;;
+        all) echo $native $windows $packages $pictures $lint $fuzz $bench librsvg2-bin file ;;
+        *) return 1 ;;
+    esac
+}
+wanted=$(packages_of "$verb") || { echo "no such verb: $verb" >&2; exit 2; }
 
 installed() { [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]; }
 missing() {
@@ -34,10 +40,15 @@ missing() {
         installed "$package" || echo "$package"
     done
 }
+# Says also which verbs have all they need.
 give_up() {
     echo "$1" >&2
-    [ "$verb" = test-native ] ||
-        echo "What is left is 'make test-native': it needs g++, CMake and GoogleTest alone." >&2
+    local other works=
+    for other in test-native build run release test lint screenshots fuzz bench; do
+        wanted=$(packages_of $other)
+        [ -n "$(missing)" ] || works="$works 'make $other'"
+    done
+    echo "What works without them:${works:- nothing yet}" >&2
     exit 1
 }
 
@@ -46,7 +57,7 @@ lacking=$(missing | xargs)
 command -v apt-get >/dev/null || give_up "These packages are missing, and there is no apt-get to install them: $lacking"
 as_root=
 if [ "$(id -u)" != 0 ]; then
-    command -v sudo >/dev/null || give_up "These packages are missing; install them as root: $lacking"
+    command -v sudo >/dev/null || give_up "There is no sudo. These packages are missing; install them as root: $lacking"
     as_root=sudo
 fi
 

@@ -8,7 +8,6 @@ cd "$(dirname "$0")/.."
 version=$1 program=${2:-dist/Tavimor.exe}
 export WINE_BITS=32 WINE_PREFIX=release
 
-tools/build.sh win32 tavimor-smoke || exit 1
 tools/run-on-wine.sh reg add 'HKCU\Software\Wine' /v Version /d "$version" /f >/dev/null || exit 1
 tools/run-on-wine.sh regedit /s sandbox/browser.reg || exit 1
 tools/run-suite.sh tools/run-on-wine.sh build/win32/tests/tavimor-smoke.exe "$program" "$version"

@@ -83,12 +83,13 @@ unpack() {
 
 # Programs of the names that the scripts call, for the libraries' path is to be seen by Wine alone.
 write_starter() {
-    local libraries=$tree/lib/i386-linux-gnu:$tree/usr/lib/i386-linux-gnu
     cat >"$home/bin/$1" <<END
 #!/bin/sh
-export LD_LIBRARY_PATH=$libraries WINELOADER=$tree/usr/lib/wine/wine WINESERVER=$tree/usr/lib/wine/wineserver32
-export XLOCALEDIR=$tree/usr/share/X11/locale
-exec $tree/usr/lib/wine/$2 "\$@"
+tree=\$(cd "\$(dirname "\$0")/../tree" && pwd)
+export LD_LIBRARY_PATH="\$tree/lib/i386-linux-gnu:\$tree/usr/lib/i386-linux-gnu"
+export WINELOADER="\$tree/usr/lib/wine/wine" WINESERVER="\$tree/usr/lib/wine/wineserver32"
+export XLOCALEDIR="\$tree/usr/share/X11/locale"
+exec "\$tree/usr/lib/wine/$2" "\$@"
 END
     chmod +x "$home/bin/$1"
 }

@@ -5,9 +5,11 @@ Needs rsvg-convert (Debian: librsvg2-bin) and, for the logo's lettering, the Dej
 
 Each icon holds 48, 32 and 16 pixels with alpha, and for systems that know no alpha 32 and 16 pixels in 256 and in 16
 colours. name-16.svg, where there is one, is the drawing for 16 pixels. Straight edges of a drawing stand on even
-coordinates of its 32 x 32 field: then they meet whole pixels in all three sizes. The sign of the error dialog is shown
-with 32 pixels alone, and holds no others.
+coordinates of its 32 x 32 field: then they meet whole pixels in all three sizes. What the program itself holds is kept
+small: its icon has the 48 pixels in 256 colours; the sign of the error dialog is shown with 32 pixels alone, and holds
+no others; the logo has 16 colours of its own in each of its two sizes, with run lengths.
 """
+import collections
 import colorsys
 import pathlib
 import struct
@@ -16,7 +18,8 @@ import zlib
 
 HERE = pathlib.Path(__file__).resolve().parent
 IMAGES = ((48, 32), (32, 32), (32, 8), (32, 4), (16, 32), (16, 8), (16, 4))  # sizes with bits a pixel
-LOGO_SIZE = (444, 54)  # of the main window's picture at 96 DPI
+OWN_IMAGES = {"Tavimor": ((48, 8), *IMAGES[1:]), "Exclamation": ((32, 32), (32, 4))}
+LOGO_SIZES = {"Logo": (444, 54), "Logo-192": (888, 108)}  # of the main window's picture at 96 and at 192 DPI
 
 # The colours of a 16-colour screen by hue (red, yellow, green, cyan, blue, purple), dark and bright, and its greys.
 DARK = [(128, 0, 0), (128, 128, 0), (0, 128, 0), (0, 128, 128), (0, 0, 128), (128, 0, 128)]
@@ -57,8 +60,12 @@ def unfilter(data, width, height, channels):
     return rows
 
 
+def distance(one, other):
+    return sum((a - b) ** 2 for a, b in zip(one, other))
+
+
 def nearest(colour, palette):
-    return min(range(len(palette)), key=lambda i: sum((a - b) ** 2 for a, b in zip(colour, palette[i])))
+    return min(range(len(palette)), key=lambda i: distance(colour, palette[i]))
 
 
 def of_sixteen(colour):
@@ -125,19 +132,57 @@ def icon(svg, wanted):
     return head + b"".join(data for _, _, data in images)
 
 
+def runs(indexes):
+    """Run lengths (BI_RLE4), bottom row first. What changes with every pixel is stored as it is, from three pixels on."""
+    out = b""
+    for row in reversed(indexes):
+        loose, at = [], 0
+
+        def store_loose():
+            nonlocal out, loose
+            while loose:
+                some, loose = loose[:254], loose[254:]
+                if len(some) < 3:
+                    out += bytes((len(some), some[0] << 4 | some[-1]))
+                else:
+                    halves = some + [0] * (-len(some) % 4)
+                    out += bytes((0, len(some))) + bytes(a << 4 | b for a, b in zip(halves[::2], halves[1::2]))
+
+        while at < len(row):
+            length = 2  # of a run of two colours by turns, most often the same one
+            while at + length < len(row) and length < 255 and row[at + length] == row[at + length - 2]:
+                length += 1
+            length = min(length, len(row) - at)
+            if length >= (8 if loose else 5):
+                store_loose()
+                out += bytes((length, row[at] << 4 | row[at + 1]))
+                at += length
+            else:
+                loose.append(row[at])
+                at += 1
+        store_loose()
+        out += b"\0\0"
+    return out[:-2] + b"\0\1"
+
+
 def bitmap(svg, width, height):
+    """In 16 colours: the commonest, and one by one those that stand for most of what is still far from all of them."""
     rows = draw(svg, width, height)
-    palette = palette_of(rows)
-    known = {}
-    pixels = packed([[known.setdefault(p[:3], nearest(p[:3], palette)) for p in row] for row in rows], 8)
-    colours = palette_bytes(palette, 8)
+    counts = collections.Counter(p[:3] for row in rows for p in row)
+    palette = []
+    while len(palette) < 16:
+        palette.append(max(counts, key=lambda c: counts[c] * min((distance(c, known) for known in palette), default=1)))
+    known = {colour: nearest(colour, palette) for colour in counts}
+    pixels = runs([[known[p[:3]] for p in row] for row in rows])
+    colours = palette_bytes(palette, 4)
     start = 14 + 40 + len(colours)
     return (struct.pack("<2sIHHI", b"BM", start + len(pixels), 0, 0, start) +
-            struct.pack("<IiiHHIIiiII", 40, width, height, 1, 8, 0, len(pixels), 3780, 3780, 256, 0) + colours + pixels)
+            struct.pack("<IiiHHIIiiII", 40, width, height, 1, 4, 2, len(pixels), 3780, 3780, 16, 0) + colours + pixels)
 
 
 for drawing in sorted(HERE.glob("*.svg")):
     if drawing.stem == "Logo":
-        drawing.with_suffix(".bmp").write_bytes(bitmap(drawing, *LOGO_SIZE))
+        for name, size in LOGO_SIZES.items():
+            drawing.with_name(name + ".bmp").write_bytes(bitmap(drawing, *size))
     elif not drawing.stem.endswith("-16"):
-        drawing.with_suffix(".ico").write_bytes(icon(drawing, IMAGES[1:4] if drawing.stem == "Exclamation" else IMAGES))
+        drawing.with_suffix(".ico").write_bytes(icon(drawing, OWN_IMAGES.get(drawing.stem, IMAGES)))

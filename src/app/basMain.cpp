@@ -4,6 +4,8 @@
 #include "app/frmMain.h"
 #include "errors/ErrorReporter.h"
 #include "errors/messages.h"
+#include "util/characters.h"
+#include "util/numbers.h"
 #include "util/procedure.h"
 #include "util/trace.h"
 
@@ -17,6 +19,7 @@ Running::~Running() {
 }
 
 void Main(platform::Platform& platform, Running& running) {
+    util::readLeadBytes(platform.system);
     errors::startReporting(platform);  // an error in here has nobody else to show it
     procedure("basMain.Main", [&] {
         const clsIEInfo browser(platform);
@@ -32,7 +35,7 @@ void Main(platform::Platform& platform, Running& running) {
         } else if (version < 5) {
             warn("Sorry, you need Internet Explorer version 5.x to continue.");
         } else if (version >= 7) {
-            warn("This version of Tavimor might not work with Internet Explorer version " + std::to_string(version) +
+            warn("This version of Tavimor might not work with Internet Explorer version " + util::toDecimal(version) +
                  ".x\r\n\r\nPlease check for an updated version of Tavimor.");
         }
         // Version 6 is meant to end here without a word.

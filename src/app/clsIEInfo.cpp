@@ -1,5 +1,6 @@
 #include "app/clsIEInfo.h"
 
+#include "util/numbers.h"
 #include "util/procedure.h"
 
 using namespace platform;
@@ -27,8 +28,8 @@ std::int32_t clsIEInfo::Version() const {
 std::string clsIEInfo::FullVersion() const {
     return procedure("clsIEInfo.FullVersion [Get]", [&] {
         const LibraryVersion version = ask();
-        return std::to_string(version.major) + "." + std::to_string(version.minor) + "." +
-               std::to_string(version.build);
+        return util::toDecimal(version.major) + "." + util::toDecimal(version.minor) + "." +
+               util::toDecimal(version.build);
     });
 }
 

@@ -17,7 +17,9 @@ namespace {
 // Measures of the design.
 using namespace ui::layout;
 constexpr ui::Twips Width = 6900, Inner = Width - 2 * Margin, ButtonsTop = 3735;
-constexpr ui::Twips DescriptionHeight = 615;  // three lines: the longest that the browser reads
+constexpr ui::Twips CommandWidth = ButtonWidth + 90;       // "Delete Zone"
+constexpr ui::Twips ListHeight = 2310, LowestList = 1200;  // two rows of icons, and one
+constexpr ui::Twips DescriptionHeight = 615;               // three lines: the longest that the browser reads
 constexpr ui::Twips FrameHeight = 1050, FrameAt = ButtonsTop + ButtonHeight + Margin;
 constexpr ui::Twips LogoHeight = 810, LogoAt = FrameAt + FrameHeight + frmMain::FrameToLogo;
 
@@ -26,7 +28,7 @@ constexpr ui::Twips LogoHeight = 810, LogoAt = FrameAt + FrameHeight + frmMain::
 frmMain::frmMain(forms::Context& context)
     : Form(context.platform.desktop, Kind::Main, "frmMain", AppTitle, {Width, LogoAt + LogoHeight + Margin}),
       // ---- the zones
-      lvwZones(*this, "lvwZones", {Margin, Margin, Inner, 2310}, ui::ListView::View::Icon,
+      lvwZones(*this, "lvwZones", {Margin, Margin, Inner, ListHeight}, ui::ListView::View::Icon,
                ui::ListView::Clicks::OnSelect),
       ilsZoneIcons(*this, "ilsZoneIcons", 32),
       picDummy(*this, "picDummy", {0, 0, 480, 480}),
@@ -42,10 +44,14 @@ frmMain::frmMain(forms::Context& context)
       //                    minimum   current
       zzzfraInfo(*this, "zzzfraInfo", {Margin, FrameAt, Inner, FrameHeight}, "At a glance"),
       zzzlblInfo("zzzlblInfo"),
-      lblFlags(zzzfraInfo, "lblFlags", {1560, 300, 1590, 225}, ""),
-      lblRec(zzzfraInfo, "lblRec", {5100, 300, 1410, 225}, ""),
-      lblMin(zzzfraInfo, "lblMin", {1560, 660, 1590, 225}, ""),
-      lblCurrent(zzzfraInfo, "lblCurrent", {5100, 660, 1410, 225}, ""),
+      lblFlags(captioned(zzzlblInfo, zzzfraInfo, {150, 300, 1680, 225}, "Flags:"), "lblFlags", {1845, 300, 1140, 225},
+               ""),
+      lblRec(captioned(zzzlblInfo, zzzfraInfo, {3000, 300, 2280, 225}, "Recommended Level: "), "lblRec",
+             {5295, 300, 1260, 225}, ""),
+      lblMin(captioned(zzzlblInfo, zzzfraInfo, {150, 660, 1680, 225}, "Minimum Level: "), "lblMin",
+             {1845, 660, 1140, 225}, ""),
+      lblCurrent(captioned(zzzlblInfo, zzzfraInfo, {3000, 660, 2280, 225}, "Current Level: "), "lblCurrent",
+                 {5295, 660, 1260, 225}, ""),
       // ---- the program's logo
       zzzpicLogo(*this, "zzzpicLogo", {Margin, LogoAt, Inner, LogoHeight}),
       tmrIconSpace(*this, "tmrIconSpace", 50),
@@ -70,19 +76,11 @@ frmMain::frmMain(forms::Context& context)
       restoration_(context) {
     const char* commands[] = {"Edit Zone", "Add Zone", "Delete Zone"};
     for (int i = 0; i < 3; ++i) {
-        const ui::Twips fromRight = (3 - i) * ButtonWidth + (2 - i) * Margin;
+        const ui::Twips fromRight = (3 - i) * CommandWidth + (2 - i) * Margin;
         auto& button =
-            cmdZoneOption.add(*this, {Width - Margin - fromRight, ButtonsTop, ButtonWidth, ButtonHeight}, commands[i]);
+            cmdZoneOption.add(*this, {Width - Margin - fromRight, ButtonsTop, CommandWidth, ButtonHeight}, commands[i]);
         button.onClick = [this, i] { cmdZoneOption_Click(i); };
     }
-    const struct {
-        ui::Bounds at;
-        const char* caption;
-    } infos[] = {{{150, 300, 1380, 225}, "Flags:"},
-                 {{3240, 300, 1830, 225}, "Recommended Level: "},
-                 {{150, 660, 1380, 225}, "Minimum Level: "},
-                 {{3240, 660, 1830, 225}, "Current Level: "}};
-    for (const auto& info : infos) zzzlblInfo.add(zzzfraInfo, info.at, info.caption);
 
     lblZoneName.makeBold().makeOneLine();
     picDummy.setVisible(false);
@@ -102,6 +100,9 @@ frmMain::frmMain(forms::Context& context)
     mnuViewAdv.setEnabled(false);  // the designed state is the advanced view
 
     mnuEditOESecurity.add("mnuOEUser", "(no identities)", 0).setEnabled(false);
+
+    lvwZones.onOpen = [this] { cmdZoneOption_Click(0); };
+    for (ui::CommandButton& button : cmdZoneOption) lvwZones.addCommand(button);
 
     setHeight(heightFor(LogoAt, LogoHeight));
     context_.mainWindow = this;
@@ -131,35 +132,69 @@ void frmMain::Form_Load() {
 void frmMain::Form_Unload() {
     procedure("frmMain.Form_Unload", [&] {
         basMain::Unhook(*this);
+        WritePlace();
         restoration_.abandon();
         const std::vector<Form*> open = desktop().forms();
         for (Form* form : open) form->unload();
     });
 }
 
-// Controls as wide as the window keep their margins, the buttons stay at the right.
+// Controls as wide as the window keep their margins, the buttons stay at the right, the list is as high as it can be.
 void frmMain::Form_Resize() {
     procedure("frmMain.Form_Resize", [&] {
-        const ui::Twips inner = std::max(client().width, designedWidth()) - 2 * Margin;
+        const ui::Twips inner = std::max(client().width, smallest().width) - 2 * Margin;
         lvwZones.setWidth(inner);
         lblZoneName.setWidth(inner - 600);
         lblZoneCaption.setWidth(inner - 600);
         zzzfraInfo.setWidth(inner);
         zzzpicLogo.setWidth(inner);
         for (int i = 0; i < cmdZoneOption.size(); ++i)
-            cmdZoneOption(i).setLeft(Margin + inner - (3 - i) * ButtonWidth - (2 - i) * Margin);
+            cmdZoneOption(i).setLeft(Margin + inner - (3 - i) * CommandWidth - (2 - i) * Margin);
+        GiveListTheRest();
         if (!lines().empty()) DrawEtchedLine();
     });
 }
 
+void frmMain::GiveListTheRest() {
+    StretchList(height() - heightFor(zzzpicLogo.top(), zzzpicLogo.height()));
+    // Without the logo everything can still be used.
+    setSmallestHeight(zzzpicLogo.top() - lvwZones.height() + LowestList);
+}
+
+void frmMain::StretchList(ui::Twips by) {
+    by = std::max(by, LowestList - lvwZones.height());
+    if (by != 0) lvwZones.stretch(by);
+}
+
+bool frmMain::Form_KeyDown(ui::FormKey key) {
+    if (key != ui::FormKey::Refresh) return false;
+    procedure("frmMain.Form_KeyDown", [&] {
+        if (!WaitsForImport()) ReadAgain();
+    });
+    return true;
+}
+
+// The zone that is selected stays selected, if it is still there.
+void frmMain::ReadAgain() {
+    const std::string zone = selection_.zone;
+    RebuildList();
+    for (int item = 1; item <= lvwZones.count(); ++item) {
+        if (lvwZones.item(item).tag != zone || item == lvwZones.selected()) continue;
+        lvwZones.setSelected(item);
+        lvwZones_ItemClick(item);
+        return;
+    }
+}
+
 // From the program's own file. The separator is "|", which no path contains; a folder's name may contain a "#".
+// It is there for 96 and for 192 dots to the inch; a screen between the two gets the larger one.
 void frmMain::ShowLogo() {
-    basMain::ExtractBitmap(context_.platform, basSystem::ProgramFile(context_.platform) + "|1", "|", zzzpicLogo);
+    const char* logo = desktop().pixelsPerInch() > 96 ? "|2" : "|1";
+    basMain::ExtractBitmap(context_.platform, basSystem::ProgramFile(context_.platform) + logo, "|", zzzpicLogo);
 }
 
 void frmMain::DrawEtchedLine() {
     const auto& button = cmdZoneOption(0);
-    clearLines();
     basMain::EtchedLine(*this, 0, button.top() - button.height() / 2, client().width);
 }
 
@@ -229,7 +264,7 @@ void frmMain::ShowZone(int item, basMain::IconCache& icons) {
         ShowAtAGlance(zone);
 
         cmdZoneOption(2).setEnabled(!zones::isBuiltIn(selection_.zone));
-        mnuEditDelete.setEnabled(false);  // always: deleting is offered by the button alone
+        mnuEditDelete.setEnabled(false);  // always: the button and the list's own menu offer it
     });
 }
 
@@ -265,8 +300,8 @@ void frmMain::GetRecMinSettings(const zones::ZoneLevels& levels) {
             const NumberReading& stored;
             ui::Label& label;
             const char* zero;
-        } rows[] = {{levels.recommended, lblRec, "**Missing**"},
-                    {levels.minimum, lblMin, "**Missing**"},
+        } rows[] = {{levels.recommended, lblRec, zones::MissingLevel},
+                    {levels.minimum, lblMin, zones::MissingLevel},
                     {levels.current, lblCurrent, "Custom"}};
         for (const auto& row : rows) {
             if (!row.stored.present()) continue;

@@ -30,7 +30,7 @@ public:
     ~frmMain() override;
 
     // In both views the logo is at the bottom, so the height of the window follows from its position. Another logo's
-    // height and 20 twips are added as room for the caption and the menu.
+    // height and 20 twips are added as room for the caption and the menu. What the user adds to that is the list's.
     static constexpr ui::Twips FrameToLogo = 50;
     static constexpr ui::Twips heightFor(ui::Twips logoTop, ui::Twips logoHeight) {
         return 2 * logoHeight + logoTop + 20;
@@ -78,6 +78,7 @@ protected:
     void Form_Load() override;
     void Form_Unload() override;
     void Form_Resize() override;
+    bool Form_KeyDown(ui::FormKey key) override;
 
 private:
     void lvwZones_ItemClick(int item);
@@ -106,9 +107,15 @@ private:
     void SetFormAttributes();
     void WriteFirstAttributes();
     void ReadAttributes();
+    void ReadPlace();
+    void WritePlace();
     ui::Twips ReadLength(const char* name);
     void WriteLength(const char* name, ui::Twips length);
     void ShowView(std::uint32_t view);
+    void ChangeView(std::uint32_t view);
+    void StretchList(ui::Twips by);
+    void GiveListTheRest();
+    void ReadAgain();
     void ShowLogo();
     void DrawEtchedLine();
     void SelectUsualZone(basMain::IconCache& icons);

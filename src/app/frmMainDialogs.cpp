@@ -64,8 +64,14 @@ void frmMain::tmrImport_Timer() {
 // The mail client -----------------------------------------------------------------------------------------------
 
 void frmMain::LoadIdentities() {
-    procedure("frmMain.LoadIdentities",
-              [&] { mail::fillMenu(context_, mnuEditOESecurity, [this](int index) { mnuOEUser_Click(index); }); });
+    procedure("frmMain.LoadIdentities", [&] {
+        mail::fillMenu(context_, mnuEditOESecurity);
+        int index = 0;
+        for (ui::MenuItem& item : mnuEditOESecurity.items()) {
+            item.onClick = [this, index] { mnuOEUser_Click(index); };
+            ++index;
+        }
+    });
 }
 
 void frmMain::mnuOEUser_Click(int index) {

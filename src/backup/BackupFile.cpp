@@ -51,9 +51,14 @@ std::string folder(platform::Platform& platform) {
 }
 
 std::string baseName(const platform::LocalTime& time) {
-    const auto digits = [](int number) { return std::to_string(number); };
+    const auto digits = [](int number) { return util::toDecimal(static_cast<std::uint32_t>(number)); };
     return digits(time.month) + '-' + digits(time.day) + '-' + util::toDigits(time.year, 4) + ' ' +
            util::toDigits(time.hour, 2) + digits(time.minute) + digits(time.second);
+}
+
+std::string timeText(const platform::LocalTime& time) {
+    return util::toDecimal(time.month) + '-' + util::toDecimal(time.day) + '-' + util::toDigits(time.year, 4) + ' ' +
+           util::toDigits(time.hour, 2) + ':' + util::toDigits(time.minute, 2) + ':' + util::toDigits(time.second, 2);
 }
 
 std::string freeName(platform::Platform& platform) {

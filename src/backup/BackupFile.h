@@ -17,6 +17,9 @@ std::string folder(platform::Platform& platform);
 // leading zeros. 14:05:07 on 4 June 2001 is "6-4-2001 1457", and so is 14:50:07: the name is short, and not unique.
 std::string baseName(const platform::LocalTime& time);
 
+// A time as people read it: "6-4-2001 14:05:07".
+std::string timeText(const platform::LocalTime& time);
+
 // The name of the first second from now on that no file of a backup has. Throws util::Error when there is none.
 std::string freeName(platform::Platform& platform);
 

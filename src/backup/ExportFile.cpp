@@ -23,7 +23,7 @@ std::string keyLine(const std::string& path) {
 }
 
 void writeZone(forms::Context& context, const std::string& zone, BackupFile& file,
-               const std::function<void()>& afterValue) {
+               util::FunctionRef<void()> afterValue) {
     expectZone(zones::goToZone(context.registry, zone), zone);
     file.line(keyLine(std::string(zones::ZonesKey) + "\\" + zone));
     // Listed before anything else happens: what is handled between the values may use the session too.
@@ -56,7 +56,7 @@ std::optional<std::string> exportLine(const ListedValue& value) {
 }
 
 void writeExport(forms::Context& context, const std::string& baseName, const std::vector<std::string>& zones,
-                 const std::function<void()>& afterValue) {
+                 util::FunctionRef<void()> afterValue) {
     BackupFile file(context.platform, context.registry, baseName + ".reg");
     for (const std::string_view text : {std::string_view("REGEDIT4"), std::string_view(), OwnExportMark,
                                         std::string_view(";Please do not modify this file."), std::string_view()})

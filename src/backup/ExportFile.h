@@ -5,12 +5,12 @@
 // while this program reads it as it was written.
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "forms/Context.h"
+#include "util/FunctionRef.h"
 
 namespace backup {
 
@@ -21,6 +21,6 @@ std::optional<std::string> exportLine(const ListedValue& value);
 // runs after each value and each zone. Throws util::Error when the disk refuses, the registry cannot be read or a zone
 // is gone.
 void writeExport(forms::Context& context, const std::string& baseName, const std::vector<std::string>& zones,
-                 const std::function<void()>& afterValue);
+                 util::FunctionRef<void()> afterValue);
 
 }  // namespace backup

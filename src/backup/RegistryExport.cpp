@@ -83,9 +83,10 @@ bool opensBlock(std::string_view line) {
 
 std::string halved(std::string_view text) {
     std::string result;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        result.push_back(text[i]);
-        if (text.substr(i, 2) == "\\\\") ++i;
+    for (std::size_t i = 0; i < text.size();) {
+        const std::size_t next = util::afterCharacter(text, i);
+        result.append(text.substr(i, next - i));
+        i = text.substr(i, 2) == "\\\\" ? next + 1 : next;
     }
     return result;
 }
@@ -94,17 +95,20 @@ std::string halved(std::string_view text) {
 std::optional<std::string> takeQuoted(std::string_view& rest) {
     if (!rest.starts_with('"')) return std::nullopt;
     std::string text;
-    for (std::size_t i = 1; i < rest.size(); ++i) {
+    for (std::size_t i = 1, next; i < rest.size(); i = next) {
+        next = util::afterCharacter(rest, i);
         if (rest[i] == '"') {
             rest.remove_prefix(i + 1);
             return text;
         }
         if (rest[i] != '\\' || i + 1 == rest.size()) {
-            text.push_back(rest[i]);
+            text.append(rest.substr(i, next - i));
             continue;
         }
-        const char c = rest[++i];
-        text.push_back(c == 'n' ? '\n' : c == 'r' ? '\r' : c);
+        const char c = rest[next];
+        i = next;
+        next = util::afterCharacter(rest, i);
+        text.append(c == 'n' ? "\n" : c == 'r' ? "\r" : rest.substr(i, next - i));
     }
     return std::nullopt;
 }
@@ -139,6 +143,21 @@ bool readBytes(std::string_view data, ExportedValue& value) {
     if (!bytes) return false;
     value.data = std::move(*bytes);
     return true;
+}
+
+// Takes the name of a value and the "=" behind it from the front; nothing when there is none.
+std::optional<std::string> takeName(std::string_view& rest) {
+    std::optional<std::string> name = rest.starts_with('@') ? std::string() : takeQuoted(rest);
+    if (rest.starts_with('@')) rest.remove_prefix(1);
+    rest = withoutBlanks(rest);
+    if (!name || !rest.starts_with('=')) return std::nullopt;
+    rest = withoutBlanks(rest.substr(1));
+    return name;
+}
+
+bool holdsBytes(std::string_view line) {
+    line = withoutBlanks(line);
+    return takeName(line) && startsWith(line, "hex");
 }
 
 // What follows the "=" of a value. False for what is no data.
@@ -224,6 +243,7 @@ std::optional<RegistryExport::Item> RegistryExport::next() {
     if (item.kind == Kind::Key || item.kind == Kind::DeletedKey) key_ = item.key;
     item.key = key_;
     item.own = own_;
+    item.line = first + 1;
     markReplaced(item.value);
     for (std::size_t i = first; i < at_; ++i) item.lines.push_back(lineAt(i));
     return item;
@@ -261,9 +281,9 @@ std::optional<ExportedValue> RegistryExport::ownText(std::string_view line) {
 RegistryExport::Item RegistryExport::editorsItem() {
     std::string joined(lineAt(at_++));
     // Binary data goes on in the next line after a backslash.
-    while (joined.ends_with('\\') && joined.find("=hex") != None && at_ < lines_.size()) {
-        joined.pop_back();
-        joined.append(withoutBlanks(lineAt(at_++)));
+    if (holdsBytes(joined)) {
+        for (; joined.ends_with('\\') && at_ < lines_.size(); joined.append(withoutBlanks(lineAt(at_++))))
+            joined.pop_back();
     }
     return asEditorsRead(joined);
 }
@@ -280,16 +300,9 @@ RegistryExport::Item RegistryExport::asEditorsRead(std::string_view line) {
         item.key = rest.substr(deleted ? 2 : 1, end - (deleted ? 2 : 1));
         return item;
     }
-    if (rest.starts_with('@')) {
-        rest.remove_prefix(1);
-    } else if (auto name = takeQuoted(rest)) {
-        item.value.name = std::move(*name);
-    } else {
-        return item;
-    }
-    rest = withoutBlanks(rest);
-    if (!rest.starts_with('=')) return item;
-    rest = withoutBlanks(rest.substr(1));
+    auto name = takeName(rest);
+    if (!name) return item;
+    item.value.name = std::move(*name);
     if (rest == "-")
         item.kind = Kind::DeletedValue;
     else if (readData(rest, item.value))

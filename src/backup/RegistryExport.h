@@ -47,7 +47,8 @@ public:
         ExportedValue value;  // of Value; of DeletedValue the name
         // The lines that a registry editor sees, which knows nothing of this program's way of writing.
         std::vector<std::string_view> lines;
-        bool own = false;  // stands in an export that this program has written
+        std::size_t line = 0;  // the number of the first of them, from 1
+        bool own = false;      // stands in an export that this program has written
     };
 
     explicit RegistryExport(std::string_view bytes);

@@ -57,7 +57,7 @@ bool Restoration::begin(const std::string& zoneFile) {
     }
     // From here on the import goes on whatever fails: the job is there before anything is deleted.
     Copy copy = copyZones(zoneFile);
-    job_.emplace();
+    job_ = std::make_unique<Job>();
     job_->zoneFile = zoneFile;
     job_->copy = std::move(copy);
     job_->wanted = wanted;
@@ -177,7 +177,7 @@ void Restoration::judge(const Job& job, std::size_t restored) {
 
 void Restoration::putBack(const Copy& copy) {
     abandon();
-    job_.emplace();
+    job_ = std::make_unique<Job>();
     job_->zoneFile = copy.zoneFile;
     job_->copy = copy;
     job_->puttingBack = true;

@@ -7,7 +7,7 @@
 // are.
 #pragma once
 
-#include <optional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -27,7 +27,7 @@ public:
     // throws util::Error when the copy cannot be made. Nothing has been changed then.
     bool begin(const std::string& zoneFile);
     // From the beginning until the zones have been counted and the user's answer, if any, has been followed.
-    bool importing() const { return job_.has_value(); }
+    bool importing() const { return job_ != nullptr; }
     // To be called now and then while importing. Goes on when the registry editor has ended.
     void followUp();
     // Forgets the import; the copy stays in the list of backups.
@@ -66,7 +66,7 @@ private:
     void removeBackup(const std::string& zoneFile);
 
     forms::Context& context_;
-    std::optional<Job> job_;
+    std::unique_ptr<Job> job_;
 };
 
 }  // namespace backup

@@ -1,9 +1,10 @@
 #include "backup/ZonesExport.h"
 
 #include <algorithm>
-#include <map>
 
+#include "util/Places.h"
 #include "util/characters.h"
+#include "util/numbers.h"
 #include "zones/zones.h"
 
 namespace backup {
@@ -83,7 +84,7 @@ public:
 
 private:
     static std::string placeOf(std::optional<std::size_t> zone, const std::string& value) {
-        return (zone ? std::to_string(*zone) : "") + "\\" + util::lower(value);
+        return (zone ? util::toDecimal(static_cast<std::uint32_t>(*zone)) : "") + "\\" + util::lower(value);
     }
     ExportedZone& zone() { return result.zones[*zone_]; }
 
@@ -129,9 +130,9 @@ private:
         }
     }
 
-    std::map<std::string, std::size_t> places_;       // of zones, by name
-    std::map<std::string, std::size_t> valuePlaces_;  // of values, by zone and name
-    std::optional<std::size_t> zone_;                 // the one whose lines are being read
+    util::Places places_;              // of zones, by name
+    util::Places valuePlaces_;         // of values, by zone and name
+    std::optional<std::size_t> zone_;  // the one whose lines are being read
     bool inZonesKey_ = false;
     bool damaged_ = false;
 };

@@ -1,6 +1,7 @@
 #include "backup/frmRestore.h"
 
 #include "backup/BackupFile.h"
+#include "backup/Catalogue.h"
 #include "backup/ZoneFile.h"
 #include "forms/WindowProc.h"
 #include "icons/ExtractIcon.h"
@@ -20,14 +21,25 @@ constexpr std::uint32_t FillTime = 150;                // milliseconds, of addin
 constexpr std::size_t FillSteps = 16;                  // zones from one look at the clock to the next
 
 using namespace ui::layout;
-constexpr ui::Twips Width = 7500, Left = 2835;
+constexpr ui::Twips Width = 7500, Left = 2250, LabelWidth = 3000;
 constexpr ui::Twips Column = Margin + Left + Margin, ColumnWidth = Width - Margin - Column;
-constexpr ui::Twips ListsTop = 345, ListsBottom = 4965;
-constexpr ui::Twips ButtonsTop = ListsBottom + Margin;
-constexpr ui::Twips PreviewTop = 2370, TextLeft = 720, TextWidth = ColumnWidth - TextLeft - Margin;
-constexpr ui::Twips FrameWidth = ColumnWidth - 2 * Margin, ValueLeft = 1905,
+constexpr int IconSpacing = 75;  // pixels at 96 to the inch
+constexpr ui::Twips IconRow = IconSpacing * 15, ListBorder = 60;
+constexpr ui::Twips ListsTop = 345, ZonesHeight = 3 * IconRow + ListBorder;
+constexpr ui::Twips PreviewTop = ListsTop + ZonesHeight + Margin, PreviewHeight = 2595;
+constexpr ui::Twips ListsBottom = PreviewTop + PreviewHeight, ButtonsTop = ListsBottom + Margin;
+constexpr ui::Twips TextLeft = 720, TextWidth = ColumnWidth - TextLeft - Margin;
+constexpr ui::Twips FrameWidth = ColumnWidth - 2 * Margin, ValueLeft = 2310,
                     ValueWidth = FrameWidth - ValueLeft - Margin;
 constexpr ui::Twips RowTop = 285, Row = 240;
+
+// "At a glance", row by row.
+ui::Bounds captionPlace(int row) {
+    return {Margin, RowTop + row * Row, ValueLeft - Margin, 225};
+}
+ui::Bounds valuePlace(int row) {
+    return {ValueLeft, RowTop + row * Row, ValueWidth, 225};
+}
 
 }  // namespace
 
@@ -45,27 +57,29 @@ frmRestore::frmRestore(forms::Context& context, backup::Restoration& restoration
     : Form(context.platform.desktop, Kind::Dialog, "frmRestore", "Preview/Restore Backup",
            {Width, ButtonsTop + ButtonHeight + Margin}),
       // ---- left: the backups
-      Label1(*this, "Label1", {Margin, Margin, Left, 225}, "Please select a file to preview"),
+      Label1(*this, "Label1", {Margin, Margin, LabelWidth, LabelHeight}, "Please select a file to preview"),
       ListView1(*this, "ListView1", {Margin, ListsTop, Left, ListsBottom - ListsTop}, ui::ListView::View::Report,
                 ui::ListView::Clicks::OnSelect),
       // ---- right: the zones of the selected backup
+      lblWritten(*this, "lblWritten",
+                 {Margin + LabelWidth + Margin, Margin, Width - LabelWidth - 3 * Margin, LabelHeight}, ""),
       ilsZoneIcons(*this, "ilsZoneIcons", 32),
-      lvwZones(*this, "lvwZones", {Column, ListsTop, ColumnWidth, PreviewTop - Margin - ListsTop},
-               ui::ListView::View::Icon, ui::ListView::Clicks::OnSelect),
+      lvwZones(*this, "lvwZones", {Column, ListsTop, ColumnWidth, ZonesHeight}, ui::ListView::View::Icon,
+               ui::ListView::Clicks::OnSelect),
       // ---- below them the selected zone:  [icon]  name
       //                                             description
       //                                     At a glance: current, minimum, recommended level, flags
-      picInfo(*this, "picInfo", {Column, PreviewTop, ColumnWidth, ListsBottom - PreviewTop},
-              ui::PictureBox::Border::Sunken),
+      picInfo(*this, "picInfo", {Column, PreviewTop, ColumnWidth, PreviewHeight}),
       picZoneIcon(picInfo, "picZoneIcon", {Margin, Margin, 480, 480}),
       lblZoneName(picInfo, "lblZoneName", {TextLeft, Margin, TextWidth, 225}, ""),
       lblZoneCaption(picInfo, "lblZoneCaption", {TextLeft, 360, TextWidth, 615}, ""),
       zzzfraInfo(picInfo, "zzzfraInfo", {Margin, 1050, FrameWidth, RowTop + 4 * Row + Margin}, "At a glance"),
       zzzlblInfo("zzzlblInfo"),
-      lblCurrent(zzzfraInfo, "lblCurrent", {ValueLeft, RowTop, ValueWidth, 225}, ""),
-      lblMin(zzzfraInfo, "lblMin", {ValueLeft, RowTop + Row, ValueWidth, 225}, ""),
-      lblRec(zzzfraInfo, "lblRec", {ValueLeft, RowTop + 2 * Row, ValueWidth, 225}, ""),
-      lblFlags(zzzfraInfo, "lblFlags", {ValueLeft, RowTop + 3 * Row, ValueWidth, 225}, ""),
+      lblCurrent(captioned(zzzlblInfo, zzzfraInfo, captionPlace(0), "Current Level: "), "lblCurrent", valuePlace(0),
+                 ""),
+      lblMin(captioned(zzzlblInfo, zzzfraInfo, captionPlace(1), "Minimum Level: "), "lblMin", valuePlace(1), ""),
+      lblRec(captioned(zzzlblInfo, zzzfraInfo, captionPlace(2), "Recommended Level: "), "lblRec", valuePlace(2), ""),
+      lblFlags(captioned(zzzlblInfo, zzzfraInfo, captionPlace(3), "Flags:"), "lblFlags", valuePlace(3), ""),
       // ----                                                          [Restore] [Delete]
       cmdRestore(*this, "cmdRestore", {Width - 2 * (Margin + ButtonWidth), ButtonsTop, ButtonWidth, ButtonHeight},
                  "Restore"),
@@ -76,15 +90,13 @@ frmRestore::frmRestore(forms::Context& context, backup::Restoration& restoration
       tmrFill(*this, "tmrFill", FillInterval),
       context_(context),
       restoration_(restoration) {
-    ui::Twips top = RowTop;
-    for (const char* caption : {"Current Level: ", "Minimum Level: ", "Recommended Level: ", "Flags:"}) {
-        zzzlblInfo.add(zzzfraInfo, {Margin, top, ValueLeft - Margin, 225}, caption);
-        top += Row;
-    }
-    lblZoneName.makeBold();
+    picInfo.makeSunken();
+    lblWritten.makeOneLine();
+    lblZoneName.makeBold().makeOneLine();
     picHolder.setVisible(false);
     picDummy.setVisible(false);
     lvwZones.setImages(&ilsZoneIcons);
+    lvwZones.setIconSpacing({IconSpacing, IconSpacing});
 
     ListView1.onItemClick = [this](int item) { ListView1_ItemClick(item); };
     lvwZones.onItemClick = [this](int item) { lvwZones_ItemClick(item); };
@@ -116,6 +128,15 @@ void frmRestore::Form_Unload() {
     });
 }
 
+// A low screen leaves room for fewer zones, in whole rows.
+void frmRestore::Form_Resize() {
+    const ui::Twips room = lvwZones.height() + client().height - Margin - cmdRestore.bounds().bottom();
+    const int rows = std::max(1, (room - ListBorder) / IconRow);
+    lvwZones.stretch(rows * IconRow + ListBorder - lvwZones.height());
+    ListView1.setHeight(picInfo.bounds().bottom() - ListsTop);
+    setHeight(height() - client().height + cmdRestore.bounds().bottom() + Margin);
+}
+
 // The selection plays no part: with none, the buttons do nothing.
 void frmRestore::tmrWatch_Timer() {
     procedure("frmRestore.tmrWatch_Timer", [&] {
@@ -127,49 +148,31 @@ void frmRestore::tmrWatch_Timer() {
 // The backups ---------------------------------------------------------------------------------------------------
 
 void frmRestore::ListBackups() {
-    GetFileInformation(backup::folder(context_.platform), "*.tvf");
+    GetFileInformation(backup::folder(context_.platform), backup::ZoneFiles);
 }
 
 void frmRestore::GetFileInformation(const std::string& folder, const std::string& pattern) {
     procedure("frmRestore.GetFileInformation", [&] {
         ListView1.clear();
         ClearPreview();
+        lblWritten.setCaption("There are no backups.");
 
-        platform::Files& files = context_.platform.files;
-        platform::Files::Search search = 0;
-        platform::FoundFile found;
-        if (files.findFirst(folder + pattern, search, found) != platform::Success) return;
-        struct Closer {
-            platform::Files& files;
-            platform::Files::Search search;
-            ~Closer() { files.findClose(search); }
-        } closer{files, search};
-        do {
-            if (found.attributes & platform::FileAttributeDirectory) continue;
-            const std::string name = basSystem::TrimNull(found.name);
-            // The system compares the pattern with the short names of files as well: "a.tvfold" is also "A~1.TVF".
-            if (!util::lower(name).ends_with(".tvf")) continue;
-            const std::string path = folder + name;
-            ListView1.add({ParseFile(path), 0, path, {}});
-        } while (files.findNext(search, found) == platform::Success);
+        backup::forEachBackup(context_.platform, folder, pattern, [&](const backup::Listed& listed) {
+            ListView1.add({ParseFile(listed.path), 0, listed.path, backup::timeText(listed.written)});
+            lblWritten.setCaption("");
+        });
     });
 }
 
 std::string frmRestore::ParseFile(const std::string& path) {
-    return procedure("frmRestore.ParseFile", [&] {
-        // The first lines of a thousand backups, not a thousand backups. A longer one is read whole.
-        constexpr std::size_t UsualFirstLine = 1024;
-        std::string start = backup::read(context_.platform, path, UsualFirstLine);
-        if (start.size() == UsualFirstLine && start.find_first_of("\r\n") == std::string::npos)
-            start = backup::read(context_.platform, path);
-        return backup::descriptionOf(backup::firstLineOf(start));
-    });
+    return procedure("frmRestore.ParseFile", [&] { return backup::descriptionOfFile(context_.platform, path); });
 }
 
 void frmRestore::ListView1_ItemClick(int item) {
     procedure("frmRestore.ListView1_ItemClick", [&] {
         selected_ = ListView1.item(item).tag;
         ClearPreview();
+        lblWritten.setCaption("Backup of " + ListView1.item(item).key);
         FillList(selected_);
     });
 }
@@ -252,15 +255,19 @@ void frmRestore::lvwZones_ItemClick(int item) {
         const std::int32_t fields = backup::splitFields(strings, lvwZones.item(item).tag);
         const auto field = [&](backup::Field which) { return strings.ElementAsString(which + 1); };
         if (fields == backup::FieldCount) {
-            lblCurrent.setCaption(zones::GetSecurity(field(backup::CurrentLevel)));
-            lblRec.setCaption(zones::GetSecurity(field(backup::RecommendedLevel)));
-            lblMin.setCaption(zones::GetSecurity(field(backup::MinimumLevel)));
+            ShowLevel(lblCurrent, field(backup::CurrentLevel), true);
+            ShowLevel(lblRec, field(backup::RecommendedLevel), false);
+            ShowLevel(lblMin, field(backup::MinimumLevel), false);
             lblFlags.setCaption(field(backup::Flags));
         }
         lblZoneName.setCaption(field(backup::Name));
         lblZoneCaption.setCaption(field(backup::Description));
         basMain::ExtractIcon(context_.platform, field(backup::Icon), "#", 32, picZoneIcon);
     });
+}
+
+void frmRestore::ShowLevel(ui::Label& label, const std::string& stored, bool current) {
+    label.setCaption(stored.empty() && !current ? zones::MissingLevel : zones::GetSecurity(stored));
 }
 
 // Restoring -----------------------------------------------------------------------------------------------------

@@ -10,10 +10,10 @@
 #include "ui/ControlArray.h"
 #include "ui/Form.h"
 #include "ui/Frame.h"
+#include "ui/Image.h"
 #include "ui/ImageList.h"
 #include "ui/Label.h"
 #include "ui/ListView.h"
-#include "ui/PictureBox.h"
 #include "ui/Timer.h"
 
 class frmRestore : public ui::Form {
@@ -23,9 +23,10 @@ public:
 
     ui::Label Label1;
     ui::ListView ListView1;      // the backups
+    ui::Label lblWritten;        // when the selected backup was made, or that there are none
     ui::ImageList ilsZoneIcons;  // pictures of lvwZones
     ui::ListView lvwZones;       // the zones of the selected backup
-    ui::PictureBox picInfo;      // the selected zone
+    ui::Image picInfo;           // the selected zone
     ui::Image picZoneIcon;
     ui::Label lblZoneName, lblZoneCaption;
     ui::Frame zzzfraInfo;
@@ -38,6 +39,7 @@ public:
 
 protected:
     void Form_Load() override;
+    void Form_Resize() override;
     void Form_Unload() override;
 
 private:
@@ -60,6 +62,7 @@ private:
     // backup or left by then.
     void AddZones();
     void ClearPreview();
+    void ShowLevel(ui::Label& label, const std::string& stored, bool current);
 
     // A backup whose zones are being added to the list.
     struct Filling;

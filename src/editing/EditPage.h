@@ -6,7 +6,7 @@
 #include "ui/Layout.h"
 
 // The drawing area of every page.
-inline constexpr ui::Size EditPageSize{7290, 3195};
+inline constexpr ui::Size EditPageSize{7290, 3405};
 inline constexpr ui::Twips EditPageInner = EditPageSize.width - 2 * ui::layout::Margin;
 
 // The buttons at the lower right of a page that is saved as a whole.

@@ -4,6 +4,7 @@ namespace {
 
 using namespace ui::layout;
 constexpr ui::Twips FrameHeight = 825, LabelTop = 375, ComboHeight = 315, ButtonTop = 300;
+constexpr ui::Twips NarrowWidth = ButtonWidth - 60;  // two of them in a row, inside the frame's line
 
 }  // namespace
 
@@ -13,17 +14,18 @@ LevelFrames::LevelFrames(ui::Control& page)
     for (const LevelRow& row : LevelRows) {
         const ui::Twips top = Margin + zzzfraLevel.size() * (FrameHeight + Margin);
         ui::Frame& frame = zzzfraLevel.add(page, {Margin, top, EditPageInner, FrameHeight}, row.caption);
-        zzzlblLevel.add(frame, {150, LabelTop, 720, LabelHeight}, "Current:");
-        stored.emplace_back(frame, row.labelName, ui::Bounds{900, LabelTop, 1080, LabelHeight}, "");
-        zzzlblLevel.add(frame, {2010, LabelTop, 930, LabelHeight}, "Change To:");
-        cboSetting.add(frame, {2970, 330, 1275, ComboHeight});
-        cmdApply.add(frame, {4350, ButtonTop, ButtonWidth, ButtonHeight}, "Apply");
+        zzzlblLevel.add(frame, {Margin, LabelTop, 840, LabelHeight}, "Current:");
+        stored.emplace_back(frame, row.labelName, ui::Bounds{960, LabelTop, 1080, LabelHeight},
+                            stored.size() == CurrentLevel ? "" : zones::MissingLevel);
+        zzzlblLevel.add(frame, {2040, LabelTop, 1155, LabelHeight}, "Change To:");
+        cboSetting.add(frame, {3195, 330, 1245, ComboHeight});
+        cmdApply.add(frame, {4470, ButtonTop, NarrowWidth, ButtonHeight}, "Apply");
     }
 }
 
 LevelsPage::LevelsPage(ui::Control& page)
     : LevelFrames(page),
-      cmdSecurity(zzzfraLevel(CurrentLevel), "cmdSecurity", {5685, ButtonTop, ButtonWidth, ButtonHeight}, "Settings") {}
+      cmdSecurity(zzzfraLevel(CurrentLevel), "cmdSecurity", {5715, ButtonTop, NarrowWidth, ButtonHeight}, "Settings") {}
 
 void LevelsPage::show(int index, std::uint32_t number) {
     const auto level = zones::levelIndex(number);

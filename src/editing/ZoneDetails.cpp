@@ -6,6 +6,7 @@
 #include "icons/ExtractIcon.h"
 #include "icons/frmIconSelector.h"
 #include "ui/Layout.h"
+#include "util/numbers.h"
 #include "util/procedure.h"
 #include "zones/zones.h"
 
@@ -31,12 +32,11 @@ ZoneDetails::ZoneDetails(forms::Context& context, ui::Parent parent, ui::Twips w
                         "Zone Description"),
       txtZoneDescription(parent, "txtZoneDescription", {Margin, 1005, width - 2 * Margin, BoxHeight}),
       // [icon]  <-- Click to change icon.
-      picIcon(parent, "picIcon", {Margin, 1530, IconSize, IconSize}, ui::PictureBox::Border::Sunken),
+      picIcon(parent, "picIcon", {Margin, 1530, IconSize, IconSize}, "Zone icon"),
       zzzlblHint(parent, "zzzlblHint", {780, 1688, width - 780 - Margin, LabelHeight}, hint),
       context_(context) {
     txtZoneName.setMaxLength(LongestName);
     txtZoneDescription.setMaxLength(LongestDescription);
-    picIcon.setTabStop(true);
 
     txtZoneName.onGotFocus = [this, traces] { procedure(traces.nameGotFocus, [&] { txtZoneName.selectAll(); }); };
     txtZoneDescription.onGotFocus = [this, traces] {
@@ -90,7 +90,7 @@ bool ZoneDetails::Fits() {
 bool ZoneDetails::ShortEnough(ui::TextBox& box, const char* what) {
     if (box.text().size() <= static_cast<std::size_t>(box.maxLength())) return true;
     Refuse(box, std::string("The ") + what + " is too long. Internet Explorer reads one of more than " +
-                    std::to_string(box.maxLength()) + " characters as empty.");
+                    util::toDecimal(static_cast<std::uint32_t>(box.maxLength())) + " characters as empty.");
     return false;
 }
 

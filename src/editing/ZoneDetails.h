@@ -4,7 +4,7 @@
 #include "forms/Context.h"
 #include "icons/IconReference.h"
 #include "ui/Label.h"
-#include "ui/PictureBox.h"
+#include "ui/PictureButton.h"
 #include "ui/TextBox.h"
 #include "zones/Defaults.h"
 #include "zones/ZoneRecord.h"
@@ -25,7 +25,7 @@ public:
     ui::TextBox txtZoneName;
     ui::Label zzzlblDescription;
     ui::TextBox txtZoneDescription;
-    ui::PictureBox picIcon;
+    ui::PictureButton picIcon;
     ui::Label zzzlblHint;
 
     // Shows a zone as it is stored. An icon that can be used is not written again until another takes its place.

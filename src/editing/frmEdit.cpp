@@ -35,7 +35,7 @@ constexpr int HiddenFromBrowser = 5;  // the flag that the Internet zone is neve
 
 EditPages::EditPages(ui::Form& form) : ControlArray("Picture1") {
     for (int page = 0; page < PageCount; ++page)
-        add(form, {HiddenLeft, PageTop, EditPageSize.width, EditPageSize.height}, ui::PictureBox::Border::None);
+        add(form, {HiddenLeft, PageTop, EditPageSize.width, EditPageSize.height});
 }
 
 frmEdit::frmEdit(forms::Context& context, std::string zone, std::string shownName)
@@ -116,6 +116,14 @@ void frmEdit::TabStrip1_Click() {
     });
 }
 
+bool frmEdit::Form_KeyDown(ui::FormKey key) {
+    if (key == ui::FormKey::Refresh) return false;
+    const int step = key == ui::FormKey::NextPage ? 0 : PageCount - 2;
+    TabStrip1.setFocus();  // which may be on the page that goes
+    TabStrip1.choose((TabStrip1.selected() + step) % PageCount + 1);
+    return true;
+}
+
 void frmEdit::ShowPage(int page) {
     for (int i = 0; i < Picture1.size(); ++i) Picture1(i).setLeft(i == page - 1 ? PageLeft : HiddenLeft);
     BindEnter();
@@ -139,7 +147,7 @@ bool frmEdit::StillShown() {
     return forms::stillShown(context_, zone_, name_);
 }
 
-bool frmEdit::Save(const std::function<void()>& write) {
+bool frmEdit::Save(util::FunctionRef<void()> write) {
     return forms::change(context_, zone_, [&] {
         zones::goToZone(context_.registry, zone_);
         write();
@@ -246,7 +254,7 @@ void frmEdit::GetRecMinSettings() {
         const bool tell = levels.reading.note(!watch.failed() && stored.usable());
 
         const NumberReading* inOrder[] = {&stored.recommended, &stored.minimum, &stored.current};
-        for (int i = 0; i < levels.cboSetting.size(); ++i) {
+        for (int i = 0; i < int{std::size(inOrder)}; ++i) {
             if (inOrder[i]->present()) levels.show(i, inOrder[i]->number);
             cboSetting_Click(i);
         }

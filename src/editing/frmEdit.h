@@ -4,7 +4,6 @@
 // dialog is loaded. Each is saved by its own "Apply".
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "editing/FlagsPage.h"
@@ -14,13 +13,14 @@
 #include "ui/CommandButton.h"
 #include "ui/ControlArray.h"
 #include "ui/Form.h"
+#include "ui/Image.h"
 #include "ui/Label.h"
-#include "ui/PictureBox.h"
 #include "ui/TabStrip.h"
+#include "util/FunctionRef.h"
 #include "zones/ZoneRecord.h"
 
 // The containers of the pages' controls.
-struct EditPages : ui::ControlArray<ui::PictureBox> {
+struct EditPages : ui::ControlArray<ui::Image> {
     explicit EditPages(ui::Form& form);
 };
 
@@ -39,6 +39,7 @@ public:
 
 protected:
     void Form_Load() override;
+    bool Form_KeyDown(ui::FormKey key) override;
 
 private:
     void ConnectEvents();
@@ -50,7 +51,7 @@ private:
 
     // Whether the zone is still the one that the dialog was opened for. Otherwise the user has been told.
     bool StillShown();
-    bool Save(const std::function<void()>& write);
+    bool Save(util::FunctionRef<void()> write);
     void TellUnreadable(const char* values);
     void ShowName(std::string name);
 

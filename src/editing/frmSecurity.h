@@ -37,16 +37,13 @@ public:
 
 protected:
     void Form_Load() override;
+    void Form_Resize() override;
 
 private:
-    struct Filling;
+    class Filling;
     struct ZoneValues;
 
     void FillTree();
-    void AddGroup(Filling& filling, const std::string& path);
-    void AddSetting(Filling& filling, const std::string& path, int group);
-    void AddOption(Filling& filling, int setting);
-    std::string SettingCaption();
     int AddPicture(const std::string& bitmap);
     std::optional<std::int32_t> GetValue(ZoneValues& values, const std::string& name);
     void TVMRTreeView1_OptionClick(int node);

@@ -1,9 +1,9 @@
 // Reports what the trap catches: shows it in the error dialog, which logs it.
 #pragma once
 
-#include <functional>
 #include <string>
 
+#include "ui/Handler.h"
 #include "ui/Picture.h"
 
 namespace platform {
@@ -18,8 +18,8 @@ namespace errors {
 // What the error dialog works with, while the program runs.
 struct Reporting {
     platform::Platform* platform = nullptr;
-    ui::Form* mainWindow = nullptr;            // owns the dialog
-    std::function<ui::Picture()> exclamation;  // the dialog's picture; empty when it cannot be had
+    ui::Form* mainWindow = nullptr;          // owns the dialog
+    ui::Handler<ui::Picture()> exclamation;  // the dialog's picture; empty when it cannot be had
 };
 extern Reporting reporting;
 

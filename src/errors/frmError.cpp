@@ -14,7 +14,7 @@ namespace {
 using ui::Twips;
 using namespace ui::layout;
 constexpr Twips Row = 270, LineHeight = 195;
-constexpr Twips Captions = 780, Values = 2340, Width = 6300;  // left edges of the columns; the drawing area
+constexpr Twips Captions = 780, Values = 2580, Width = 6300;  // left edges of the columns; the drawing area
 constexpr Twips ValueWidth = Width - Margin - Values, InfoWidth = Width - Margin - Captions;
 constexpr Twips LongestDescription = 20 * LineHeight, LongestLogLine = 5 * LineHeight;
 constexpr int PressInfo = 5, LogInfo = 6;  // indexes of the two lines of advice
@@ -34,16 +34,14 @@ ui::Bounds buttonPlace(int fromRight) {
 frmError::frmError(ui::Desktop& desktop)
     : Form(desktop, Kind::Dialog, "frmError", "Error", {Width, 3000}),
       imgExclaim(*this, "imgExclaim", {Margin, Margin, 480, 480}),
-      lblModule(*this, "lblModule", valuePlace(0), ""),
-      lblProcedure(*this, "lblProcedure", valuePlace(1), ""),
-      lblLine(*this, "lblLine", valuePlace(2), ""),
-      lblErrNumber(*this, "lblErrNumber", valuePlace(3), ""),
-      lblErrDescription(*this, "lblErrDescription", valuePlace(4), ""),
+      lblModule(captioned(lblInfo, *this, captionPlace(0), "Module:"), "lblModule", valuePlace(0), ""),
+      lblProcedure(captioned(lblInfo, *this, captionPlace(1), "Procedure:"), "lblProcedure", valuePlace(1), ""),
+      lblLine(captioned(lblInfo, *this, captionPlace(2), "Line:"), "lblLine", valuePlace(2), ""),
+      lblErrNumber(captioned(lblInfo, *this, captionPlace(3), "Error Number:"), "lblErrNumber", valuePlace(3), ""),
+      lblErrDescription(captioned(lblInfo, *this, captionPlace(4), "Error Description:"), "lblErrDescription",
+                        valuePlace(4), ""),
       cmdContinue(*this, "cmdContinue", buttonPlace(2), "&Continue"),
       cmdEnd(*this, "cmdEnd", buttonPlace(1), "&End ") {
-    int row = 0;
-    for (const char* text : {"Module:", "Procedure:", "Line:", "Error Number:", "Error Description:"})
-        lblInfo.add(*this, captionPlace(row++), text);
     lblInfo.add(*this, {Captions, 0, InfoWidth, LineHeight}, "Press continue to return to Tavimor or End to quit.");
     lblInfo.add(*this, {Captions, 0, InfoWidth, LineHeight}, "This and other info logged to file.");
     cmdContinue.setToolTip("Continue program operation.");
@@ -71,6 +69,7 @@ void frmError::Form_Load() {
     } catch (const std::exception&) {
         lblInfo(LogInfo).setCaption("This could not be logged to file: there is not enough memory.");
     }
+    desktop().beep();
     if (errors::reporting.exclamation) imgExclaim.setPicture(errors::reporting.exclamation());
     layOut();
 }

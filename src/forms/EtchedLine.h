@@ -5,7 +5,8 @@
 
 namespace basMain {
 
-// A two-tone horizontal separator: a shadow, and 20 twips below it a highlight that ends 5 twips earlier.
+// A two-tone horizontal separator in place of the one before: a shadow, and 20 twips below it a highlight that ends 5
+// twips earlier.
 void EtchedLine(ui::Form& form, ui::Twips left, ui::Twips top, ui::Twips width);
 
 }  // namespace basMain

@@ -15,7 +15,7 @@ void tellAndReload(Context& context, const std::string& text) {
 
 }  // namespace
 
-bool attempt(Context& context, const std::function<void()>& change, const std::function<std::string()>& refusal) {
+bool attempt(Context& context, util::FunctionRef<void()> change, util::FunctionRef<std::string()> refusal) {
     const clsRegistry::FailureWatch watch(context.registry);
     change();
     if (!watch.failed()) return true;
@@ -23,7 +23,7 @@ bool attempt(Context& context, const std::function<void()>& change, const std::f
     return false;
 }
 
-bool change(Context& context, const std::string& zone, const std::function<void()>& change,
+bool change(Context& context, const std::string& zone, util::FunctionRef<void()> change,
             const std::string& withoutZone) {
     return attempt(context, change, [&] {
         return exists(context, zone) ? "Some changes could not be written; the zone has only part of the new values."

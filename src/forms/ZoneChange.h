@@ -1,21 +1,21 @@
 // How the windows change zones that other programs may be changing, too.
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
 
 #include "forms/Context.h"
+#include "util/FunctionRef.h"
 
 namespace forms {
 
 // Runs `change`. The registry session is silent about what the system refuses. When anything was refused or could not
 // be read, the user is told here, once, with the message that `refusal` returns. What could be written stays written.
 // True when everything was.
-bool attempt(Context& context, const std::function<void()>& change, const std::function<std::string()>& refusal);
+bool attempt(Context& context, util::FunctionRef<void()> change, util::FunctionRef<std::string()> refusal);
 // The same for a change of one zone: the message says that it has only part of the new values, or is `withoutZone`
 // when there is no such zone.
-bool change(Context& context, const std::string& zone, const std::function<void()>& change,
+bool change(Context& context, const std::string& zone, util::FunctionRef<void()> change,
             const std::string& withoutZone = "This zone no longer exists. Your changes were not saved.");
 
 // Whether the zone's key is there; one that cannot be read is. The session ends in it.

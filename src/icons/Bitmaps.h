@@ -6,7 +6,8 @@
 
 namespace icons {
 
-// A bitmap as a resource holds it: header, colour table, pixels. An empty picture when something of it is missing.
+// A bitmap as a resource holds it: header, colour table, pixels, or run lengths of 16 colours, which are unpacked. An
+// empty picture when something of it is missing.
 ui::Picture bitmapFromResource(platform::ByteSpan bitmap);
 
 // A whole ".bmp" file: a header of its own, then the bitmap, whose pixels may stand farther on.

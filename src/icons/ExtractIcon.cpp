@@ -5,6 +5,7 @@
 #include "icons/clsFileIcon.h"
 #include "ui/Desktop.h"
 #include "util/Error.h"
+#include "util/numbers.h"
 #include "util/procedure.h"
 
 namespace basMain {
@@ -60,21 +61,26 @@ ui::Picture IconCache::iconOf(const icons::IconReference& reference, int size) {
     return pictureOf(icon, platform_, size);
 }
 
-const ui::Picture& IconCache::Icon(const icons::IconReference& reference, int size) {
-    const auto [place, isNew] = pictures_.try_emplace(std::to_string(size) + "#" + reference.text());
-    ui::Picture& picture = place->second;
-    if (isNew) {
-        picture = pictureOrNone([&] { return iconOf(reference, size); });
-        if (picture.empty()) picture = OwnIcon(size);
-    }
-    return picture;
+ui::Picture IconCache::Icon(const icons::IconReference& reference, int size) {
+    return Known(util::toDecimal(size) + "#" + reference.text(), [&] {
+        ui::Picture picture = pictureOrNone([&] { return iconOf(reference, size); });
+        return picture.empty() ? OwnIcon(size) : picture;
+    });
 }
 
-const ui::Picture& IconCache::OwnIcon(int size) {
-    const auto [place, isNew] = ownIcons_.try_emplace(size);
-    ui::Picture& picture = place->second;
-    if (isNew) picture = pictureOrNone([&] { return iconAt(platform_, icons::defaultReference(platform_), size); });
-    return picture;
+ui::Picture IconCache::OwnIcon(int size) {
+    return Known(util::toDecimal(size), [&] {
+        return pictureOrNone([&] { return iconAt(platform_, icons::defaultReference(platform_), size); });
+    });
+}
+
+ui::Picture IconCache::Known(const std::string& name, util::FunctionRef<ui::Picture()> make) {
+    const auto place = places_.find(name);
+    if (place != places_.end()) return pictures_[place->second];
+    ui::Picture made = make();  // which may add another
+    places_[name] = pictures_.size();
+    pictures_.push_back(made);
+    return made;
 }
 
 void ExtractIcon(IconCache& cache, const icons::IconReference& reference, int size, ui::Image& box) {

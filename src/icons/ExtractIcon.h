@@ -3,11 +3,13 @@
 
 #include <memory>
 #include <string>
-#include <unordered_map>
+#include <vector>
 
 #include "icons/IconReference.h"
 #include "platform/Platform.h"
 #include "ui/Image.h"
+#include "util/FunctionRef.h"
+#include "util/Places.h"
 
 namespace icons {
 class ModuleFile;
@@ -30,17 +32,18 @@ public:
     ~IconCache();
 
     // What ExtractIcon draws; an empty picture when not even the program's own icon is there.
-    const ui::Picture& Icon(const icons::IconReference& reference, int size);
+    ui::Picture Icon(const icons::IconReference& reference, int size);
 
 private:
-    const ui::Picture& OwnIcon(int size);
+    ui::Picture OwnIcon(int size);
+    ui::Picture Known(const std::string& name, util::FunctionRef<ui::Picture()> make);
     ui::Picture iconOf(const icons::IconReference& reference, int size);
 
     platform::Platform& platform_;
     std::string openFile_;  // that of the icon before: zones often share one
     std::unique_ptr<icons::ModuleFile> open_;
-    std::unordered_map<std::string, ui::Picture> pictures_;
-    std::unordered_map<int, ui::Picture> ownIcons_;  // by size
+    std::vector<ui::Picture> pictures_;
+    util::Places places_;  // by size and reference, the own one by size alone
 };
 void ExtractIcon(IconCache& cache, const icons::IconReference& reference, int size, ui::Image& box);
 

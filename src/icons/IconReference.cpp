@@ -2,6 +2,7 @@
 
 #include "icons/ModuleFile.h"
 #include "util/basSystem.h"
+#include "util/characters.h"
 
 namespace icons {
 
@@ -10,7 +11,7 @@ platform::ResourceId IconReference::identifier() const {
 }
 
 std::optional<IconReference> parseReference(const std::string& text, const std::string& separator) {
-    const std::size_t at = text.find(separator);
+    const std::size_t at = util::find(text, separator);
     if (at == std::string::npos || text.find('"') != std::string::npos) return std::nullopt;
     return IconReference{text.substr(0, at), text.substr(at + separator.size())};
 }

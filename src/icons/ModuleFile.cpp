@@ -1,4 +1,5 @@
 #include "icons/ModuleFile.h"
+#include "util/numbers.h"
 
 #include <charconv>
 
@@ -25,7 +26,7 @@ platform::ResourceId toIdentifier(const std::string& text) {
 
 std::string toText(const platform::ResourceId& identifier) {
     const auto* number = std::get_if<std::uint16_t>(&identifier);
-    return number ? std::to_string(*number) : std::get<std::string>(identifier);
+    return number ? util::toDecimal(*number) : std::get<std::string>(identifier);
 }
 
 }  // namespace icons

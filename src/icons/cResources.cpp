@@ -4,6 +4,7 @@
 
 #include "icons/basResouce.h"
 #include "util/Error.h"
+#include "util/numbers.h"
 
 namespace {
 
@@ -54,5 +55,5 @@ std::string cResources::TypeName(const platform::ResourceId& type) {
     const auto* number = std::get_if<std::uint16_t>(&type);
     if (!number) return std::get<std::string>(type);
     if (*number < TypeNames.size() && TypeNames[*number]) return TypeNames[*number];
-    return "Other (" + std::to_string(*number) + ")";
+    return "Other (" + util::toDecimal(*number) + ")";
 }

@@ -2,10 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
-#include <numeric>
 #include <tuple>
-#include <unordered_map>
 
 #include "icons/ModuleFile.h"
 #include "icons/cMemory.h"
@@ -132,11 +131,12 @@ std::vector<clsFileIcon::Image> clsFileIcon::readGroup(const icons::ModuleFile& 
     if (group.bytes.size() < size) raiseError(NumberBadDirectory);
 
     // Entries that name the same resource share its bytes: a small group must not turn one image into thousands.
-    std::unordered_map<std::uint16_t, std::shared_ptr<const platform::Bytes>> read;
+    std::vector<std::shared_ptr<const platform::Bytes>> read;  // by number
     std::vector<Image> images;
     for (std::size_t at = HeaderSize; at < size; at += GroupEntrySize) {
         const Entry entry = readEntry(group.bytes.subspan(at));
         const std::uint16_t number = platform::read16(group.bytes, at + EntryTail);
+        if (number >= read.size()) read.resize(number + std::size_t{1});
         auto& bytes = read[number];
         if (!bytes) {
             const icons::Resource image = module.read(number, platform::RtIcon);
@@ -272,18 +272,20 @@ int clsFileIcon::ImageForWidth(int width) const {
     if (images_.empty()) raiseError(NumberNoImages);
     // Less is better: too small is worse than too large, then the distance counts, then depth. An exact width is
     // the nearest of those not too small.
-    const auto rank = [&](int image) {
-        const Image& held = at(image);
+    std::vector<std::tuple<bool, int, int, int>> ranks;
+    for (int image = 0; image < static_cast<int>(images_.size()); ++image) {
+        const Image& held = images_[static_cast<std::size_t>(image)];
         const int has = pixels(held.entry.width);
-        return std::make_tuple(has < width, std::abs(has - width), -depth(held.entry, *held.bytes));
-    };
-    std::vector<int> order(images_.size());
-    std::iota(order.begin(), order.end(), 0);
-    std::stable_sort(order.begin(), order.end(), [&](int a, int b) { return rank(a) < rank(b); });
-    const auto best =
-        std::find_if(order.begin(), order.end(), [&](int image) { return makeIcon(image).handle() != 0; });
-    if (best == order.end()) raiseError(NumberDamaged);
-    return *best;
+        ranks.emplace_back(has < width, std::abs(has - width), -depth(held.entry, *held.bytes), image);
+    }
+    // A heap with the best on top: nearly always that one can be drawn, and the others need no order.
+    std::make_heap(ranks.begin(), ranks.end(), std::greater());
+    for (; !ranks.empty(); ranks.pop_back()) {
+        const int best = std::get<3>(ranks.front());
+        if (makeIcon(best).handle()) return best;
+        std::pop_heap(ranks.begin(), ranks.end(), std::greater());
+    }
+    raiseError(NumberDamaged);
 }
 
 // Showing ----------------------------------------------------------------------------------------------------------

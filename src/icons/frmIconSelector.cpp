@@ -13,6 +13,7 @@
 #include "ui/PendingEvents.h"
 #include "util/characters.h"
 #include "util/clsFileInfo.h"
+#include "util/numbers.h"
 #include "util/procedure.h"
 
 namespace {
@@ -48,12 +49,12 @@ bool isListed(std::string_view path) {
 std::string countText(std::uint32_t count, const std::string& file) {
     if (count == 0) return "No Icons in: " + file;
     if (count == 1) return "1 icon in: " + file;
-    return std::to_string(count) + " icons in: " + file;
+    return util::toDecimal(count) + " icons in: " + file;
 }
 
 // Keys are never bare numbers.
 std::string keyOf(int number) {
-    return std::to_string(number) + "C";
+    return util::toDecimal(number) + "C";
 }
 
 }  // namespace
@@ -85,7 +86,7 @@ frmIconSelector::frmIconSelector(platform::Platform& platform, std::string file,
       lblIconCount(*this, "lblIconCount", {Margin, Margin, Inner, LabelHeight}, ""),
       lvwIcons(*this, "lvwIcons", ListBounds, ui::ListView::View::Icon, ui::ListView::Clicks::OnActivate),
       lblUnusable(*this, "lblUnusable", ListBounds, Unusable),
-      Picture1(*this, "Picture1", ListBounds, ui::PictureBox::Border::Sunken),
+      Picture1(*this, "Picture1", ListBounds),
       lblInfo(Picture1, "lblInfo", {BarLeft, BarTop - LabelHeight - 60, BarWidth, LabelHeight}, "Loading Icon"),
       Progress(Picture1, "Progress", {BarLeft, BarTop, BarWidth, BarHeight}),
       picParent(*this, "picParent", {Margin, Margin, 480, 480}),
@@ -96,9 +97,9 @@ frmIconSelector::frmIconSelector(platform::Platform& platform, std::string file,
       platform_(platform),
       file_(std::move(file)),
       target_(target),
-      chosen_(std::move(chosen)) {
+      chosen_(chosen) {
     lblUnusable.setVisible(false);
-    Picture1.setVisible(false);
+    Picture1.makeSunken().setVisible(false);
     picParent.setVisible(false);
     lvwIcons.setImages(&ilsIcons32, &ilsIcons16);
     lvwIcons.setIconSpacing({50, 50});  // seven in a row: there is no text to make room for
@@ -112,6 +113,12 @@ frmIconSelector::frmIconSelector(platform::Platform& platform, std::string file,
 // still take clicks.
 void frmIconSelector::Form_Load() {
     procedure("frmIconSelector.Form_Load", [&] { tmrLoad.setEnabled(true); });
+}
+
+void frmIconSelector::Form_Resize() {
+    for (ui::Control* list : {static_cast<ui::Control*>(&lvwIcons), static_cast<ui::Control*>(&lblUnusable),
+                              static_cast<ui::Control*>(&Picture1)})
+        list->setHeight(client().height - list->top() - Margin);
 }
 
 void frmIconSelector::tmrLoad_Timer() {
@@ -156,7 +163,7 @@ void frmIconSelector::LoadIcons(const std::string& path) {
             ui::PendingEvents pending(platform_, ProgressInterval);
             for (int i = 1; i <= count; ++i) {
                 if (pending.due()) {
-                    lblInfo.setCaption("Loading icon: " + std::to_string(i) + " of " + std::to_string(count));
+                    lblInfo.setCaption("Loading icon: " + util::toDecimal(i) + " of " + util::toDecimal(count));
                     Progress.setProgress(i, count);
                     pending.handle();
                     if (!loaded()) return;  // the user has closed the dialog

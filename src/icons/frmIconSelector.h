@@ -1,17 +1,16 @@
 // The dialog that shows every icon of one program file; clicking one chooses it.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
 #include "icons/IconReference.h"
 #include "platform/Platform.h"
 #include "ui/Form.h"
+#include "ui/Image.h"
 #include "ui/ImageList.h"
 #include "ui/Label.h"
 #include "ui/ListView.h"
-#include "ui/PictureBox.h"
 #include "ui/ProgressBar.h"
 #include "ui/Timer.h"
 
@@ -21,7 +20,7 @@ class ModuleFile;
 
 class frmIconSelector : public ui::Form {
 public:
-    using Chosen = std::function<void(const icons::IconReference& icon)>;
+    using Chosen = ui::Handler<void(const icons::IconReference& icon)>;
 
     // `file`: full path. The chosen icon is drawn into `target` and told to `chosen`; neither happens when the user
     // gives up.
@@ -29,8 +28,8 @@ public:
 
     ui::Label lblIconCount;
     ui::ListView lvwIcons;
-    ui::Label lblUnusable;    // instead of the list when a zone cannot use the file's icons
-    ui::PictureBox Picture1;  // instead of the list while it is filled
+    ui::Label lblUnusable;  // instead of the list when a zone cannot use the file's icons
+    ui::Image Picture1;     // instead of the list while it is filled
     ui::Label lblInfo;
     ui::ProgressBar Progress;
     ui::Image picParent;  // hidden: each icon is drawn here on its way into the image lists
@@ -46,6 +45,7 @@ public:
 
 protected:
     void Form_Load() override;
+    void Form_Resize() override;
 
 private:
     class ProgressDisplay;

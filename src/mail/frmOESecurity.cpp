@@ -23,17 +23,17 @@ frmOESecurity::frmOESecurity(forms::Context& context)
       lblInfo("lblInfo"),
       // ---- Outlook Express is currently in:
       //      Internet zone
-      lblZone(*this, "lblZone", {Margin, 690, Inner, LabelHeight}, ""),
+      lblZone(captioned(lblInfo, *this, {Margin, 450, Inner, LabelHeight}, "Outlook Express is currently in:"),
+              "lblZone", {Margin, 690, Inner, LabelHeight}, ""),
       // ---- Select a zone to change.
       ilsZoneIcons(*this, "ilsZoneIcons", 32),
       // A click changes the zone at once: looking around with the arrow keys must not.
-      lsvOEZones(*this, "lsvOEZones", {Margin, ListTop, Inner, ListHeight}, ui::ListView::View::Icon,
+      lsvOEZones(captioned(lblInfo, *this, {Margin, 1065, Inner, LabelHeight}, "Select a zone to change."),
+                 "lsvOEZones", {Margin, ListTop, Inner, ListHeight}, ui::ListView::View::Icon,
                  ui::ListView::Clicks::OnActivate),
       picDummy(*this, "picDummy", {0, 0, 480, 480}),
       picHolder(*this, "picHolder", {0, 0, 480, 480}),
       context_(context) {
-    lblInfo.add(*this, {Margin, 450, Inner, LabelHeight}, "Outlook Express is currently in:");
-    lblInfo.add(*this, {Margin, 1065, Inner, LabelHeight}, "Select a zone to change.");
     lblIdentity.makeOneLine();
     lblZone.makeBold().makeOneLine();
     picDummy.setVisible(false);

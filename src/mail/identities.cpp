@@ -28,7 +28,7 @@ std::string menuCaption(const std::string& name) {
     return clsStrings().Replace(name, "&", "&&");
 }
 
-void fillMenu(forms::Context& context, ui::MenuItem& menu, const std::function<void(int index)>& onClick) {
+void fillMenu(forms::Context& context, ui::MenuItem& menu) {
     clsRegistry& registry = context.registry;
     registry.goTo(IdentitiesKey);
     const auto keys = registry.DirKey();
@@ -41,7 +41,6 @@ void fillMenu(forms::Context& context, ui::MenuItem& menu, const std::function<v
         item.setCaption(caption);
         item.setTag(key);
         item.setEnabled(true);
-        item.onClick = [onClick, index] { onClick(index); };
         ++index;
     }
 }

@@ -1,7 +1,6 @@
 // The identities of the mail client, as a menu, and the zone in which each reads its mail.
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "forms/Context.h"
@@ -26,7 +25,7 @@ std::string menuCaption(const std::string& name);
 
 // Makes an item of `menu` for each identity that can be read: its name as caption, its key as tag. The first takes over
 // the item that is there already, which is enabled then; without identities that one stays as it is.
-void fillMenu(forms::Context& context, ui::MenuItem& menu, const std::function<void(int index)>& onClick);
+void fillMenu(forms::Context& context, ui::MenuItem& menu);
 
 // The name of an identity, and of the zone that it reads its mail in. The latter throws util::Error for an identity
 // without mail settings.

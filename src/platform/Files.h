@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "platform/Registry.h"
+#include "platform/System.h"
 
 namespace platform {
 
@@ -14,6 +15,7 @@ namespace platform {
 struct FoundFile {
     std::string name;  // without folder
     std::uint32_t attributes = 0;
+    LocalTime written;  // last
 };
 inline constexpr std::uint32_t FileAttributeDirectory = 16;
 

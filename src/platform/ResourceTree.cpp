@@ -20,7 +20,7 @@ public:
         const bool wide = number(optional, 2) == 0x20B;
         const std::size_t directories = optional + (wide ? 112 : 96);
         if (number(directories - 4, 4) <= 2) return !outside_;
-        const std::uint32_t address = number(directories + 2 * 8, 4);
+        const std::uint32_t address = number(directories + std::size_t{2} * 8, 4);
         if (address == 0 || outside_) return !outside_;
         sections_ = optional + number(pe + 20, 2);
         sectionCount_ = number(pe + 6, 2);

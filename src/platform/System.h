@@ -32,6 +32,8 @@ public:
     // Milliseconds since some moment; starts again at 0 after 49 days.
     virtual std::uint32_t GetTickCount() = 0;
     virtual bool GetVersionExA(SystemVersion& version) = 0;
+    // Whether a byte begins a character of two in the system's code page.
+    virtual bool IsDBCSLeadByte(std::uint8_t) { return false; }
 };
 
 // What DllGetVersion of the browser's library answers (DLLVERSIONINFO, 20 bytes).

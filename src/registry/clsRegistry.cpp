@@ -56,14 +56,14 @@ void clsRegistry::CdExt(const std::string& wanted, AccessMask access) {
         }
         if (path == "..") {
             if (currentPath_.empty()) return RaiseClassError(1);
-            return CdExt(currentPath_.substr(0, currentPath_.rfind('\\') + 1), access);
+            return CdExt(currentPath_.substr(0, util::findLast(currentPath_, "\\") + 1), access);
         }
         HKey opened = 0;
         if (path == ".") {
             CheckApiResult(platform_.registry.RegOpenKeyExA(handle_, {}, access, opened));
             return Take(opened, access);
         }
-        if (path.size() >= 2 && path.ends_with('\\')) path.pop_back();
+        if (path.size() >= 2 && util::endsWithBackslash(path)) path.pop_back();
         if (currentPath_.empty() && !path.starts_with('\\')) path.insert(0, 1, '\\');
 
         HKey from = handle_;
@@ -110,7 +110,8 @@ HKey clsRegistry::RootHandle(const std::string& name) {
 }
 
 void clsRegistry::Take(HKey handle, AccessMask access) {
-    if (handle_) CheckApiResult(platform_.registry.RegCloseKey(handle_));
+    // Opened once more, Windows 95 may give a key the handle that it has.
+    if (handle_ && handle_ != handle) CheckApiResult(platform_.registry.RegCloseKey(handle_));
     handle_ = handle;
     access_ = access;
 }
@@ -181,7 +182,7 @@ bool clsRegistry::IsValidKey(HKey root, const std::string& subKey) {
     return procedure("clsRegistry.IsValidKey", [&] {
         HKey opened = 0;
         if (platform_.registry.RegOpenKeyA(root, subKey, opened) != Success) return false;
-        platform_.registry.RegCloseKey(opened);
+        if (opened != root) platform_.registry.RegCloseKey(opened);
         return true;
     });
 }

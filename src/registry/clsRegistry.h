@@ -10,7 +10,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <type_traits>
@@ -18,6 +17,7 @@
 #include <vector>
 
 #include "platform/Platform.h"
+#include "util/FunctionRef.h"
 
 // Value types as callers see them.
 enum class ValueType { String = 0, Binary = 1, Dword = 2 };
@@ -108,7 +108,7 @@ public:
     // number. It ends at the first zone that cannot be read, deleted, made or written, or for which `moved` has failed:
     // the zones from there on stay.
     void DeleteAndRename(const std::string& zonesPath, const std::string& zoneNumber,
-                         const std::function<void(std::uint32_t from)>& moved = {});
+                         util::FunctionRef<void(std::uint32_t from)> moved = {});
     // The icon reference of a zone for which no icon was chosen: an icon of the browser's control panel.
     std::string GetIconForOS();
     static constexpr const char* FallbackIconFile = "Inetcpl.cpl";  // in the system folder
@@ -138,6 +138,9 @@ public:
     // Whether DirKey would list anything, without listing it.
     bool HasKeys();
 
+    // The handle that a root's name stands for, in any case; 0 for an unknown root.
+    static platform::HKey RootHandle(const std::string& name);
+
     // Shows one of the session's own errors: 1 no current key, 2 unknown root, 3 value of the wrong type, 4 unknown
     // type.
     void RaiseClassError(int number);
@@ -163,8 +166,7 @@ private:
     void Require(platform::AccessMask access);
     // Makes `handle` the open one and closes the one before.
     void Take(platform::HKey handle, platform::AccessMask access);
-    static platform::HKey RootHandle(const std::string& name);  // 0 for an unknown root
-    std::optional<std::uint32_t> CountKeys();                   // nothing when the key cannot be asked
+    std::optional<std::uint32_t> CountKeys();  // nothing when the key cannot be asked
 
     platform::Platform& platform_;
     std::string currentPath_;

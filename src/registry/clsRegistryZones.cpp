@@ -35,7 +35,7 @@ void clsRegistry::DeleteZone(const std::string& zonesPath) {
 }
 
 void clsRegistry::DeleteAndRename(const std::string& zonesPath, const std::string& zoneNumber,
-                                  const std::function<void(std::uint32_t)>& moved) {
+                                  util::FunctionRef<void(std::uint32_t)> moved) {
     procedure("clsRegistry.DeleteAndRename", [&] {
         const auto last = static_cast<std::uint32_t>(listZones(*this, zonesPath).size() - 1);
         for (std::uint32_t n = numberToDelete(zoneNumber); n <= last; ++n) {

@@ -105,6 +105,7 @@ void Files::addFile(const std::string& path, std::string_view bytes) {
 
 Result Files::findFirst(const std::string& pattern, Search& search, FoundFile& found) {
     search = 0;
+    if (const auto code = watch.before("findFirst")) return *code;
     const std::size_t split = pattern.find_last_of("\\/:");
     const std::string folder = split == std::string::npos ? "" : pattern.substr(0, split + 1);
     std::string wildcard = split == std::string::npos ? pattern : pattern.substr(split + 1);
@@ -115,18 +116,20 @@ Result Files::findFirst(const std::string& pattern, Search& search, FoundFile& f
     Matches all;
     const bool isRoot = there.folder == root_.get();
     for (const char* dots : {".", ".."})
-        if (!isRoot && wildcard == "*") all.push_back({dots, FileAttributeDirectory});
+        if (!isRoot && wildcard == "*") all.push_back({dots, FileAttributeDirectory, lastWritten});
     for (const auto& child : there.node->children)
-        if (matches(child->name, wildcard)) all.push_back({child->name, child->attributes()});
+        if (matches(child->name, wildcard)) all.push_back({child->name, child->attributes(), lastWritten});
     if (all.empty()) return FileNotFound;
 
     std::ranges::reverse(all);
     search = ++next_;
     searches_.emplace(search, std::move(all));
+    const Watch::Pause pause(watch);
     return findNext(search, found);
 }
 
 Result Files::findNext(Search search, FoundFile& found) {
+    if (const auto code = watch.before("findNext")) return *code;
     const auto open = searches_.find(search);
     if (open == searches_.end()) return InvalidHandle;
     if (open->second.empty()) return NoMoreItems;
@@ -136,10 +139,12 @@ Result Files::findNext(Search search, FoundFile& found) {
 }
 
 void Files::findClose(Search search) {
+    (void)watch.before("findClose");
     searches_.erase(search);
 }
 
 Result Files::attributes(const std::string& path, std::uint32_t& bits) {
+    if (const auto code = watch.before("attributes")) return *code;
     if (path.empty()) return PathNotFound;
     const Place there = place(path);
     if (!there.node) return there.missing();
@@ -149,6 +154,7 @@ Result Files::attributes(const std::string& path, std::uint32_t& bits) {
 
 Result Files::read(const std::string& path, std::string& bytes, std::size_t limit) {
     bytes.clear();
+    if (const auto code = watch.before("read")) return *code;
     if (path.empty()) return PathNotFound;
     const Place there = place(path);
     if (!there.node) return there.missing();
@@ -168,6 +174,7 @@ Result Files::fileToWrite(const std::string& path, Node*& file) {
 
 Result Files::create(const std::string& path, std::string_view bytes, std::uint32_t& written) {
     written = 0;
+    if (const auto code = watch.before("create")) return *code;
     Node* file = nullptr;
     if (const Result code = fileToWrite(path, file); code != Success) return code;
     file->bytes = bytes;
@@ -177,6 +184,7 @@ Result Files::create(const std::string& path, std::string_view bytes, std::uint3
 
 Result Files::append(const std::string& path, std::string_view bytes, std::uint32_t& written) {
     written = 0;
+    if (const auto code = watch.before("append")) return *code;
     Node* file = nullptr;
     if (const Result code = fileToWrite(path, file); code != Success) return code;
     file->bytes += bytes;
@@ -185,6 +193,7 @@ Result Files::append(const std::string& path, std::string_view bytes, std::uint3
 }
 
 Result Files::remove(const std::string& path) {
+    if (const auto code = watch.before("remove")) return *code;
     if (path.empty()) return PathNotFound;
     const Place there = place(path);
     if (!there.node) return there.missing();
@@ -194,6 +203,7 @@ Result Files::remove(const std::string& path) {
 }
 
 Result Files::createFolder(const std::string& path) {
+    if (const auto code = watch.before("createFolder")) return *code;
     if (path.empty()) return PathNotFound;
     const Place there = place(path);
     if (there.node) return AlreadyExists;

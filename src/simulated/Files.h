@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/Files.h"
+#include "simulated/Watch.h"
 
 namespace simulated {
 
@@ -19,10 +20,12 @@ public:
     Files(const Files&) = delete;
     Files& operator=(const Files&) = delete;
 
+    Watch watch;
     // For tests to set up. Missing parent folders are made; an existing file is replaced.
     void addFolder(const std::string& path);
     void addFile(const std::string& path, std::string_view bytes);
-    std::size_t openSearches() const { return searches_.size(); }
+    int openSearches() const { return static_cast<int>(searches_.size()); }
+    platform::LocalTime lastWritten{2001, 6, 4, 14, 5, 7};  // when all files were
 
     Result findFirst(const std::string& pattern, Search& search, platform::FoundFile& found) override;
     Result findNext(Search search, platform::FoundFile& found) override;

@@ -2,36 +2,26 @@
 
 namespace simulated {
 
-int Memory::locks(Block block) const {
-    const auto found = blocks_.find(block);
-    return found == blocks_.end() ? 0 : found->second.locks;
-}
-
 Memory::Block Memory::GlobalAlloc(std::size_t bytes) {
-    if (bytes > capacity) return 0;
-    capacity -= bytes;
-    blocks_[++next_].bytes.resize(bytes);
+    if (watch.before("GlobalAlloc")) return 0;
+    blocks_[++next_].resize(bytes);
     return next_;
 }
 
 // An empty block has nothing to lock.
 std::uint8_t* Memory::GlobalLock(Block block) {
+    if (watch.before("GlobalLock")) return nullptr;
     const auto found = blocks_.find(block);
-    if (found == blocks_.end() || found->second.bytes.empty()) return nullptr;
-    ++found->second.locks;
-    return found->second.bytes.data();
+    return found == blocks_.end() || found->second.empty() ? nullptr : found->second.data();
 }
 
-void Memory::GlobalUnlock(Block block) {
-    const auto found = blocks_.find(block);
-    if (found != blocks_.end() && found->second.locks > 0) --found->second.locks;
+void Memory::GlobalUnlock(Block) {
+    (void)watch.before("GlobalUnlock");
 }
 
 void Memory::GlobalFree(Block block) {
-    const auto found = blocks_.find(block);
-    if (found == blocks_.end()) return;
-    capacity += found->second.bytes.size();
-    blocks_.erase(found);
+    (void)watch.before("GlobalFree");
+    blocks_.erase(block);
 }
 
 }  // namespace simulated

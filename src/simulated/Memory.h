@@ -5,15 +5,14 @@
 #include <vector>
 
 #include "platform/Modules.h"
+#include "simulated/Watch.h"
 
 namespace simulated {
 
 class Memory : public platform::Memory {
 public:
-    // Bytes that are still available.
-    std::size_t capacity = std::size_t{1} << 30;
-    std::size_t blocks() const { return blocks_.size(); }
-    int locks(Block block) const;
+    Watch watch;
+    int blocks() const { return static_cast<int>(blocks_.size()); }
 
     Block GlobalAlloc(std::size_t bytes) override;
     std::uint8_t* GlobalLock(Block block) override;
@@ -21,11 +20,7 @@ public:
     void GlobalFree(Block block) override;
 
 private:
-    struct Allocation {
-        std::vector<std::uint8_t> bytes;
-        int locks = 0;
-    };
-    std::map<Block, Allocation> blocks_;
+    std::map<Block, std::vector<std::uint8_t>> blocks_;
     Block next_ = 0;
 };
 

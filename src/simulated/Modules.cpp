@@ -72,8 +72,7 @@ const ProgramFile::Type* ProgramFile::find(const ResourceId& type) const {
 }
 
 ProgramFile& Modules::add(const std::string& path) {
-    std::uint32_t written = 0;
-    files_.create(path, "MZ", written);
+    files_.addFile(path, "MZ");
     return programs_[fold(path)];
 }
 
@@ -98,6 +97,8 @@ const ProgramFile* Modules::module(Module module) {
 }
 
 Module Modules::LoadLibraryExA(const std::string& file) {
+    if (const auto code = watch.before("LoadLibraryExA")) return fail(*code);
+    const Watch::Pause pause(files_.watch);
     std::uint32_t bits = 0;
     const ProgramFile* program = find(file);
     if (!program) return fail(files_.attributes(file, bits) == Success ? BadExeFormat : FileNotFound);
@@ -107,10 +108,12 @@ Module Modules::LoadLibraryExA(const std::string& file) {
 }
 
 void Modules::FreeLibrary(Module module) {
+    (void)watch.before("FreeLibrary");
     loaded_.erase(module);
 }
 
 ResourceInfo Modules::FindResourceA(Module handle, const ResourceId& name, const ResourceId& type) {
+    if (const auto code = watch.before("FindResourceA")) return fail(*code);
     const ProgramFile* program = module(handle);
     if (!program) return 0;
     if (program->types().empty()) return fail(NoSuchResource);
@@ -122,10 +125,12 @@ ResourceInfo Modules::FindResourceA(Module handle, const ResourceId& name, const
 }
 
 ResourceData Modules::LoadResource(Module handle, ResourceInfo info) {
+    if (const auto code = watch.before("LoadResource")) return fail(*code);
     return module(handle) && info ? info : fail(InvalidHandle);
 }
 
 std::span<const std::uint8_t> Modules::LockResource(Module handle, ResourceInfo info, ResourceData data) {
+    if (const auto code = watch.before("LockResource")) return (fail(*code), std::span<const std::uint8_t>());
     if (!module(handle) || !info || data != info) {
         fail(InvalidHandle);
         return {};
@@ -135,6 +140,7 @@ std::span<const std::uint8_t> Modules::LockResource(Module handle, ResourceInfo 
 }
 
 Result Modules::EnumResourceTypesA(Module handle, std::vector<ResourceId>& types) {
+    if (const auto code = watch.before("EnumResourceTypesA")) return lastError_ = *code;
     const ProgramFile* program = module(handle);
     if (!program) return lastError_;
     if (program->types().empty()) return lastError_ = NoSuchResource;
@@ -143,6 +149,7 @@ Result Modules::EnumResourceTypesA(Module handle, std::vector<ResourceId>& types
 }
 
 Result Modules::EnumResourceNamesA(Module handle, const ResourceId& type, std::vector<ResourceId>& names) {
+    if (const auto code = watch.before("EnumResourceNamesA")) return lastError_ = *code;
     const ProgramFile* program = module(handle);
     if (!program) return lastError_;
     if (program->types().empty()) return lastError_ = NoSuchResource;
@@ -153,6 +160,8 @@ Result Modules::EnumResourceNamesA(Module handle, const ResourceId& type, std::v
 }
 
 std::string Modules::LoadStringA(Module handle, std::uint32_t number) {
+    if (const auto code = watch.before("LoadStringA")) return (fail(*code), "");
+    const Watch::Pause pause(watch);
     const ResourceInfo info = FindResourceA(handle, stringBlockOf(number), RtString);
     const auto characters = stringInBlock(LockResource(handle, info, info), number);
     std::string text;
@@ -162,26 +171,31 @@ std::string Modules::LoadStringA(Module handle, std::uint32_t number) {
 }
 
 std::uint32_t Modules::countIcons(const std::string& path) {
+    if (watch.before("countIcons")) return 0;
     if (const ProgramFile* program = find(path)) {
         const ProgramFile::Type* groups = program->find(RtGroupIcon);
         return groups ? static_cast<std::uint32_t>(groups->resources.size()) : 0;
     }
+    const Watch::Pause pause(files_.watch);
     std::string header;
     if (files_.read(path, header, 6) != Success || header.size() < 6) return 0;
     return header.starts_with(std::string_view("\0\0\1\0", 4)) ? 1 : 0;
 }
 
 IconHandle Modules::CreateIconFromResource(std::span<const std::uint8_t> image, int width, int height) {
-    if (width <= 0 || height <= 0 || !iconLayout(image, drawsPng)) return fail(InvalidParameter);
+    if (const auto code = watch.before("CreateIconFromResource")) return fail(*code);
+    if (width <= 0 || height <= 0 || !iconLayout(image, true)) return fail(InvalidParameter);
     icons_.insert(++next_);
     return next_;
 }
 
 void Modules::DestroyIcon(IconHandle icon) {
+    (void)watch.before("DestroyIcon");
     icons_.erase(icon);
 }
 
 std::string Modules::FormatMessageA(Result code) {
+    if (watch.before("FormatMessageA")) return "";
     const struct {
         Result code;
         const char* text;

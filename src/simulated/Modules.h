@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/Files.h"
 #include "platform/Modules.h"
+#include "simulated/Files.h"
 
 namespace simulated {
 
@@ -40,16 +40,15 @@ private:
 class Modules : public platform::Modules {
 public:
     // Icon files are read from `files`, where program files appear too.
-    explicit Modules(platform::Files& files) : files_(files) {}
+    explicit Modules(Files& files) : files_(files) {}
+    Watch watch;
 
     // A program file that can be loaded from now on, by its path or by its base name. A module that is loaded keeps the
     // resources it was loaded with.
     ProgramFile& add(const std::string& path);
 
-    bool drawsPng = true;  // as systems from Windows 6.0 on do
-
-    std::size_t loaded() const { return loaded_.size(); }
-    std::size_t icons() const { return icons_.size(); }
+    int loaded() const { return static_cast<int>(loaded_.size()); }
+    int icons() const { return static_cast<int>(icons_.size()); }
 
     platform::Module LoadLibraryExA(const std::string& file) override;
     void FreeLibrary(platform::Module module) override;
@@ -73,7 +72,7 @@ private:
     const ProgramFile* module(platform::Module module);
     std::uintptr_t fail(platform::Result code);
 
-    platform::Files& files_;
+    Files& files_;
     std::map<std::string, ProgramFile> programs_;                            // by folded path
     std::map<platform::Module, std::unique_ptr<const ProgramFile>> loaded_;  // copies: freed bytes are really gone
     std::set<platform::IconHandle> icons_;

@@ -12,6 +12,7 @@
 
 #include "platform/Registry.h"
 #include "simulated/Names.h"
+#include "simulated/Watch.h"
 
 namespace simulated {
 
@@ -25,8 +26,11 @@ public:
     Registry(const Registry&) = delete;
     Registry& operator=(const Registry&) = delete;
 
+    Watch watch;
     // Windows 95 and 98 delete a key with everything below it, NT refuses one that has subkeys.
     bool deletesSubtrees = false;
+    // They list keys in any order, and give a key that is opened once more the handle it has.
+    bool shuffles = false, repeatsHandles = false;
     // Lists the key under another name, as the system does when a name has characters outside the code page: the name
     // that is listed leads to another key, or to none.
     void listAs(const std::string& path, const std::string& listed);

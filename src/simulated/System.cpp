@@ -8,6 +8,7 @@ using namespace platform;
 
 // What is not set stays as it is written, per cent signs included.
 std::string System::ExpandEnvironmentStringsA(const std::string& text) {
+    if (watch.before("ExpandEnvironmentStringsA")) return text;
     std::string expanded;
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t end = text[at] == '%' ? text.find('%', at + 1) : std::string::npos;
@@ -25,14 +26,10 @@ std::string System::ExpandEnvironmentStringsA(const std::string& text) {
     return expanded;
 }
 
-bool System::GetVersionExA(SystemVersion& told) {
-    if (knowsItsVersion) told = version;
-    return knowsItsVersion;
-}
-
 Result Browser::DllGetVersion(LibraryVersion& told) {
-    told = answer == Success ? version : LibraryVersion{};
-    return answer;
+    const Result code = watch.before("DllGetVersion").value_or(answer);
+    told = code == Success ? version : LibraryVersion{};
+    return code;
 }
 
 void Launcher::endAll() {
@@ -41,9 +38,10 @@ void Launcher::endAll() {
 
 Result Launcher::start(const std::string& program, const std::string& arguments, Process& process) {
     process = 0;
-    if (answer != Success) return answer;
     started.push_back({program, arguments});
+    if (const auto code = watch.before("start")) return *code;
     process = started.size();
+    open.insert(process);
     if (onStart) onStart(started.back());
     return Success;
 }
@@ -53,7 +51,7 @@ bool Launcher::running(Process process) {
 }
 
 void Launcher::close(Process process) {
-    if (process > 0 && process <= started.size()) started[process - 1].open = false;
+    open.erase(process);
 }
 
 }  // namespace simulated

@@ -4,8 +4,8 @@
 
 namespace ui {
 
-CheckBox::CheckBox(Parent parent, std::string name, Bounds bounds, std::string caption, int index)
-    : Control(parent, std::move(name), bounds, index), caption_(std::move(caption)) {
+CheckBox::CheckBox(Parent parent, const char* name, Bounds bounds, std::string_view caption, int index)
+    : Control(parent, name, bounds, index), caption_(caption) {
     setTabStop(true);
 }
 

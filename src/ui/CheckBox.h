@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "ui/Control.h"
 
@@ -12,7 +13,7 @@ public:
     public:
         virtual void applyChecked() = 0;
     };
-    CheckBox(Parent parent, std::string name, Bounds bounds, std::string caption, int index = -1);
+    CheckBox(Parent parent, const char* name, Bounds bounds, std::string_view caption, int index = -1);
     const std::string& caption() const { return caption_; }
     std::string accessText() const override { return caption_; }
     bool checked() const { return checked_; }

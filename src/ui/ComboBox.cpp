@@ -4,8 +4,7 @@
 
 namespace ui {
 
-ComboBox::ComboBox(Parent parent, std::string name, Bounds bounds, int index)
-    : Control(parent, std::move(name), bounds, index) {
+ComboBox::ComboBox(Parent parent, const char* name, Bounds bounds, int index) : Control(parent, name, bounds, index) {
     setTabStop(true);
 }
 

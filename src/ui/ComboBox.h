@@ -15,7 +15,7 @@ public:
         virtual void applyItems() = 0;
         virtual void applyListIndex() = 0;
     };
-    ComboBox(Parent parent, std::string name, Bounds bounds, int index = -1);
+    ComboBox(Parent parent, const char* name, Bounds bounds, int index = -1);
 
     const std::vector<std::string>& items() const { return items_; }
     void setItems(std::vector<std::string> items);

@@ -4,8 +4,8 @@
 
 namespace ui {
 
-CommandButton::CommandButton(Parent parent, std::string name, Bounds bounds, std::string caption, int index)
-    : Control(parent, std::move(name), bounds, index), caption_(std::move(caption)) {
+CommandButton::CommandButton(Parent parent, const char* name, Bounds bounds, std::string_view caption, int index)
+    : Control(parent, name, bounds, index), caption_(caption) {
     setTabStop(true);
 }
 

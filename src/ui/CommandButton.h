@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "ui/Control.h"
 
@@ -8,7 +9,7 @@ namespace ui {
 
 class CommandButton : public Control {
 public:
-    CommandButton(Parent parent, std::string name, Bounds bounds, std::string caption, int index = -1);
+    CommandButton(Parent parent, const char* name, Bounds bounds, std::string_view caption, int index = -1);
     const std::string& caption() const { return caption_; }
     std::string accessText() const override { return caption_; }
 

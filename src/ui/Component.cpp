@@ -4,7 +4,7 @@
 
 namespace ui {
 
-Component::Component(Form& form, std::string name, int index) : form_(form), name_(std::move(name)), index_(index) {
+Component::Component(Form& form, const char* name, int index) : form_(form), name_(name), index_(index) {
     form_.add(*this);
 }
 

@@ -7,20 +7,22 @@
 // handler may have closed the form.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <utility>
+
+#include "ui/Handler.h"
 
 namespace ui {
 
 class Form;
 class PeerFactory;
 
-using Event = std::function<void()>;
+using Event = Handler<void()>;
 template <class... Args>
-void raise(const std::function<void(Args...)>& event, std::type_identity_t<Args>... args) {
+void raise(const Handler<void(Args...)>& event, std::type_identity_t<Args>... args) {
     if (auto copy = event) copy(args...);  // a copy: the handler may destroy the event's owner
 }
 
@@ -63,14 +65,15 @@ private:
 
 class Component : public PeerOwner {
 public:
-    Component(Form& form, std::string name, int index);
+    // `name` is a literal, here and in whatever else has one: there are hundreds, and none is ever changed.
+    Component(Form& form, const char* name, int index);
     Component(const Component&) = delete;
     Component& operator=(const Component&) = delete;
     virtual ~Component();
 
     Form& form() const { return form_; }
-    const std::string& name() const { return name_; }  // as in the code: "cmdZoneOption"
-    int index() const { return index_; }               // in a control array, or -1
+    std::string_view name() const { return name_; }  // as in the code: "cmdZoneOption"
+    int index() const { return index_; }             // in a control array, or -1
 
     // Makes the peer and replays the whole state into it.
     void attach(PeerFactory& factory);
@@ -83,7 +86,7 @@ protected:
 
 private:
     Form& form_;
-    std::string name_;
+    const char* name_;
     int index_;
 };
 

@@ -6,8 +6,8 @@ namespace ui {
 
 Parent::Parent(Control& parent) : form(parent.form()), container(&parent) {}
 
-Control::Control(Parent parent, std::string name, Bounds bounds, int index)
-    : Component(parent.form, std::move(name), index), container_(parent.container), bounds_(bounds) {}
+Control::Control(Parent parent, const char* name, Bounds bounds, int index)
+    : Component(parent.form, name, index), container_(parent.container), bounds_(bounds) {}
 
 bool Control::isWithin(const Control& other) const {
     return this == &other || (container_ && container_->isWithin(other));
@@ -28,6 +28,13 @@ Bounds Control::absoluteBounds() const {
 
 void Control::setBounds(const Bounds& bounds) {
     if (store(bounds_, bounds)) updatePeersWithin(&Peer::applyBounds, &Peer::applyShowing);
+}
+
+void Control::stretch(Twips by) {
+    const Twips bottom = bounds_.bottom();
+    setHeight(height() + by);
+    for (Control* other : form().controls())
+        if (!other->container_ && other->top() >= bottom) other->setTop(other->top() + by);
 }
 
 bool Control::showing() const {

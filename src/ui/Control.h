@@ -11,7 +11,7 @@ namespace ui {
 
 class Control;
 
-// What a control is placed on: the form itself, or its container, a Frame or PictureBox.
+// What a control is placed on: the form itself, or its container, a Frame or Image.
 struct Parent {
     Parent(Form& parent) : form(parent) {}
     Parent(Control& parent);
@@ -32,7 +32,7 @@ public:
         virtual void applyToolTip() = 0;
     };
 
-    Control(Parent parent, std::string name, Bounds bounds, int index = -1);
+    Control(Parent parent, const char* name, Bounds bounds, int index = -1);
 
     Control* container() const { return container_; }
     // Whether it is `other` or lies inside it, at any depth.
@@ -51,6 +51,8 @@ public:
     void setHeight(Twips height) { setBounds({bounds_.left, bounds_.top, bounds_.width, height}); }
     // Relative to the form.
     Bounds absoluteBounds() const;
+    // Of a control that stands on the form itself: makes it higher, and moves what is below it.
+    void stretch(Twips by);
 
     bool visible() const { return visible_; }
     void setVisible(bool visible);

@@ -11,7 +11,7 @@ namespace ui {
 template <class C>
 class ControlArray {
 public:
-    explicit ControlArray(std::string name) : name_(std::move(name)) {}
+    explicit ControlArray(const char* name) : name_(name) {}
 
     template <class... Args>
     C& add(Parent parent, Bounds bounds, Args&&... args) {
@@ -29,7 +29,7 @@ public:
     auto end() { return controls_.end(); }
 
 private:
-    std::string name_;
+    const char* name_;
     std::deque<C> controls_;
 };
 

@@ -38,6 +38,8 @@ public:
     // The chosen file's full path; nothing when the user cancelled.
     virtual std::optional<std::string> openFile(const OpenFileRequest& request) = 0;
 
+    virtual void beep() = 0;  // as with an exclamation
+
     // Shows a form without waiting.
     virtual void open(Form& form) = 0;
     // Shows a form above `owner` (null: above the active form) and returns when it has been unloaded. Meanwhile no
@@ -53,6 +55,8 @@ public:
     virtual int pixelsPerInch() const = 0;
     // A length that is given in pixels of a screen with 96 to the inch.
     int scaled(int pixelsAt96) const { return (pixelsAt96 * pixelsPerInch() + 48) / 96; }
+    // The part of the screen that is not the task bar's.
+    virtual Size workArea() = 0;
     virtual FrameSize frameSize(Form::Kind kind, bool menu) = 0;
     // The space a text takes in the program's font, wrapped at `wrap` twips unless that is 0. An "&" is a letter like
     // any other.

@@ -8,13 +8,8 @@
 
 namespace ui {
 
-Form::Form(Desktop& desktop, Kind kind, std::string name, std::string caption, Size client)
-    : desktop_(desktop),
-      kind_(kind),
-      name_(std::move(name)),
-      caption_(std::move(caption)),
-      client_(client),
-      designedWidth_(client.width) {}
+Form::Form(Desktop& desktop, Kind kind, const char* name, std::string_view caption, Size client)
+    : desktop_(desktop), kind_(kind), name_(name), caption_(caption), client_(client), smallest_{client.width, 0} {}
 
 Form::~Form() {
     if (loaded_) {
@@ -30,8 +25,8 @@ void Form::remove(Component& component) {
     if (activeControl_ == &component) activeControl_ = nullptr;
 }
 
-void Form::setCaption(std::string caption) {
-    if (store(caption_, std::move(caption))) updatePeer(&Peer::applyCaption);
+void Form::setCaption(std::string_view caption) {
+    if (store(caption_, caption)) updatePeer(&Peer::applyCaption);
 }
 
 Twips Form::width() const {
@@ -43,14 +38,21 @@ Twips Form::height() const {
 }
 
 void Form::setHeight(Twips height) {
+    height = std::min(height, desktop_.workArea().height);
     const Twips client = std::max(0, height - desktop_.frameSize(kind_, !menu_.empty()).height);
     if (!store(client_.height, client)) return;
     updatePeer(&Peer::applySize);
     Form_Resize();
 }
 
+void Form::setPlace(Twips left, Twips top, Twips width) {
+    width = std::min(width, desktop_.workArea().width);
+    place_ = {left, top, width, height()};
+    userResized({std::max(smallest_.width, width - desktop_.frameSize(kind_, !menu_.empty()).width), client_.height});
+}
+
 void Form::setHook(WindowHook hook) {
-    hook_ = std::move(hook);
+    hook_ = hook;
     updatePeer(&Peer::applyHook);
 }
 
@@ -71,13 +73,10 @@ void Form::setDefaultButton(CommandButton& button) {
     if (store(defaultButton_, &button)) updatePeer(&Peer::applyDefaultButton);
 }
 
-void Form::drawLine(const Line& line) {
-    lines_.push_back(line);
+void Form::setLines(std::vector<Line> lines) {
+    if (lines == lines_) return;
     updatePeer(&Peer::applyLines);
-}
-
-void Form::clearLines() {
-    lines_.clear();
+    lines_ = std::move(lines);
     updatePeer(&Peer::applyLines);
 }
 
@@ -85,6 +84,7 @@ void Form::load() {
     if (loaded_) return;
     loaded_ = true;
     desktop_.formLoaded(*this);
+    setHeight(height());  // on a small screen lists and trees give way
     Form_Load();
 }
 
@@ -111,6 +111,10 @@ void Form::setShown(bool shown) {
     if (store(shown_, shown) && shown) raise(onShown);
 }
 
+bool Form::pressKey(FormKey key) {
+    return !busy_ && Form_KeyDown(key);
+}
+
 void Form::closeBox() {
     if (!desktop_.busy()) unload();
 }
@@ -130,6 +134,11 @@ void Form::pressEscape() {
 
 void Form::userResized(Size client) {
     if (store(client_, client)) Form_Resize();
+}
+
+void Form::userPlaced(const Bounds& place, bool maximized) {
+    if (!maximized) place_ = place;
+    maximized_ = maximized;
 }
 
 std::vector<Control*> Form::controls() const {

@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "ui/Component.h"
@@ -21,6 +22,9 @@ class Desktop;
 
 enum class Pointer { Default, Hourglass };
 
+// Keys that mean the same wherever the focus is: F5; Ctrl+Tab and Ctrl+Page Down, and the same backwards.
+enum class FormKey { Refresh, NextPage, PreviousPage };
+
 class Form : public PeerOwner {
 public:
     enum class Kind {
@@ -35,29 +39,38 @@ public:
         virtual void applyPointer() = 0;
         virtual void applyBusy() = 0;
         virtual void applyDefaultButton() = 0;
-        virtual void applyLines() = 0;
+        virtual void applyLines() = 0;     // their places are to be painted: called before and after a change
         virtual void applyUnloaded() = 0;  // hide now; the peer is destroyed soon, outside every handler
     };
 
     // `client`: the drawing area. The window's own size is that and the frame around it.
-    Form(Desktop& desktop, Kind kind, std::string name, std::string caption, Size client);
+    Form(Desktop& desktop, Kind kind, const char* name, std::string_view caption, Size client);
     Form(const Form&) = delete;
     Form& operator=(const Form&) = delete;
     virtual ~Form();
 
     Desktop& desktop() const { return desktop_; }
     Kind kind() const { return kind_; }
-    const std::string& name() const { return name_; }
+    std::string_view name() const { return name_; }
 
     const std::string& caption() const { return caption_; }
-    void setCaption(std::string caption);
+    void setCaption(std::string_view caption);
 
     Size client() const { return client_; }
     Twips width() const;   // of the whole window
     Twips height() const;  // of the whole window
+    // Never higher than the screen has room for.
     void setHeight(Twips height);
-    // The user cannot make the window narrower than this, but as low as they like.
-    Twips designedWidth() const { return designedWidth_; }
+    // The user cannot make the drawing area narrower or lower than this.
+    Size smallest() const { return smallest_; }
+    void setSmallestHeight(Twips client) { smallest_.height = client; }
+
+    // Where the window stands on the screen when it is not maximised. Without a width it has not been shown yet, and
+    // will be shown in the middle.
+    const Bounds& place() const { return place_; }
+    bool maximized() const { return maximized_; }
+    // Before it is shown. What would be off the screen is put back on it.
+    void setPlace(Twips left, Twips top, Twips width);
 
     Menu& menu() { return menu_; }
     const Menu& menu() const { return menu_; }
@@ -80,8 +93,7 @@ public:
     void setBusy(bool busy);
 
     const std::vector<Line>& lines() const { return lines_; }
-    void drawLine(const Line& line);
-    void clearLines();
+    void setLines(std::vector<Line> lines);
 
     // Loading, showing, unloading.
     void load();
@@ -91,11 +103,13 @@ public:
     bool shown() const { return shown_; }
     void unload();
 
-    // The user's entries: Enter, Esc, the close box, a drag of the window's border.
+    // The user's entries: Enter, Esc, another key, the close box, a drag of the window or of its border.
     void pressEnter();
     void pressEscape();
+    bool pressKey(FormKey key);  // whether it means anything here
     void closeBox();
     void userResized(Size client);
+    void userPlaced(const Bounds& place, bool maximized);
 
     // Every component in the order made, which is the tab order of the controls.
     const std::vector<Component*>& components() const { return components_; }
@@ -115,6 +129,7 @@ protected:
     virtual void Form_Load() {}
     virtual void Form_Unload() {}
     virtual void Form_Resize() {}
+    virtual bool Form_KeyDown(FormKey) { return false; }
 
 private:
     friend class Component;
@@ -124,9 +139,12 @@ private:
 
     Desktop& desktop_;
     Kind kind_;
-    std::string name_, caption_;
+    const char* name_;
+    std::string caption_;
     Size client_;
-    Twips designedWidth_;
+    Size smallest_;
+    Bounds place_;
+    bool maximized_ = false;
     std::vector<Component*> components_;
     Menu menu_{*this};
     CommandButton* defaultButton_ = nullptr;

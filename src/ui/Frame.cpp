@@ -4,11 +4,11 @@
 
 namespace ui {
 
-Frame::Frame(Parent parent, std::string name, Bounds bounds, std::string caption, int index)
-    : Control(parent, std::move(name), bounds, index), caption_(std::move(caption)) {}
+Frame::Frame(Parent parent, const char* name, Bounds bounds, std::string_view caption, int index)
+    : Control(parent, name, bounds, index), caption_(caption) {}
 
-void Frame::setCaption(std::string caption) {
-    if (store(caption_, std::move(caption))) updatePeer(&Peer::applyText);
+void Frame::setCaption(std::string_view caption) {
+    if (store(caption_, caption)) updatePeer(&Peer::applyText);
 }
 
 std::unique_ptr<ui::Peer> Frame::makePeer(PeerFactory& factory) {

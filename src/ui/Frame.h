@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "ui/Control.h"
 
@@ -9,9 +10,9 @@ namespace ui {
 
 class Frame : public Control {
 public:
-    Frame(Parent parent, std::string name, Bounds bounds, std::string caption, int index = -1);
+    Frame(Parent parent, const char* name, Bounds bounds, std::string_view caption, int index = -1);
     const std::string& caption() const { return caption_; }
-    void setCaption(std::string caption);
+    void setCaption(std::string_view caption);
     std::string accessText() const override { return caption_; }
 
 protected:

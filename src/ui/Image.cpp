@@ -4,8 +4,7 @@
 
 namespace ui {
 
-Image::Image(Parent parent, std::string name, Bounds bounds, int index)
-    : Control(parent, std::move(name), bounds, index) {}
+Image::Image(Parent parent, const char* name, Bounds bounds, int index) : Control(parent, name, bounds, index) {}
 
 void Image::setPicture(Picture picture) {
     if (store(picture_, std::move(picture))) updatePeer(&Peer::applyPicture);

@@ -6,7 +6,7 @@
 
 namespace ui {
 
-ImageList::ImageList(Form& form, std::string name, int size) : Component(form, std::move(name), -1), size_(size) {}
+ImageList::ImageList(Form& form, const char* name, int size) : Component(form, name, -1), size_(size) {}
 
 int ImageList::find(const std::string& key) const {
     const auto at = std::find(keys_.begin(), keys_.end(), key);

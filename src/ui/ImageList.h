@@ -17,7 +17,7 @@ public:
         virtual void applyCleared() = 0;
     };
     // `size`: width and height of every picture in pixels.
-    ImageList(Form& form, std::string name, int size);
+    ImageList(Form& form, const char* name, int size);
 
     int size() const { return size_; }
     int count() const { return static_cast<int>(pictures_.size()); }

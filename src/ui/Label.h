@@ -1,19 +1,20 @@
-// A text in which "&" is a letter like any other. It is windowless and drawn on the form: it gets neither the mouse nor
-// the focus, so it has no tool tip and no access key.
+// A text in which "&" is a letter like any other. It gets neither the mouse nor the focus, so it has no tool tip and no
+// access key. Programs that read windows aloud name a box or a list by the label that was made before it.
 #pragma once
 
 #include <string>
+#include <string_view>
 
-#include "ui/Control.h"
+#include "ui/ControlArray.h"
 
 namespace ui {
 
 class Label : public Control {
 public:
-    Label(Parent parent, std::string name, Bounds bounds, std::string caption, int index = -1);
+    Label(Parent parent, const char* name, Bounds bounds, std::string_view caption, int index = -1);
 
     const std::string& caption() const { return caption_; }
-    void setCaption(std::string caption);
+    void setCaption(std::string_view caption);
     // One line, which ends in "..." when it is cut off. Otherwise the text is wrapped.
     bool oneLine() const { return oneLine_; }
     Label& makeOneLine() {
@@ -34,5 +35,11 @@ private:
     bool bold_ = false;
     bool oneLine_ = false;
 };
+
+// Makes a caption, and gives the parent for what it names, which has to be made after it.
+inline Parent captioned(ControlArray<Label>& captions, Parent parent, Bounds bounds, std::string_view caption) {
+    captions.add(parent, bounds, caption);
+    return parent;
+}
 
 }  // namespace ui

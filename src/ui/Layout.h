@@ -6,7 +6,7 @@
 namespace ui::layout {
 
 inline constexpr Twips Margin = 120;
-inline constexpr Twips ButtonWidth = 1215, ButtonHeight = 375;
+inline constexpr Twips ButtonWidth = 1260, ButtonHeight = 375;
 inline constexpr Twips LabelHeight = 225;  // one line of text
 inline constexpr Twips BoxHeight = 285;    // a text box of one line
 

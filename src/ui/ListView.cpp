@@ -6,8 +6,8 @@
 
 namespace ui {
 
-ListView::ListView(Parent parent, std::string name, Bounds bounds, View view, Clicks clicks, int index)
-    : Control(parent, std::move(name), bounds, index), view_(view), clicks_(clicks) {
+ListView::ListView(Parent parent, const char* name, Bounds bounds, View view, Clicks clicks, int index)
+    : Control(parent, name, bounds, index), view_(view), clicks_(clicks) {
     setTabStop(true);
 }
 
@@ -63,6 +63,10 @@ void ListView::choose(int number) {
 
 void ListView::activate() {
     if (usable() && selected_ > 0 && clicks_ == Clicks::OnActivate) raise(onItemClick, selected_);
+}
+
+void ListView::open() {
+    if (usable() && selected_ > 0) raise(onOpen);
 }
 
 std::unique_ptr<ui::Peer> ListView::makePeer(PeerFactory& factory) {

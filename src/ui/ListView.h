@@ -1,7 +1,6 @@
 // A list of items with pictures, in columns or as icons.
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -10,6 +9,7 @@
 
 namespace ui {
 
+class CommandButton;
 class ImageList;
 
 struct ListItem {
@@ -35,7 +35,7 @@ public:
         virtual void applySpacing() = 0;
         virtual void applyColumn() = 0;
     };
-    ListView(Parent parent, std::string name, Bounds bounds, View view, Clicks clicks, int index = -1);
+    ListView(Parent parent, const char* name, Bounds bounds, View view, Clicks clicks, int index = -1);
 
     View view() const { return view_; }
     Clicks clicks() const { return clicks_; }
@@ -72,7 +72,14 @@ public:
     void click(int number);
     void choose(int number);
     void activate();
-    std::function<void(int)> onItemClick;
+    Handler<void(int)> onItemClick;
+    // A double click on an item, and Enter, where somebody wants to know.
+    void open();
+    Event onOpen;
+
+    // The context menu of an item, by mouse or keyboard, clicks these buttons.
+    void addCommand(CommandButton& button) { commands_.push_back(&button); }
+    const std::vector<CommandButton*>& commands() const { return commands_; }
 
 protected:
     std::unique_ptr<ui::Peer> makePeer(PeerFactory& factory) override;
@@ -88,6 +95,7 @@ private:
     std::vector<ListItem> items_;
     int selected_ = 0;
     std::optional<Spacing> spacing_;
+    std::vector<CommandButton*> commands_;
 };
 
 }  // namespace ui

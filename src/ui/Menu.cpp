@@ -4,16 +4,16 @@
 
 namespace ui {
 
-void MenuItem::setCaption(std::string caption) {
-    if (store(caption_, std::move(caption))) menu_.changed();
+void MenuItem::setCaption(std::string_view caption) {
+    if (store(caption_, caption)) menu_.changed();
 }
 
 void MenuItem::setEnabled(bool enabled) {
     if (store(enabled_, enabled)) menu_.changedEnabled(*this);
 }
 
-MenuItem& MenuItem::add(std::string name, std::string caption, int index) {
-    MenuItem& item = items_.emplace_back(menu_, std::move(name), std::move(caption), index);
+MenuItem& MenuItem::add(const char* name, std::string_view caption, int index) {
+    MenuItem& item = items_.emplace_back(menu_, name, caption, index);
     menu_.changed();
     return item;
 }
@@ -22,8 +22,8 @@ void MenuItem::click() {
     if (enabled_) raise(onClick);
 }
 
-MenuItem& Menu::add(std::string name, std::string caption) {
-    MenuItem& item = items_.emplace_back(*this, std::move(name), std::move(caption), -1);
+MenuItem& Menu::add(const char* name, std::string_view caption) {
+    MenuItem& item = items_.emplace_back(*this, name, caption, -1);
     changed();
     return item;
 }

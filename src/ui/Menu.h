@@ -2,9 +2,9 @@
 #pragma once
 
 #include <deque>
-#include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "ui/Component.h"
 
@@ -14,23 +14,23 @@ class Menu;
 
 class MenuItem {
 public:
-    MenuItem(Menu& menu, std::string name, std::string caption, int index)
-        : menu_(menu), name_(std::move(name)), caption_(std::move(caption)), index_(index) {}
+    MenuItem(Menu& menu, const char* name, std::string_view caption, int index)
+        : menu_(menu), name_(name), caption_(caption), index_(index) {}
     MenuItem(const MenuItem&) = delete;
     MenuItem& operator=(const MenuItem&) = delete;
 
-    const std::string& name() const { return name_; }
+    std::string_view name() const { return name_; }
     int index() const { return index_; }  // in a control array, or -1
     bool separator() const { return caption_ == "-"; }
 
     const std::string& caption() const { return caption_; }
-    void setCaption(std::string caption);
+    void setCaption(std::string_view caption);
     bool enabled() const { return enabled_; }
     void setEnabled(bool enabled);
     const std::string& tag() const { return tag_; }
     void setTag(std::string tag) { tag_ = std::move(tag); }
 
-    MenuItem& add(std::string name, std::string caption, int index = -1);
+    MenuItem& add(const char* name, std::string_view caption, int index = -1);
     const std::deque<MenuItem>& items() const { return items_; }
     std::deque<MenuItem>& items() { return items_; }
 
@@ -39,7 +39,8 @@ public:
 
 private:
     Menu& menu_;
-    std::string name_, caption_, tag_;
+    const char* name_;
+    std::string caption_, tag_;
     int index_;
     bool enabled_ = true;
     std::deque<MenuItem> items_;
@@ -54,7 +55,7 @@ public:
     };
     explicit Menu(Form& form) : Component(form, "menu", -1) {}
 
-    MenuItem& add(std::string name, std::string caption);
+    MenuItem& add(const char* name, std::string_view caption);
     const std::deque<MenuItem>& items() const { return items_; }
     std::deque<MenuItem>& items() { return items_; }
     bool empty() const { return items_.empty(); }

@@ -16,7 +16,7 @@ class Label;
 class ListView;
 class Menu;
 class Peer;
-class PictureBox;
+class PictureButton;
 class ProgressBar;
 class TabStrip;
 class TextBox;
@@ -39,7 +39,7 @@ public:
     virtual std::unique_ptr<Peer> make(Label&) = 0;
     virtual std::unique_ptr<Peer> make(ListView&) = 0;
     virtual std::unique_ptr<Peer> make(Menu&) = 0;
-    virtual std::unique_ptr<Peer> make(PictureBox&) = 0;
+    virtual std::unique_ptr<Peer> make(PictureButton&) = 0;
     virtual std::unique_ptr<Peer> make(ProgressBar&) = 0;
     virtual std::unique_ptr<Peer> make(TabStrip&) = 0;
     virtual std::unique_ptr<Peer> make(TextBox&) = 0;

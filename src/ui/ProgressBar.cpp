@@ -6,8 +6,8 @@
 
 namespace ui {
 
-ProgressBar::ProgressBar(Parent parent, std::string name, Bounds bounds, int index)
-    : Control(parent, std::move(name), bounds, index) {}
+ProgressBar::ProgressBar(Parent parent, const char* name, Bounds bounds, int index)
+    : Control(parent, name, bounds, index) {}
 
 void ProgressBar::setProgress(int value, int maximum) {
     maximum_ = std::max(1, maximum);

@@ -12,7 +12,7 @@ public:
     public:
         virtual void applyProgress() = 0;
     };
-    ProgressBar(Parent parent, std::string name, Bounds bounds, int index = -1);
+    ProgressBar(Parent parent, const char* name, Bounds bounds, int index = -1);
     int maximum() const { return maximum_; }
     int value() const { return value_; }
     void setProgress(int value, int maximum);

@@ -4,8 +4,8 @@
 
 namespace ui {
 
-TabStrip::TabStrip(Parent parent, std::string name, Bounds bounds, std::vector<std::string> tabs, int index)
-    : Control(parent, std::move(name), bounds, index), tabs_(std::move(tabs)) {
+TabStrip::TabStrip(Parent parent, const char* name, Bounds bounds, std::vector<std::string> tabs, int index)
+    : Control(parent, name, bounds, index), tabs_(std::move(tabs)) {
     setTabStop(true);
 }
 

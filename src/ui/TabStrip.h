@@ -14,7 +14,7 @@ public:
         virtual void applyTabs() = 0;
         virtual void applySelected() = 0;
     };
-    TabStrip(Parent parent, std::string name, Bounds bounds, std::vector<std::string> tabs, int index = -1);
+    TabStrip(Parent parent, const char* name, Bounds bounds, std::vector<std::string> tabs, int index = -1);
     const std::vector<std::string>& tabs() const { return tabs_; }
     int selected() const { return selected_; }  // from 1
     void setSelected(int tab);

@@ -6,8 +6,7 @@
 
 namespace ui {
 
-TextBox::TextBox(Parent parent, std::string name, Bounds bounds, int index)
-    : Control(parent, std::move(name), bounds, index) {
+TextBox::TextBox(Parent parent, const char* name, Bounds bounds, int index) : Control(parent, name, bounds, index) {
     setTabStop(true);
 }
 

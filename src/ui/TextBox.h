@@ -13,7 +13,7 @@ public:
         virtual void applySelection() = 0;
         virtual void applyMaxLength() = 0;
     };
-    TextBox(Parent parent, std::string name, Bounds bounds, int index = -1);
+    TextBox(Parent parent, const char* name, Bounds bounds, int index = -1);
 
     const std::string& text() const { return text_; }
     // Moves the caret to the start. Like the system, keeps a text whole that is longer than maxLength.

@@ -4,7 +4,7 @@
 
 namespace ui {
 
-Timer::Timer(Form& form, std::string name, int interval) : Component(form, std::move(name), -1), interval_(interval) {}
+Timer::Timer(Form& form, const char* name, int interval) : Component(form, name, -1), interval_(interval) {}
 
 void Timer::setEnabled(bool enabled) {
     if (store(enabled_, enabled)) updatePeer(&Peer::applyTimer);

@@ -13,7 +13,7 @@ public:
     public:
         virtual void applyTimer() = 0;
     };
-    Timer(Form& form, std::string name, int interval);
+    Timer(Form& form, const char* name, int interval);
     int interval() const { return interval_; }
     bool enabled() const { return enabled_; }
     void setEnabled(bool enabled);

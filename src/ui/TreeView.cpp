@@ -6,8 +6,7 @@
 
 namespace ui {
 
-TreeView::TreeView(Parent parent, std::string name, Bounds bounds, int index)
-    : Control(parent, std::move(name), bounds, index) {
+TreeView::TreeView(Parent parent, const char* name, Bounds bounds, int index) : Control(parent, name, bounds, index) {
     setTabStop(true);
 }
 

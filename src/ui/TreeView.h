@@ -2,7 +2,6 @@
 // is selected.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -31,12 +30,13 @@ public:
         virtual void applyCurrent() = 0;
         virtual void applyVisibleNode() = 0;
     };
-    TreeView(Parent parent, std::string name, Bounds bounds, int index = -1);
+    TreeView(Parent parent, const char* name, Bounds bounds, int index = -1);
 
     void setImages(ImageList* images);
     ImageList* images() const { return images_; }
 
-    // Nodes are numbered from 1 in the order added; a parent is added before its children. Branches are open.
+    // Nodes are numbered from 1 in the order added; a parent is added before its children. Branches are open until the
+    // user closes them.
     int count() const { return static_cast<int>(nodes_.size()); }
     const TreeNode& node(int number) const { return nodes_.at(static_cast<std::size_t>(number - 1)); }
     int add(TreeNode node);
@@ -58,7 +58,7 @@ public:
     void click(int number);
     void activate();
     // Raised with the option's number after the option has been marked; also when it was marked already.
-    std::function<void(int)> onOptionClick;
+    Handler<void(int)> onOptionClick;
 
 protected:
     std::unique_ptr<ui::Peer> makePeer(PeerFactory& factory) override;

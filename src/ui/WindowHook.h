@@ -2,8 +2,9 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
+
+#include "ui/Handler.h"
 
 namespace ui {
 
@@ -18,6 +19,6 @@ inline constexpr unsigned WmNotify = 78;   // WM_NOTIFY
 inline constexpr int LvnBeginDrag = -109;  // LVN_BEGINDRAG
 
 // Returns the answer to a message, or nothing to pass the message on.
-using WindowHook = std::function<std::optional<std::intptr_t>(const WindowMessage&)>;
+using WindowHook = Handler<std::optional<std::intptr_t>(const WindowMessage&)>;
 
 }  // namespace ui

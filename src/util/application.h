@@ -2,4 +2,4 @@
 #pragma once
 
 inline constexpr const char* AppTitle = "Tavimor";
-inline constexpr const char* AppVersion = "5.0.32";
+extern const char* const AppVersion;  // as the build says

@@ -1,5 +1,7 @@
 #include "util/basSystem.h"
 
+#include "util/characters.h"
+
 namespace basSystem {
 
 std::string GetWinDir(platform::Platform& platform) {
@@ -38,11 +40,11 @@ platform::Result MakeFolder(platform::Platform& platform, const std::string& pat
 }
 
 std::string QualifyPath(const std::string& path) {
-    return path.empty() || path.ends_with('\\') ? path : path + "\\";
+    return path.empty() || util::endsWithBackslash(path) ? path : path + "\\";
 }
 
 std::string UnQualifyPath(const std::string& path) {
-    if (!path.ends_with('\\') || path.ends_with(":\\")) return path;
+    if (!util::endsWithBackslash(path) || path.ends_with(":\\")) return path;
     return path.substr(0, path.size() - 1);
 }
 

@@ -1,36 +1,62 @@
 #include "util/characters.h"
 
-#include <algorithm>
-
 namespace util {
 
 namespace {
 
-char lowerLetter(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
+bool isLead[256], anyLead = false;
 
-char upperLetter(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+// Changes the letters from `first` on, of which there are 26, by `difference`.
+std::string changed(std::string_view text, char first, int difference) {
+    std::string result(text);
+    for (std::size_t at = 0; at < result.size(); at = afterCharacter(result, at))
+        if (static_cast<unsigned char>(result[at] - first) < 26)
+            result[at] = static_cast<char>(result[at] + difference);
+    return result;
 }
 
 }  // namespace
 
+void readLeadBytes(platform::System& system) {
+    anyLead = false;
+    for (int byte = 0; byte < 256; ++byte)
+        anyLead |= isLead[byte] = system.IsDBCSLeadByte(static_cast<std::uint8_t>(byte));
+}
+
+std::size_t afterCharacter(std::string_view text, std::size_t at) {
+    return at + (isLead[static_cast<unsigned char>(text[at])] && at + 1 < text.size() ? 2 : 1);
+}
+
+std::size_t find(std::string_view text, std::string_view what, std::size_t from) {
+    // The library searches many bytes at a time, and rarely finds a second byte.
+    for (auto found = text.find(what, from); found != text.npos; found = text.find(what, from)) {
+        while (anyLead && from < found) from = afterCharacter(text, from);
+        if (!anyLead || from == found) return found;
+    }
+    return text.npos;
+}
+
+std::size_t findLast(std::string_view text, std::string_view which) {
+    std::size_t last = text.npos;
+    for (std::size_t at = 0; at < text.size(); at = afterCharacter(text, at))
+        if (which.find(text[at]) != which.npos) last = at;
+    return last;
+}
+
+bool endsWithBackslash(std::string_view text) {
+    return text.ends_with('\\') && findLast(text, "\\") == text.size() - 1;
+}
+
 std::string lower(std::string_view text) {
-    std::string result(text);
-    std::transform(result.begin(), result.end(), result.begin(), lowerLetter);
-    return result;
+    return changed(text, 'A', 'a' - 'A');
 }
 
 std::string upper(std::string_view text) {
-    std::string result(text);
-    std::transform(result.begin(), result.end(), result.begin(), upperLetter);
-    return result;
+    return changed(text, 'a', 'A' - 'a');
 }
 
 bool equalFolded(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return lowerLetter(x) == lowerLetter(y); });
+    return a.size() == b.size() && lower(a) == lower(b);
 }
 
 std::string_view trimmed(std::string_view text) {

@@ -1,9 +1,10 @@
 #include "util/clsFileInfo.h"
 
 #include "util/basSystem.h"
+#include "util/characters.h"
 
 clsFileInfo::clsFileInfo(platform::Platform& platform, std::string path) : platform_(platform), path_(std::move(path)) {
-    const auto separator = path_.find_last_of("\\/:");
+    const auto separator = util::findLast(path_, "\\/:");
     name_ = separator == std::string::npos ? 0 : separator + 1;
     const auto point = path_.rfind('.');
     point_ = point == std::string::npos || point < name_ ? path_.size() : point;

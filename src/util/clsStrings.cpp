@@ -1,6 +1,7 @@
 #include "util/clsStrings.h"
 
 #include "util/Error.h"
+#include "util/characters.h"
 #include "util/procedure.h"
 
 namespace {
@@ -27,16 +28,19 @@ std::int32_t clsStrings::Initialise(const std::string& text, const std::string& 
 
 // Nearly every text has no quotes and one delimiter, for which the library searches many bytes at a time.
 void clsStrings::SplitPlain(const std::string& delimiters) {
-    const auto next = [&](std::size_t from) {
-        return delimiters.size() == 1 ? text_.find(delimiters[0], from) : text_.find_first_of(delimiters, from);
-    };
-    for (auto at = next(0); at != std::string::npos; at = next(at + 1))
-        boundaries_.push_back(static_cast<std::int32_t>(at + 1));
+    if (delimiters.size() == 1) {
+        for (auto at = util::find(text_, delimiters); at != std::string::npos;
+             at = util::find(text_, delimiters, at + 1))
+            boundaries_.push_back(static_cast<std::int32_t>(at + 1));
+        return;
+    }
+    for (std::size_t at = 0; at < text_.size(); at = util::afterCharacter(text_, at))
+        if (delimiters.find(text_[at]) != std::string::npos) boundaries_.push_back(static_cast<std::int32_t>(at + 1));
 }
 
 void clsStrings::SplitQuoted(const std::string& delimiters) {
     State state = State::Start;
-    for (std::size_t i = 0; i < text_.size(); ++i) {
+    for (std::size_t i = 0; i < text_.size(); i = util::afterCharacter(text_, i)) {
         const char c = text_[i];
         if (state != State::Quoted && delimiters.find(c) != std::string::npos) {
             boundaries_.push_back(static_cast<std::int32_t>(i + 1));
@@ -67,7 +71,7 @@ std::string clsStrings::Replace(const std::string& text, const std::string& find
         if (find.empty()) return text;
         std::string result;
         std::size_t rest = 0;
-        for (auto at = text.find(find); at != std::string::npos; at = text.find(find, rest)) {
+        for (auto at = util::find(text, find); at != std::string::npos; at = util::find(text, find, rest)) {
             result.append(text, rest, at - rest).append(replaceWith);
             rest = at + find.size();
         }

@@ -21,7 +21,10 @@ public:
     void applyListIndex() override { apply(CB_SETCURSEL, static_cast<WPARAM>(control_.listIndex())); }
 
     void command(int code) override {
-        if (code == CBN_SELCHANGE) control_.choose(static_cast<int>(SendMessageA(window(), CB_GETCURSEL, 0, 0)));
+        if (code != CBN_SELCHANGE && code != CBN_CLOSEUP) return;
+        const int index = static_cast<int>(SendMessageA(window(), CB_GETCURSEL, 0, 0));
+        // A list that is closed by Esc takes its selection back, and says only that it closes.
+        if (code == CBN_SELCHANGE || index != control_.listIndex()) control_.choose(index);
     }
 
 private:

@@ -17,13 +17,6 @@ public:
     void command(int code) override {
         if (code == BN_CLICKED) control_.click();
     }
-
-private:
-    // Enter presses the button with the focus, however the focus came there.
-    std::optional<LRESULT> message(UINT message, WPARAM, LPARAM) override {
-        if (message != WM_GETDLGCODE || GetFocus() != window()) return std::nullopt;
-        return DLGC_BUTTON | DLGC_DEFPUSHBUTTON;
-    }
 };
 
 }  // namespace

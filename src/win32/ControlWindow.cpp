@@ -16,16 +16,13 @@ ControlWindow::ControlWindow(ui::Control& control, const Class& native, const st
     // Created visible and with its final bounds: moving and showing it later would take as long as creating it.
     const RECT b = ControlWindow::bounds();
     window_ = CreateWindowExA(native.extended, native.name, text.c_str(), style, b.left, b.top, b.right - b.left,
-                              b.bottom - b.top, form_.window(), reinterpret_cast<HMENU>(form_.addControl(*this)),
+                              b.bottom - b.top, form_.window(), reinterpret_cast<HMENU>(form_.newIdentifier()),
                               GetModuleHandleA(nullptr), nullptr);
-    if (!window_) {
-        form_.removeControl(*this);
-        throwLastError();
-    }
+    if (!window_) throwLastError();
+    form_.addControl(*this);
     SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     nativeProcedure_ = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ControlWindow::procedure)));
-    if (auto* outer = container()) outer->childAdded();
     SendMessageA(window_, WM_SETFONT, reinterpret_cast<WPARAM>(screen().font()), FALSE);
 }
 
@@ -37,14 +34,6 @@ ControlWindow::~ControlWindow() {
 
 ControlWindow* ControlWindow::of(const ui::Control& control) {
     return dynamic_cast<ControlWindow*>(control.peerAs<ui::Peer>());
-}
-
-ControlWindow* ControlWindow::container() const {
-    return control_.container() ? of(*control_.container()) : nullptr;
-}
-
-void ControlWindow::childAdded() {
-    if (auto* outer = container()) outer->childAdded();
 }
 
 LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
@@ -59,8 +48,13 @@ LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM w, L
     std::optional<LRESULT> answer;
     if (!shielded([&] { answer = self.message(message, w, l); })) return 0;
     if (answer) return *answer;
+    if (message == WM_CONTEXTMENU) self.form_.inMenu(window);  // text boxes have one of their own
     const LRESULT result = self.native(message, w, l);
-    if (message == WM_SETFOCUS && self.reporting()) shielded([&] { self.control_.gotFocus(); });
+    if (message == WM_CONTEXTMENU) self.form_.inMenu(nullptr);
+    if (message == WM_SETFOCUS) {
+        self.form_.markDefaultButton();
+        if (self.reporting()) shielded([&] { self.control_.gotFocus(); });
+    }
     return result;
 }
 
@@ -80,15 +74,16 @@ RECT ControlWindow::bounds() const {
     return screen().pixels(control_.absoluteBounds());
 }
 
-void ControlWindow::updateBounds() {
+bool ControlWindow::updateBounds() {
     const Applying applying(*this);
     const RECT b = bounds();
     RECT now = {};
     GetWindowRect(window_, &now);
     MapWindowPoints(nullptr, form_.window(), reinterpret_cast<POINT*>(&now), 2);
-    if (EqualRect(&now, &b)) return;
+    if (EqualRect(&now, &b)) return false;
     SetWindowPos(window_, nullptr, b.left, b.top, b.right - b.left, b.bottom - b.top, SWP_NOZORDER | SWP_NOACTIVATE);
     rethrowParked();
+    return true;
 }
 
 void ControlWindow::updateShowing() {

@@ -26,7 +26,7 @@ public:
     ControlWindow& operator=(const ControlWindow&) = delete;
     virtual ~ControlWindow();
 
-    // The window of a control; null when it is windowless or its form has no window yet.
+    // The window of a control; null when it is a picture or its form has no window yet.
     static ControlWindow* of(const ui::Control& control);
 
     HWND window() const { return window_; }
@@ -41,7 +41,7 @@ public:
     bool reporting() const { return applying_ == 0 && form_.live(); }
 
     // Bring the window up to date with the control's state.
-    void updateBounds();
+    bool updateBounds();  // tells whether that moved it or changed its size
     void updateShowing();
     void updateEnabled();
     void updateFocus();
@@ -77,13 +77,9 @@ protected:
     virtual void paintingResumed() {}
 
     virtual RECT bounds() const;  // in pixels on the form
-    // A control has been made inside this one. Their native windows are siblings nevertheless, so the container's has
-    // to be below those of the controls in it.
-    virtual void childAdded();
 
 private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l);
-    ControlWindow* container() const;
     void passFocusOn();
     bool framed() const;
 

@@ -43,8 +43,8 @@ BOOL CALLBACK endUnlessForm(HWND window, LPARAM peers) {
     return TRUE;
 }
 
-// A message box or file dialog runs a loop of the system's, which knows nothing of what a handler throws meanwhile: it
-// would go on until the user closes the dialog.
+// A message box or file dialog runs a loop of the system's, which knows nothing of what a handler throws meanwhile, nor
+// of the last form's end: it would go on until the user closes the dialog.
 void endSystemDialogs(const std::vector<FormPeer*>& forms) {
     EnumThreadWindows(GetCurrentThreadId(), endUnlessForm, reinterpret_cast<LPARAM>(&forms));
 }
@@ -94,7 +94,9 @@ private:
     std::vector<HWND> disabled_;
 };
 
-Desktop::Desktop() : screen_(std::make_unique<Screen>()), factory_(*screen_, peers_) {
+Desktop::Desktop() : Desktop(Screen().pixelsPerInch()) {}
+
+Desktop::Desktop(int pixelsPerInch) : screen_(std::make_unique<Screen>(pixelsPerInch)), factory_(*screen_, peers_) {
     registerControls();
 }
 
@@ -138,6 +140,7 @@ void Desktop::runModal(ui::Form& form, ui::Form* owner) {
 
 void Desktop::closed(ui::Form& form) {
     form.setShown(false);
+    if (!anyOpen()) endSystemDialogs(peers_);
 }
 
 void Desktop::run() {
@@ -198,9 +201,13 @@ ui::Answer Desktop::messageBox(const std::string& text, const std::string& title
     return static_cast<ui::Answer>(answer);
 }
 
+void Desktop::beep() {
+    MessageBeep(MB_ICONEXCLAMATION);
+}
+
 std::optional<std::string> Desktop::openFile(const ui::OpenFileRequest& request) {
     const HWND before = GetActiveWindow();
-    const auto path = win32::openFile(request, activeWindow());
+    auto path = win32::openFile(request, activeWindow());
     activate(before);
     return path;
 }
@@ -209,6 +216,12 @@ std::optional<std::string> Desktop::openFile(const ui::OpenFileRequest& request)
 
 int Desktop::pixelsPerInch() const {
     return screen_->pixelsPerInch();
+}
+
+ui::Size Desktop::workArea() {
+    RECT work = {};
+    SystemParametersInfoA(SPI_GETWORKAREA, 0, &work, 0);
+    return {screen_->twips(work.right - work.left), screen_->twips(work.bottom - work.top)};
 }
 
 ui::FrameSize Desktop::frameSize(ui::Form::Kind kind, bool menu) {

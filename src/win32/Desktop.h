@@ -19,11 +19,13 @@ class Screen;
 class Desktop : public ui::Desktop {
 public:
     Desktop();
+    explicit Desktop(int pixelsPerInch);
     ~Desktop() override;
 
     ui::Answer messageBox(const std::string& text, const std::string& title, ui::MessageStyle style) override;
     std::optional<std::string> openFile(const ui::OpenFileRequest& request) override;
 
+    void beep() override;
     void open(ui::Form& form) override;
     void runModal(ui::Form& form, ui::Form* owner) override;
     void closed(ui::Form& form) override;
@@ -32,6 +34,7 @@ public:
     void doEvents() override;
 
     int pixelsPerInch() const override;
+    ui::Size workArea() override;
     ui::FrameSize frameSize(ui::Form::Kind kind, bool menu) override;
     ui::Size textSize(const std::string& text, ui::Twips wrap, bool bold) override;
 

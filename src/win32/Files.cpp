@@ -43,7 +43,13 @@ Result write(const File& file, std::string_view bytes, std::uint32_t& written) {
 }
 
 FoundFile portable(const WIN32_FIND_DATAA& data) {
-    return {data.cFileName, data.dwFileAttributes};
+    FILETIME local = {};
+    SYSTEMTIME time = {};
+    FileTimeToLocalFileTime(&data.ftLastWriteTime, &local);
+    FileTimeToSystemTime(&local, &time);
+    return {data.cFileName,
+            data.dwFileAttributes,
+            {time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond}};
 }
 
 }  // namespace
@@ -52,19 +58,23 @@ Files::~Files() {
     for (const auto& [search, handle] : searches_) FindClose(handle);
 }
 
+Files::Searches::iterator Files::find(Search search) {
+    return std::find_if(searches_.begin(), searches_.end(), [&](const auto& open) { return open.first == search; });
+}
+
 Result Files::findFirst(const std::string& pattern, Search& search, FoundFile& found) {
     search = 0;
     WIN32_FIND_DATAA data;
     const HANDLE handle = FindFirstFileA(pattern.c_str(), &data);
     if (handle == INVALID_HANDLE_VALUE) return failed();
     found = portable(data);
-    searches_[++next_] = handle;
+    searches_.emplace_back(++next_, handle);
     search = next_;
     return Success;
 }
 
 Result Files::findNext(Search search, FoundFile& found) {
-    const auto open = searches_.find(search);
+    const auto open = find(search);
     if (open == searches_.end()) return InvalidHandle;
     WIN32_FIND_DATAA data;
     if (!FindNextFileA(open->second, &data)) {
@@ -76,7 +86,7 @@ Result Files::findNext(Search search, FoundFile& found) {
 }
 
 void Files::findClose(Search search) {
-    const auto open = searches_.find(search);
+    const auto open = find(search);
     if (open == searches_.end()) return;
     FindClose(open->second);
     searches_.erase(open);

@@ -2,7 +2,8 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
+#include <utility>
+#include <vector>
 
 #include "platform/Files.h"
 
@@ -28,7 +29,10 @@ public:
     Result createFolder(const std::string& path) override;
 
 private:
-    std::map<Search, void*> searches_;  // the system's handles have 64 bits
+    using Searches = std::vector<std::pair<Search, void*>>;
+    Searches::iterator find(Search search);
+
+    Searches searches_;  // the system's handles have 64 bits
     Search next_ = 0;
 };
 

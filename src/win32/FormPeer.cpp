@@ -2,28 +2,27 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <utility>
 
 #include "ui/CommandButton.h"
 #include "ui/Desktop.h"
+#include "ui/copiedText.h"
 #include "win32/Callbacks.h"
 #include "win32/ControlWindow.h"
+#include "win32/ImagePeer.h"
 #include "win32/MenuPeer.h"
 #include "win32/PeerFactory.h"
 #include "win32/SystemError.h"
 #include "win32/TimerPeer.h"
-#include "win32/Windowless.h"
 
 namespace win32 {
 
 namespace {
 
-// Well above the dialog manager's own identifiers IDOK and IDCANCEL, 1 and 2.
-constexpr std::uintptr_t FirstControl = 100;
-
-// A dialog template without controls, text or font.
+// A dialog template without controls, text or font. The system wants it to stand at a multiple of 4.
 struct EmptyDialog {
-    DLGTEMPLATE head = {};
+    alignas(4) DLGTEMPLATE head = {};
     WORD menu = 0, windowClass = 0, title = 0;
 };
 
@@ -32,6 +31,23 @@ constexpr UINT ToolInfoSize = offsetof(TOOLINFOA, lpszText) + sizeof(TOOLINFOA::
 
 FormPeer* peerOf(HWND window) {
     return reinterpret_cast<FormPeer*>(GetWindowLongPtrA(window, DWLP_USER));
+}
+
+// Ctrl+C, where the control has no text of its own to copy.
+bool asksForCopy(const MSG& message) {
+    return message.message == WM_KEYDOWN && message.wParam == 'C' && GetKeyState(VK_CONTROL) < 0 &&
+           !(SendMessageA(message.hwnd, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL);
+}
+
+void copy(HWND window, const std::string& text) {
+    if (text.empty() || !OpenClipboard(window)) return;
+    EmptyClipboard();
+    if (const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE | GMEM_DDESHARE, text.size() + 1)) {
+        std::memcpy(GlobalLock(memory), text.c_str(), text.size() + 1);
+        GlobalUnlock(memory);
+        if (!SetClipboardData(CF_TEXT, memory)) GlobalFree(memory);
+    }
+    CloseClipboard();
 }
 
 }  // namespace
@@ -60,13 +76,15 @@ FormPeer::~FormPeer() {
 }
 
 void FormPeer::setIcons() {
-    const auto load = [](int width, int height) {
-        return reinterpret_cast<LPARAM>(
-            LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1), IMAGE_ICON, width, height, LR_SHARED));
+    // Not LR_SHARED, which gives the size that was loaded first, whatever is asked for.
+    const auto set = [&](Icon& icon, WPARAM which, int width, int height) {
+        icon = Icon(static_cast<HICON>(LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1), IMAGE_ICON,
+                                                  GetSystemMetrics(width), GetSystemMetrics(height), 0)));
+        SendMessageA(window_, WM_SETICON, which, reinterpret_cast<LPARAM>(icon.get()));
     };
     // The small one first: a window that has only a large one gets a small one made from it, for nothing.
-    SendMessageA(window_, WM_SETICON, ICON_SMALL, load(GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON)));
-    SendMessageA(window_, WM_SETICON, ICON_BIG, load(GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON)));
+    set(smallIcon_, ICON_SMALL, SM_CXSMICON, SM_CYSMICON);
+    set(largeIcon_, ICON_BIG, SM_CXICON, SM_CYICON);
 }
 
 // State -----------------------------------------------------------------------------------------------------------
@@ -77,11 +95,20 @@ void FormPeer::applyCaption() {
 
 void FormPeer::applySize() {
     const bool wasLive = std::exchange(live_, false);
-    if (IsZoomed(window_)) ShowWindow(window_, SW_SHOWNORMAL);
-    const SIZE client = {screen_.pixels(form_.client().width), screen_.pixels(form_.client().height)};
+    SIZE client = {screen_.pixels(form_.client().width), screen_.pixels(form_.client().height)};
+    const bool zoomed = IsZoomed(window_);
+    if (zoomed) {
+        // The width is the whole screen's: the form hears of the one it had before.
+        ShowWindow(window_, SW_SHOWNORMAL);
+        RECT restored = {};
+        GetClientRect(window_, &restored);
+        client.cx = restored.right;
+    }
     const SIZE size = windowAround(client, form_.kind(), !form_.menu().empty());
     SetWindowPos(window_, nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     live_ = wasLive;
+    if (zoomed) resized(client);
+    placed();
     rethrowParked();
 }
 
@@ -113,13 +140,36 @@ void FormPeer::applyDefaultButton() {
     if (!button) return;
     if (const auto* control = ControlWindow::of(*button))
         SendMessageA(window_, DM_SETDEFID, static_cast<WPARAM>(GetDlgCtrlID(control->window())), 0);
+    markDefaultButton();
+}
+
+// The dialog manager does this for Tab and access keys alone, and not for the mouse or the program.
+void FormPeer::markDefaultButton() {
+    const auto is = [](HWND window, UINT kind) { return (SendMessageA(window, WM_GETDLGCODE, 0, 0) & kind) != 0; };
+    HWND marked = GetFocus();
+    if (!find(marked) || !is(marked, DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) {
+        const auto* control = form_.defaultButton() ? ControlWindow::of(*form_.defaultButton()) : nullptr;
+        marked = control ? control->window() : nullptr;
+    }
+    for (const ControlWindow* control : controls_) {
+        const HWND window = control->window();
+        if (is(window, window == marked ? DLGC_UNDEFPUSHBUTTON : DLGC_DEFPUSHBUTTON))
+            SendMessageA(window, BM_SETSTYLE, window == marked ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
+    }
 }
 
 void FormPeer::applyLines() {
-    InvalidateRect(window_, nullptr, TRUE);
+    for (const ui::Line& line : form_.lines()) redraw(placeOf(line));
+}
+
+// An open menu has a message loop of the system's, which would go on for a window that is no longer there.
+bool FormPeer::endMenu() {
+    if (menuOf_) SendMessageA(menuOf_, WM_CANCELMODE, 0, 0);
+    return menuOf_ != nullptr;
 }
 
 void FormPeer::applyUnloaded() {
+    endMenu();
     live_ = false;
     unloaded_ = true;
     if (whenUnloaded_) std::exchange(whenUnloaded_, nullptr)();
@@ -128,10 +178,17 @@ void FormPeer::applyUnloaded() {
 
 void FormPeer::show() {
     unloaded_ = false;
-    if (!IsWindowVisible(window_)) centre(window_, owner_);
+    if (const ui::Bounds& place = form_.place(); place.width && !IsWindowVisible(window_)) {
+        SetWindowPos(window_, nullptr, screen_.pixels(place.left), screen_.pixels(place.top), 0, 0,
+                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        keepOnScreen(window_);
+    } else if (!IsWindowVisible(window_)) {
+        centre(window_, owner_);
+    }
     for (ControlWindow* control : controls_) control->resumePainting();
     live_ = true;
     ShowWindow(window_, SW_SHOW);
+    placed();
     UpdateWindow(window_);
     rethrowParked();
 }
@@ -141,12 +198,17 @@ bool FormPeer::dialogMessage(MSG& message) {
     // Relayed here instead of letting the tool tip subclass the controls: old versions restore the wrong procedures.
     if (toolTips_ && message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST)
         SendMessageA(toolTips_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message));
+    if (asksForCopy(message)) copy(window_, ui::copiedText(form_));
+    if (message.message == WM_KEYDOWN && live_ && key(message.wParam)) return true;
     return IsDialogMessageA(window_, &message) != FALSE;
 }
 
-std::uintptr_t FormPeer::addControl(ControlWindow& control) {
-    controls_.push_back(&control);
-    return FirstControl + controls_.size();
+bool FormPeer::key(WPARAM key) {
+    const bool control = GetKeyState(VK_CONTROL) < 0, shift = GetKeyState(VK_SHIFT) < 0;
+    if (key == VK_F5 && !control) return form_.pressKey(ui::FormKey::Refresh);
+    if (!control || (key != VK_TAB && key != VK_NEXT && key != VK_PRIOR)) return false;
+    return form_.pressKey(key == VK_PRIOR || (key == VK_TAB && shift) ? ui::FormKey::PreviousPage
+                                                                      : ui::FormKey::NextPage);
 }
 
 void FormPeer::removeControl(ControlWindow& control) {
@@ -211,12 +273,23 @@ bool FormPeer::handle(UINT message, WPARAM w, LPARAM l) {
         case WM_TIMER:
             return live_ && TimerPeer::tick(form_, w);
         case WM_CLOSE:
-            if (live_) form_.closeBox();
+            if (endMenu()) {
+                PostMessageA(window_, WM_CLOSE, 0, 0);
+            } else if (live_ && (form_.kind() == ui::Form::Kind::Main || IsWindowEnabled(window_))) {
+                form_.closeBox();
+            }
             return true;
+        case WM_ENTERMENULOOP:
+        case WM_EXITMENULOOP:
+            inMenu(message == WM_ENTERMENULOOP ? window_ : nullptr);
+            return false;
         case WM_QUERYENDSESSION:
             return form_.desktop().busy() && answer(FALSE);
         case WM_SIZE:
+            placed();
             return w != SIZE_MINIMIZED && resized({LOWORD(l), HIWORD(l)});
+        case WM_MOVE:
+            return placed();
         case WM_GETMINMAXINFO:
             return limitSize(*reinterpret_cast<MINMAXINFO*>(l));
         case WM_ACTIVATE:
@@ -225,6 +298,17 @@ bool FormPeer::handle(UINT message, WPARAM w, LPARAM l) {
             return focusActiveControl();
         case WM_SETCURSOR:
             return showPointer();
+        // The system tells it to the windows of the desktop alone.
+        case WM_SYSCOLORCHANGE:
+            for (const ControlWindow* control : controls_) SendMessageA(control->window(), message, w, l);
+            return false;
+        // On a screen of 256 colours each picture sets its own when it is painted.
+        case WM_PALETTECHANGED:
+            if (reinterpret_cast<HWND>(w) == window_ || IsChild(window_, reinterpret_cast<HWND>(w))) return true;
+            [[fallthrough]];
+        case WM_QUERYNEWPALETTE:
+            RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+            return true;
         case WM_PAINT:
             return paint();
         // Newer versions of the system's controls ask for their background.
@@ -269,9 +353,21 @@ bool FormPeer::resized(SIZE client) {
 
 bool FormPeer::limitSize(MINMAXINFO& limits) const {
     if (form_.kind() != ui::Form::Kind::Main) return false;
-    const SIZE client = {screen_.pixels(form_.designedWidth()), 0};
-    limits.ptMinTrackSize.x = windowAround(client, form_.kind(), !form_.menu().empty()).cx;
+    const ui::Size least = form_.smallest();
+    const SIZE size =
+        windowAround({screen_.pixels(least.width), screen_.pixels(least.height)}, form_.kind(), !form_.menu().empty());
+    limits.ptMinTrackSize = {size.cx, size.cy};
     return true;
+}
+
+bool FormPeer::placed() {
+    if (!live_ || IsIconic(window_)) return false;
+    RECT at = {};
+    GetWindowRect(window_, &at);
+    form_.userPlaced({screen_.twips(at.left), screen_.twips(at.top), screen_.twips(at.right - at.left),
+                      screen_.twips(at.bottom - at.top)},
+                     IsZoomed(window_) != FALSE);
+    return false;
 }
 
 bool FormPeer::showPointer() {
@@ -292,9 +388,7 @@ bool FormPeer::focusActiveControl() {
     return true;
 }
 
-void FormPeer::redraw(const ui::Bounds& bounds) {
-    if (!IsWindowVisible(window_)) return;  // it will be painted as a whole
-    const RECT area = screen_.pixels(bounds);
+void FormPeer::redraw(const RECT& area) {
     InvalidateRect(window_, &area, TRUE);
 }
 
@@ -305,18 +399,22 @@ bool FormPeer::paint() {
     return true;
 }
 
+// As thick as one pixel at 96 DPI.
+RECT FormPeer::placeOf(const ui::Line& line) const {
+    const int thickness = std::max(1, screen_.scaled(1));
+    const int left = screen_.pixels(std::min(line.left, line.right)), top = screen_.pixels(line.top);
+    return {left, top, std::max(left + thickness, screen_.pixels(std::max(line.left, line.right))),
+            std::max(top + thickness, screen_.pixels(line.bottom))};
+}
+
 void FormPeer::draw(HDC context) const {
     for (const ui::Line& line : form_.lines()) {
-        // As thick as one pixel at 96 DPI.
-        const int thickness = std::max(1, screen_.scaled(1));
-        const int left = screen_.pixels(std::min(line.left, line.right)), top = screen_.pixels(line.top);
-        const RECT bar = {left, top, std::max(left + thickness, screen_.pixels(std::max(line.left, line.right))),
-                          std::max(top + thickness, screen_.pixels(line.bottom))};
+        const RECT bar = placeOf(line);
         FillRect(context, &bar,
                  GetSysColorBrush(line.colour == ui::SystemColour::Shadow3D ? COLOR_3DSHADOW : COLOR_3DHIGHLIGHT));
     }
     for (const ui::Component* component : form_.components())
-        if (auto* windowless = dynamic_cast<Windowless*>(component->peerAs<ui::Peer>())) windowless->draw(context);
+        if (auto* image = dynamic_cast<ImagePeer*>(component->peerAs<ui::Peer>())) image->draw(context);
 }
 
 std::unique_ptr<ui::Peer> PeerFactory::make(ui::Form& form, const ui::Form* owner) {

@@ -1,10 +1,9 @@
 // The native window of a form.
 //
-// A window of the system's dialog class: Tab, access keys, Enter and Esc are the dialog manager's. Drawn on it are the
-// form's lines and its windowless controls.
+// A window of the system's dialog class: Tab, access keys, Enter and Esc are the dialog manager's. The form
+// draws its lines and pictures; every other control is a window, which the form never paints over.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -39,8 +38,8 @@ public:
     HWND window() const { return window_; }
     const Screen& screen() const { return screen_; }
 
-    // Has an area of the window painted again, if the window is visible.
-    void redraw(const ui::Bounds& bounds);
+    // Has an area of the form's own drawing painted again, in pixels.
+    void redraw(const RECT& area);
     // Shows the window, in the middle of its owner or the screen.
     void show();
     // From showing to unloading: only then does the form hear what happens to its windows.
@@ -49,17 +48,23 @@ public:
     bool unloaded() const { return unloaded_; }
 
     // What else happens when the form is unloaded, before its window is hidden.
-    void whenUnloaded(std::function<void()> action) { whenUnloaded_ = std::move(action); }
+    void whenUnloaded(ui::Event action) { whenUnloaded_ = action; }
     // The number of modal loops that were running when the form was shown, its own counted.
     int modalLoops = 0;
 
     // Offers a message to the form; tells whether it was for the form or one of its controls, and has been handled.
     bool dialogMessage(MSG& message);
 
-    // For the windows of the form's controls. Gives the control's identifier.
-    std::uintptr_t addControl(ControlWindow& control);
+    // A number that no other control or timer of this form has had.
+    std::uintptr_t newIdentifier() { return ++lastIdentifier_; }
+    // For the windows of the form's controls.
+    void addControl(ControlWindow& control) { controls_.push_back(&control); }
     void removeControl(ControlWindow& control);
+    // The button that Enter presses has the thick border: the one with the focus, or else the form's default button.
+    void markDefaultButton();
     void setToolTip(HWND control, const std::string& text);
+    // Which window has a menu open, the form's or that of a control; null for none.
+    void inMenu(HWND window) { menuOf_ = window; }
 
 private:
     static INT_PTR CALLBACK dialogProcedure(HWND window, UINT message, WPARAM w, LPARAM l);
@@ -70,9 +75,13 @@ private:
     bool notify(const NMHDR& header);
     bool resized(SIZE client);
     bool limitSize(MINMAXINFO& limits) const;
+    bool endMenu();  // whether there was one
+    bool placed();
+    bool key(WPARAM key);
     bool showPointer();
     bool paint();
     void draw(HDC context) const;
+    RECT placeOf(const ui::Line& line) const;
     bool focusActiveControl();
     ControlWindow* find(HWND window) const;
     void setIcons();
@@ -81,11 +90,16 @@ private:
     const Screen& screen_;
     HWND owner_;
     std::vector<FormPeer*>& all_;
-    std::function<void()> whenUnloaded_;
+    ui::Event whenUnloaded_;
     HWND window_ = nullptr;
     HWND toolTips_ = nullptr;
+    HWND menuOf_ = nullptr;
     WNDPROC hookedProcedure_ = nullptr;  // what the hook passes messages on to; null while there is no hook
     std::vector<ControlWindow*> controls_;
+    // Counted from well above the dialog manager's own identifiers IDOK and IDCANCEL, 1 and 2: Windows 95 keeps 16 bits
+    // of a timer's.
+    std::uintptr_t lastIdentifier_ = 100;
+    Icon smallIcon_, largeIcon_;
     bool live_ = false;
     bool unloaded_ = false;
 };

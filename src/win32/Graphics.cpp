@@ -30,6 +30,20 @@ struct Canvas {
     MemoryContext context;
 };
 
+// The colours of a bitmap's table, for a screen of 256 colours, which would show the nearest of its own twenty; else
+// none.
+Palette makePalette(HDC context, platform::ByteSpan bitmap, const platform::ImageLayout& layout) {
+    if (layout.bits > 8 || !(GetDeviceCaps(context, RASTERCAPS) & RC_PALETTE)) return Palette();
+    const auto& header = *reinterpret_cast<const BITMAPINFOHEADER*>(bitmap.data());
+    struct {
+        WORD version = 0x300, count = 0;
+        PALETTEENTRY entries[256] = {};
+    } colours;
+    for (std::size_t at = header.biSize; at + 4 <= layout.pixels && colours.count < 256; at += 4)
+        colours.entries[colours.count++] = {bitmap[at + 2], bitmap[at + 1], bitmap[at], 0};
+    return Palette(CreatePalette(reinterpret_cast<const LOGPALETTE*>(&colours)));
+}
+
 // The mask of a whole place in an image list: nothing of it is seen, or all.
 Bitmap makeMask(int size, bool isSeen) {
     const platform::Bytes bits(static_cast<std::size_t>(size) * ((size + 15) / 16 * 2), isSeen ? 0 : 0xFF);
@@ -104,13 +118,17 @@ void drawBitmap(HDC context, const RECT& target, const ui::Picture& picture) {
     const auto image = picture.image();
     const auto layout = picture.kind() == IconKind ? std::nullopt : platform::bitmapLayout(image);
     if (!layout) return;
+    const Palette palette = makePalette(context, image, *layout);
+    const HPALETTE before = palette ? SelectPalette(context, palette.get(), FALSE) : nullptr;
+    if (palette) RealizePalette(context);
     SetStretchBltMode(context, COLORONCOLOR);
     StretchDIBits(context, target.left, target.top, target.right - target.left, target.bottom - target.top, 0, 0,
                   layout->width, layout->height, image.data() + layout->pixels,
                   reinterpret_cast<const BITMAPINFO*>(image.data()), DIB_RGB_COLORS, SRCCOPY);
+    if (before) SelectPalette(context, before, FALSE);
 }
 
-void PictureDrawing::draw(HDC context, const RECT& place, const ui::Picture& picture, const Screen& screen) {
+RECT PictureDrawing::extent(const RECT& place, const ui::Picture& picture, const Screen& screen) {
     constexpr int IconSize = 32;  // pixels at 96 to the inch
     if (of_.identity() != picture.identity()) {
         icon_ = makeIcon(picture, screen.scaled(IconSize));
@@ -120,10 +138,20 @@ void PictureDrawing::draw(HDC context, const RECT& place, const ui::Picture& pic
         const SIZE size = icon_.size;
         const LONG left = place.left + std::max(0L, (place.right - place.left - size.cx) / 2);
         const LONG top = place.top + std::max(0L, (place.bottom - place.top - size.cy) / 2);
-        DrawIconEx(context, left, top, icon_.icon.get(), size.cx, size.cy, 0, nullptr, DI_NORMAL);
-    } else if (const SIZE size = bitmapSize(picture); size.cx) {
-        const RECT area = {place.left, place.top, place.left + screen.scaled(size.cx),
-                           place.top + screen.scaled(size.cy)};
+        return {left, top, left + size.cx, top + size.cy};
+    }
+    const SIZE size = bitmapSize(picture);
+    const LONG height = place.bottom - place.top;
+    const LONG width = size.cy ? MulDiv(size.cx, height, size.cy) : 0;
+    return {place.left, place.top, std::min(place.right, place.left + width), place.top + (width ? height : 0)};
+}
+
+void PictureDrawing::draw(HDC context, const RECT& place, const ui::Picture& picture, const Screen& screen) {
+    const RECT area = extent(place, picture, screen);
+    if (icon_.icon) {
+        DrawIconEx(context, area.left, area.top, icon_.icon.get(), area.right - area.left, area.bottom - area.top, 0,
+                   nullptr, DI_NORMAL);
+    } else {
         drawBitmap(context, area, picture);
     }
 }

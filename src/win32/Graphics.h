@@ -24,11 +24,12 @@ SIZE bitmapSize(const ui::Picture& picture);
 // Stretches a bitmap picture over the rectangle; what is damaged draws nothing.
 void drawBitmap(HDC context, const RECT& target, const ui::Picture& picture);
 
-// Draws a picture at its place: an icon in the middle, a bitmap from the upper left corner on and as
-// large as the screen's resolution makes it.
+// Draws a picture at its place: an icon in the middle, a bitmap as high as the place, from its left edge on.
 class PictureDrawing {
 public:
     void draw(HDC context, const RECT& place, const ui::Picture& picture, const Screen& screen);
+    // Where that is; empty for no picture.
+    RECT extent(const RECT& place, const ui::Picture& picture, const Screen& screen);
 
 private:
     // The icon made last, and its picture: most pictures are drawn many times, and some never.

@@ -13,6 +13,9 @@ inline void destroy(HFONT font) {
 inline void destroy(HBITMAP bitmap) {
     DeleteObject(bitmap);
 }
+inline void destroy(HPALETTE palette) {
+    DeleteObject(palette);
+}
 inline void destroy(HICON icon) {
     DestroyIcon(icon);
 }
@@ -50,6 +53,7 @@ private:
 
 using Font = Owned<HFONT>;
 using Bitmap = Owned<HBITMAP>;
+using Palette = Owned<HPALETTE>;
 using Icon = Owned<HICON>;
 using Images = Owned<HIMAGELIST>;
 using MenuHandle = Owned<HMENU>;

@@ -1,25 +1,30 @@
-#include "ui/Image.h"
+#include "win32/ImagePeer.h"
 
-#include "win32/Graphics.h"
 #include "win32/PeerFactory.h"
-#include "win32/WindowlessPeer.h"
 
 namespace win32 {
 
-namespace {
+void ImagePeer::applyPicture() {
+    form_.redraw(drawn_);
+    drawn_ = {};
+    update();
+}
 
-class ImagePeer : public WindowlessPeer<ui::Image> {
-public:
-    using WindowlessPeer::WindowlessPeer;
-    void applyPicture() override { redraw(); }
+void ImagePeer::update() {
+    RECT now = {};
+    if (image_.showing()) now = image_.sunken() ? place() : drawing_.extent(place(), image_.picture(), form_.screen());
+    if (EqualRect(&now, &drawn_)) return;
+    form_.redraw(drawn_);
+    form_.redraw(now);
+    drawn_ = now;
+}
 
-private:
-    void drawIn(HDC form, RECT area) override { drawing_.draw(form, area, control_.picture(), form_.screen()); }
-
-    PictureDrawing drawing_;
-};
-
-}  // namespace
+void ImagePeer::draw(HDC form) {
+    if (!RectVisible(form, &drawn_)) return;
+    RECT edge = drawn_;
+    if (image_.sunken()) DrawEdge(form, &edge, EDGE_SUNKEN, BF_RECT);
+    drawing_.draw(form, place(), image_.picture(), form_.screen());
+}
 
 std::unique_ptr<ui::Peer> PeerFactory::make(ui::Image& image) {
     return std::make_unique<ImagePeer>(image);

@@ -1,24 +1,26 @@
 #include "ui/Label.h"
 
+#include "win32/CaptionPeer.h"
 #include "win32/PeerFactory.h"
-#include "win32/WindowlessPeer.h"
 
 namespace win32 {
 
 namespace {
 
-class LabelPeer : public WindowlessPeer<ui::Label> {
-public:
-    using WindowlessPeer::WindowlessPeer;
+// Windows 95 and 98 cut a line that is too long without dots.
+DWORD styleOf(const ui::Label& label) {
+    return static_cast<DWORD>(SS_NOPREFIX | (label.oneLine() ? SS_LEFTNOWORDWRAP | SS_ENDELLIPSIS : SS_LEFT));
+}
 
-private:
-    void drawIn(HDC form, RECT area) override {
-        const Selected font(form, form_.screen().font(control_.bold()));
-        SetBkMode(form, TRANSPARENT);
-        SetTextColor(form, GetSysColor(control_.enabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
-        const UINT lines = control_.oneLine() ? DT_SINGLELINE | DT_END_ELLIPSIS : DT_WORDBREAK;
-        DrawTextA(form, control_.caption().c_str(), static_cast<int>(control_.caption().size()), &area,
-                  DT_LEFT | lines | DT_EXPANDTABS | DT_NOPREFIX);
+class LabelPeer : public CaptionPeer<ui::Label> {
+public:
+    explicit LabelPeer(ui::Label& label) : CaptionPeer(label, {"STATIC", styleOf(label)}) {
+        if (label.bold()) SendMessageA(window(), WM_SETFONT, reinterpret_cast<WPARAM>(screen().font(true)), FALSE);
+    }
+
+    // What is not new of a wider label would not be painted again, though its lines break elsewhere.
+    void applyBounds() override {
+        if (updateBounds()) InvalidateRect(window(), nullptr, TRUE);
     }
 };
 

@@ -1,8 +1,11 @@
 #include "ui/ListView.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <string>
 #include <utility>
 
+#include "ui/CommandButton.h"
 #include "win32/ControlPeer.h"
 #include "win32/ImageListPeer.h"
 #include "win32/PeerFactory.h"
@@ -11,12 +14,19 @@ namespace win32 {
 
 namespace {
 
-constexpr int NoImage = -2;               // I_IMAGENONE; older versions find no such picture and draw none
+constexpr int NoImage = -2;  // I_IMAGENONE; older versions find no such picture and draw none
+constexpr std::size_t LongestLabel = 40;
 constexpr UINT LvmSetIconSpacing = 4149;  // LVM_SETICONSPACING
+constexpr UINT LvmSetExtendedStyle = LVM_FIRST + 54;
+constexpr LPARAM LvsExFullRowSelect = 0x20, LvsExInfoTip = 0x400, LvsExLabelTip = 0x4000;
 
 class ListViewPeer : public ControlPeer<ui::ListView> {
 public:
-    explicit ListViewPeer(ui::ListView& list) : ControlPeer(list, {WC_LISTVIEWA, styleOf(list), WS_EX_CLIENTEDGE}) {}
+    explicit ListViewPeer(ui::ListView& list) : ControlPeer(list, {WC_LISTVIEWA, styleOf(list), WS_EX_CLIENTEDGE}) {
+        // Older versions of the control know none of them, or not all.
+        if (list.view() == ui::ListView::View::Report)
+            apply(LvmSetExtendedStyle, 0, LvsExFullRowSelect | LvsExInfoTip | LvsExLabelTip);
+    }
 
     void applyImages() override {
         bind(LVSIL_NORMAL, control_.largeImages());
@@ -27,11 +37,7 @@ public:
         if (control_.view() != ui::ListView::View::Report) return;
         LVCOLUMNA column = {};
         column.mask = LVCF_TEXT | LVCF_WIDTH;
-        // A column as wide as the list would leave no room for its border and scroll bar.
-        RECT inside = {};
-        GetClientRect(window(), &inside);
-        const int room = static_cast<int>(inside.right) - GetSystemMetrics(SM_CXVSCROLL);
-        column.cx = std::min(screen().pixels(control_.columnWidth()), std::max(1, room));
+        column.cx = roomForColumn();
         column.pszText = const_cast<char*>(control_.columnHeading().c_str());
         apply(LVM_DELETECOLUMN);
         apply(LVM_INSERTCOLUMNA, 0, &column);
@@ -43,7 +49,11 @@ public:
         LVITEMA item = {};
         item.mask = LVIF_TEXT | LVIF_IMAGE;
         item.iItem = number - 1;
-        item.pszText = const_cast<char*>(shown.text.c_str());
+        // The label of the item that has the focus is drawn whole: one of 259 characters would be higher than the list,
+        // which scrolls to its end then, past the item.
+        const bool icon = control_.view() == ui::ListView::View::Icon;
+        const std::string text = icon ? shortened(shown.text, LongestLabel) : shown.text;
+        item.pszText = const_cast<char*>(text.c_str());
         item.iImage = shown.image ? shown.image - 1 : NoImage;
         const bool known = number <= SendMessageA(window(), LVM_GETITEMCOUNT, 0, 0);
         apply(known ? LVM_SETITEMA : LVM_INSERTITEMA, 0, &item);
@@ -77,6 +87,13 @@ public:
     }
 
 private:
+    // A column as wide as the list would leave no room for its border, and for its scroll bar while there is one.
+    int roomForColumn() const {
+        RECT inside = {};
+        GetClientRect(window(), &inside);
+        return std::min(screen().pixels(control_.columnWidth()), static_cast<int>(inside.right));
+    }
+
     static DWORD styleOf(const ui::ListView& list) {
         constexpr DWORD common = LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS;
         if (list.view() == ui::ListView::View::Icon) return common | LVS_ICON | LVS_AUTOARRANGE;
@@ -113,10 +130,20 @@ private:
             case WM_LBUTTONDOWN:
                 return press(w, l);
             case WM_LBUTTONDBLCLK:
+                if (control_.onOpen && hit(l) >= 0) return open();
+                [[fallthrough]];
             case WM_RBUTTONDOWN:
                 return hit(l) < 0 ? keepSelection() : std::nullopt;
             case WM_KEYDOWN:
                 return key(w);
+            case WM_CONTEXTMENU:
+                return showCommands(l);
+            case WM_SIZE:
+                // Also when the scroll bar appears, which takes its room from the column.
+                native(message, w, l);
+                if (control_.view() == ui::ListView::View::Report)
+                    apply(LVM_SETCOLUMNWIDTH, 0, MAKELPARAM(roomForColumn(), 0));
+                return 0;
             // The native list would search for an item that begins with this character, and beep.
             case WM_CHAR:
                 return w == ' ' || w == '\r' ? std::optional<LRESULT>(0) : std::nullopt;
@@ -145,12 +172,47 @@ private:
 
     std::optional<LRESULT> key(WPARAM w) {
         if (w != VK_SPACE && w != VK_RETURN) return std::nullopt;
+        if (w == VK_RETURN && control_.onOpen) return open();
         if (reporting()) control_.activate();
         return 0;
     }
 
+    std::optional<LRESULT> open() {
+        if (reporting()) control_.open();
+        return 0;
+    }
+
     bool enterActivates() const {
-        return control_.clicks() == ui::ListView::Clicks::OnActivate && control_.selected() > 0;
+        return (control_.onOpen || control_.clicks() == ui::ListView::Clicks::OnActivate) && control_.selected() > 0;
+    }
+
+    // By keyboard at the selected item; by mouse only on an item, which the press has selected.
+    std::optional<LRESULT> showCommands(LPARAM l) {
+        if (control_.commands().empty()) return std::nullopt;
+        POINT at = {static_cast<short>(LOWORD(l)), static_cast<short>(HIWORD(l))};
+        if (l == -1) {
+            RECT item = {LVIR_ICON, 0, 0, 0};
+            const auto selected = static_cast<WPARAM>(control_.selected() - 1);
+            apply(LVM_ENSUREVISIBLE, selected, LPARAM{FALSE});
+            apply(LVM_GETITEMRECT, selected, &item);
+            at = {(item.left + item.right) / 2, (item.top + item.bottom) / 2};
+        } else {
+            ScreenToClient(window(), &at);
+        }
+        if (!reporting() || control_.selected() == 0 || hit(MAKELPARAM(at.x, at.y)) < 0) return 0;
+        ClientToScreen(window(), &at);
+
+        const MenuHandle menu(CreatePopupMenu());
+        UINT_PTR number = 0;
+        for (const ui::CommandButton* button : control_.commands())
+            AppendMenuA(menu.get(), MF_STRING | (button->enabled() ? MF_ENABLED : MF_GRAYED), ++number,
+                        button->caption().c_str());
+        form().inMenu(window());
+        const int chosen =
+            TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, at.x, at.y, 0, window(), nullptr);
+        form().inMenu(nullptr);
+        if (chosen > 0 && reporting()) control_.commands()[static_cast<std::size_t>(chosen - 1)]->click();
+        return 0;
     }
 
     // The item at a point, from 0; -1 is none.

@@ -7,7 +7,10 @@ namespace win32 {
 
 namespace {
 constexpr UINT FirstCommand = 0x4000;
-}
+// A menu is as wide as its longest text, even if that is wider than the screen.
+constexpr std::size_t LongestText = 50;
+
+}  // namespace
 
 MenuPeer::MenuPeer(ui::Menu& menu) : menu_(menu), window_(FormPeer::of(menu.form())->window()) {}
 
@@ -31,7 +34,7 @@ MenuHandle MenuPeer::build(std::deque<ui::MenuItem>& items, HMENU menu) {
         if (item.separator()) {
             AppendMenuA(menu, MF_SEPARATOR, command, nullptr);
         } else if (item.items().empty()) {
-            AppendMenuA(menu, MF_STRING | state, command, item.caption().c_str());
+            AppendMenuA(menu, MF_STRING | state, command, shortened(item.caption(), LongestText).c_str());
         } else {
             const UINT_PTR popup = reinterpret_cast<UINT_PTR>(build(item.items(), CreatePopupMenu()).release());
             AppendMenuA(menu, MF_POPUP | state, popup, item.caption().c_str());

@@ -25,7 +25,7 @@ public:
     std::unique_ptr<ui::Peer> make(ui::Label&) override;
     std::unique_ptr<ui::Peer> make(ui::ListView&) override;
     std::unique_ptr<ui::Peer> make(ui::Menu&) override;
-    std::unique_ptr<ui::Peer> make(ui::PictureBox&) override;
+    std::unique_ptr<ui::Peer> make(ui::PictureButton&) override;
     std::unique_ptr<ui::Peer> make(ui::ProgressBar&) override;
     std::unique_ptr<ui::Peer> make(ui::TabStrip&) override;
     std::unique_ptr<ui::Peer> make(ui::TextBox&) override;

@@ -1,7 +1,10 @@
 #include "win32/Screen.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstring>
+
+#include "win32/DelayLoaded.h"
 
 namespace win32 {
 
@@ -27,8 +30,9 @@ Screen::Screen(int pixelsPerInch)
       bold_(makeFont(pixelsPerInch_, FW_BOLD)) {}
 
 WindowStyles stylesOf(ui::Form::Kind kind) {
-    if (kind == ui::Form::Kind::Main) return {WS_OVERLAPPEDWINDOW, WS_EX_CONTROLPARENT};
-    return {WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME, WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT};
+    if (kind == ui::Form::Kind::Main) return {WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT};
+    return {WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN | DS_MODALFRAME,
+            WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT};
 }
 
 SIZE windowAround(SIZE client, ui::Form::Kind kind, bool menu) {
@@ -38,19 +42,49 @@ SIZE windowAround(SIZE client, ui::Form::Kind kind, bool menu) {
     return {bounds.right - bounds.left, bounds.bottom - bounds.top};
 }
 
+std::string shortened(const std::string& text, std::size_t longest) {
+    if (text.size() <= longest) return text;
+    const char* const begin = text.c_str();
+    const char* end = begin;
+    for (const char* next = begin; next - begin <= static_cast<std::ptrdiff_t>(longest) - 3;
+         next = CharNextA(*next == '&' ? next + 1 : next))  // "&&" is one
+        end = next;
+    return std::string(begin, end) + "...";
+}
+
+RECT workArea(HWND window) {
+    RECT first = {};
+    SystemParametersInfoA(SPI_GETWORKAREA, 0, &first, 0);
+    const HMODULE user = GetModuleHandleA("user32.dll");
+    const auto monitorOf = exported<decltype(&MonitorFromWindow)>(user, "MonitorFromWindow");
+    const auto ask = exported<decltype(&GetMonitorInfoA)>(user, "GetMonitorInfoA");
+    MONITORINFO monitor = {};
+    monitor.cbSize = sizeof monitor;
+    const bool known = monitorOf && ask && ask(monitorOf(window, MONITOR_DEFAULTTONEAREST), &monitor);
+    return known ? monitor.rcWork : first;
+}
+
+void keepOnScreen(HWND window) {
+    const RECT work = workArea(window);
+    RECT bounds = {};
+    GetWindowRect(window, &bounds);
+    // The title bar matters most: a window that is too large extends beyond the right and lower edges.
+    const LONG left = std::max(work.left, std::min(bounds.left, work.right - (bounds.right - bounds.left)));
+    const LONG top = std::max(work.top, std::min(bounds.top, work.bottom - (bounds.bottom - bounds.top)));
+    SetWindowPos(window, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 void centre(HWND window, HWND owner) {
-    RECT work = {}, bounds = {}, around = {};
-    SystemParametersInfoA(SPI_GETWORKAREA, 0, &work, 0);
+    const RECT work = workArea(owner);
+    RECT bounds = {}, around = {};
     GetWindowRect(window, &bounds);
     if (!owner || !IsWindowVisible(owner) || IsIconic(owner) || !GetWindowRect(owner, &around)) around = work;
 
     const LONG width = bounds.right - bounds.left, height = bounds.bottom - bounds.top;
     const LONG left = around.left + (around.right - around.left - width) / 2;
     const LONG top = around.top + (around.bottom - around.top - height) / 2;
-    // The title bar matters most: a window that is too large extends beyond the right and lower edges.
-    SetWindowPos(window, nullptr, std::max(work.left, std::min(left, work.right - width)),
-                 std::max(work.top, std::min(top, work.bottom - height)), 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(window, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    keepOnScreen(window);
 }
 
 }  // namespace win32

@@ -1,6 +1,8 @@
 // The screen: its resolution, the program's font at that resolution, and positions on it.
 #pragma once
 
+#include <string>
+
 #include "ui/Form.h"
 #include "win32/Handles.h"
 
@@ -38,6 +40,14 @@ WindowStyles stylesOf(ui::Form::Kind kind);
 // The window around a drawing area of this size, in pixels.
 SIZE windowAround(SIZE client, ui::Form::Kind kind, bool menu);
 
+// What stands for a text of more than `longest` bytes: its beginning, in whole characters, and three dots.
+std::string shortened(const std::string& text, std::size_t longest);
+
+// What the task bar leaves of the screen that a window is on; of the first one, where Windows knows no more or there is
+// no window.
+RECT workArea(HWND window);
+// Moves a window into the work area of the screen it is on, or else of the nearest.
+void keepOnScreen(HWND window);
 // Centres a window on its owner, or on the work area when no owner can be seen, and keeps it within the work area.
 void centre(HWND window, HWND owner);
 

@@ -76,6 +76,18 @@ Result libraryVersion(LibraryVersion& version) {
 
 }  // namespace
 
+// In some code pages the second byte of a character may be that of a backslash.
+std::size_t nameIn(const std::string& path) {
+    const char* name = path.c_str();
+    for (const char* at = name; *at; at = CharNextA(at))
+        if (*at == '\\') name = at + 1;
+    return static_cast<std::size_t>(name - path.c_str());
+}
+
+System::System() {
+    SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+}
+
 // Where several users share a machine over the network each has a Windows folder of his own, without the programs of
 // the real one. Systems that do not know that tell the only one there is.
 std::string System::GetWindowsDirectoryA() {
@@ -92,14 +104,13 @@ std::string System::GetSystemDirectoryA() {
 
 std::string System::programFolder() {
     const std::string file = programFile();
-    const std::size_t end = file.rfind('\\');
-    if (end == std::string::npos) return "";
-    return file.substr(0, end > 0 && file[end - 1] == ':' ? end + 1 : end);
+    const std::size_t name = nameIn(file);
+    return file.substr(0, name > 1 && file[name - 2] != ':' ? name - 1 : name);
 }
 
 std::string System::programName() {
     const std::string file = programFile();
-    const std::string name = file.substr(file.rfind('\\') + 1);
+    const std::string name = file.substr(nameIn(file));
     return name.substr(0, name.rfind('.'));
 }
 
@@ -135,6 +146,10 @@ bool System::GetVersionExA(SystemVersion& version) {
     return true;
 }
 
+bool System::IsDBCSLeadByte(std::uint8_t byte) {
+    return ::IsDBCSLeadByte(byte) != FALSE;
+}
+
 Result Browser::DllGetVersion(LibraryVersion& version) {
     version = {};
     return onWine() ? registeredVersion(version) : libraryVersion(version);
@@ -149,7 +164,7 @@ Result Launcher::start(const std::string& program, const std::string& arguments,
     startup.wShowWindow = SW_HIDE;
     PROCESS_INFORMATION started = {};
     // Not in this program's current folder, where libraries might be that it would load.
-    const std::string own = program.substr(0, program.rfind('\\') + 1);
+    const std::string own = program.substr(0, nameIn(program));
     if (!CreateProcessA(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
                         own.empty() ? nullptr : own.c_str(), &startup, &started))
         return GetLastError();

@@ -5,8 +5,13 @@
 
 namespace win32 {
 
+// Where the file's name begins, after the last backslash.
+std::size_t nameIn(const std::string& path);
+
 class System : public platform::System {
 public:
+    // From now on a drive without a disk is an ordinary failure, and no question of the system's to the user.
+    System();
     std::string GetWindowsDirectoryA() override;
     std::string GetSystemDirectoryA() override;
     std::string programFolder() override;
@@ -15,6 +20,7 @@ public:
     platform::LocalTime GetLocalTime() override;
     std::uint32_t GetTickCount() override;
     bool GetVersionExA(platform::SystemVersion& version) override;
+    bool IsDBCSLeadByte(std::uint8_t byte) override;
 };
 
 // On Wine the library answers with a version of Wine's choosing; there the version in the registry is taken.

@@ -14,8 +14,8 @@ public:
     void applyText() override { apply(WM_SETTEXT, 0, control_.text().c_str()); }
     void applyMaxLength() override { apply(EM_LIMITTEXT, static_cast<WPARAM>(control_.maxLength())); }
     void applySelection() override {
-        const int start = control_.selectionStart();
-        apply(EM_SETSEL, static_cast<WPARAM>(start), static_cast<LPARAM>(start + control_.selectionLength()));
+        const int start = control_.selectionStart(), end = start + control_.selectionLength();
+        apply(EM_SETSEL, static_cast<WPARAM>(start), end);
     }
 
     void command(int code) override {

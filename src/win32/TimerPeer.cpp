@@ -5,17 +5,18 @@
 
 namespace win32 {
 
-TimerPeer::TimerPeer(ui::Timer& timer) : timer_(timer), window_(FormPeer::of(timer.form())->window()) {}
+TimerPeer::TimerPeer(ui::Timer& timer)
+    : timer_(timer), window_(FormPeer::of(timer.form())->window()), id_(FormPeer::of(timer.form())->newIdentifier()) {}
 
 TimerPeer::~TimerPeer() {
-    KillTimer(window_, id());
+    KillTimer(window_, id_);
 }
 
 void TimerPeer::applyTimer() {
     if (timer_.enabled()) {
-        SetTimer(window_, id(), static_cast<UINT>(timer_.interval()), nullptr);
+        SetTimer(window_, id_, static_cast<UINT>(timer_.interval()), nullptr);
     } else {
-        KillTimer(window_, id());
+        KillTimer(window_, id_);
     }
 }
 
@@ -23,7 +24,7 @@ void TimerPeer::applyTimer() {
 bool TimerPeer::tick(const ui::Form& form, UINT_PTR id) {
     for (ui::Component* component : form.components()) {
         auto* timer = dynamic_cast<ui::Timer*>(component);
-        if (!timer || !timer->attached() || timer->peerAs<TimerPeer>()->id() != id) continue;
+        if (!timer || !timer->attached() || timer->peerAs<TimerPeer>()->id_ != id) continue;
         timer->tick();
         return true;
     }

@@ -18,10 +18,9 @@ public:
     static bool tick(const ui::Form& form, UINT_PTR id);
 
 private:
-    UINT_PTR id() const { return reinterpret_cast<UINT_PTR>(this); }
-
     ui::Timer& timer_;
     HWND window_;
+    UINT_PTR id_;
 };
 
 }  // namespace win32

@@ -15,11 +15,14 @@ namespace {
 enum Image { Blank, OptionOff, OptionOn, FirstPicture };
 constexpr int OptionDiameter = 13;  // pixels at 96 DPI
 constexpr int DefaultSize = 16;
+// The states of an option as those of a tree's check boxes are numbered.
+constexpr UINT Unchecked = 1, Checked = 2;
 
 class TreeViewPeer : public ControlPeer<ui::TreeView> {
 public:
     explicit TreeViewPeer(ui::TreeView& tree)
-        : ControlPeer(tree, {WC_TREEVIEWA, TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS | TVS_DISABLEDRAGDROP,
+        : ControlPeer(tree, {WC_TREEVIEWA,
+                             TVS_HASLINES | TVS_LINESATROOT | TVS_HASBUTTONS | TVS_SHOWSELALWAYS | TVS_DISABLEDRAGDROP,
                              WS_EX_CLIENTEDGE}) {}
 
     void applyImages() override {
@@ -42,18 +45,21 @@ public:
         const ui::TreeNode& node = control_.node(number);
         TVINSERTSTRUCTA place = {};
         TVITEMA& item = place.item;
-        item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_PARAM;
+        item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_PARAM | TVIF_STATE;
         item.pszText = const_cast<char*>(node.text.c_str());
         item.iImage = item.iSelectedImage = imageOf(node);
         item.lParam = number;
+        // There are no pictures for these states, and nothing is drawn: they are for those who ask.
+        item.state = INDEXTOSTATEIMAGEMASK(node.option ? node.selected ? Checked : Unchecked : 0u);
+        item.stateMask = TVIS_STATEIMAGEMASK;
         if (number <= static_cast<int>(items_.size())) {
             item.mask |= TVIF_HANDLE;
             item.hItem = native(number);
             apply(TVM_SETITEMA, 0, &item);
             return;
         }
-        item.mask |= TVIF_STATE;
-        item.state = item.stateMask = TVIS_EXPANDED;
+        item.state |= TVIS_EXPANDED;
+        item.stateMask |= TVIS_EXPANDED;
         place.hParent = node.parent ? native(node.parent) : TVI_ROOT;
         place.hInsertAfter = TVI_LAST;
         items_.push_back(reinterpret_cast<HTREEITEM>(apply(TVM_INSERTITEMA, 0, &place)));
@@ -84,8 +90,6 @@ public:
             case TVN_SELCHANGEDA:
                 if (change.itemNew.hItem) control_.choose(static_cast<int>(change.itemNew.lParam));
                 return 0;
-            case TVN_ITEMEXPANDINGA:
-                return change.action != TVE_EXPAND;  // branches stay open
             default:
                 return 0;
         }
@@ -129,6 +133,9 @@ private:
                 if (w != VK_SPACE && w != VK_RETURN) return std::nullopt;
                 if (reporting()) control_.activate();
                 return 0;
+            case WM_SYSCOLORCHANGE:
+                applyImages();  // the option buttons are drawn in the old colours
+                return std::nullopt;
             // The native tree would search for a node that begins with this character, and beep.
             case WM_CHAR:
                 return w == ' ' || w == '\r' ? std::optional<LRESULT>(0) : std::nullopt;

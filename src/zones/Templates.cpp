@@ -17,15 +17,6 @@ std::optional<std::vector<ListedValue>> valuesOf(clsRegistry& registry, const ch
     return registry.DirValue();
 }
 
-// Nothing when the template is missing, empty or cannot be read.
-std::optional<std::vector<ListedValue>> templateOf(clsRegistry& registry, int level) {
-    const clsRegistry::FailureWatch watch(registry);
-    auto values = valuesOf(registry, Levels.at(static_cast<std::size_t>(level)).name);
-    // Its name in most versions of the browser.
-    if (!values && !watch.failed() && level == MediumLow) values = valuesOf(registry, "MedLow");
-    return values;
-}
-
 // Writes the template's settings into the zone and calls `afterEach` after each of its values. The session ends in the
 // zone.
 template <class AfterEach>
@@ -34,7 +25,7 @@ void copyTemplate(clsRegistry& registry, int level, const std::string& zone, Aft
     goToZone(registry, zone);
     if (!settings) return;
     for (const ListedValue& setting : *settings) {
-        if (setting.type == ValueType::Dword && setting.name != "TemplateIndex") {
+        if (isSetting(setting)) {
             // 0 would allow what the setting is about, so it must not stand for a number that cannot be read.
             setting.plainNumber ? registry.writeNumber(setting.name, setting.number) : registry.NoteFailure();
         }
@@ -43,6 +34,18 @@ void copyTemplate(clsRegistry& registry, int level, const std::string& zone, Aft
 }
 
 }  // namespace
+
+std::optional<std::vector<ListedValue>> templateOf(clsRegistry& registry, int level) {
+    const clsRegistry::FailureWatch watch(registry);
+    auto values = valuesOf(registry, Levels.at(static_cast<std::size_t>(level)).name);
+    // Its name in most versions of the browser.
+    if (!values && !watch.failed() && level == MediumLow) values = valuesOf(registry, "MedLow");
+    return values;
+}
+
+bool isSetting(const ListedValue& value) {
+    return value.type == ValueType::Dword && value.name != "TemplateIndex";
+}
 
 bool hasTemplate(clsRegistry& registry, int level) {
     return templateOf(registry, level).has_value();

@@ -3,9 +3,11 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
+#include <vector>
 
-class clsRegistry;
+#include "registry/clsRegistry.h"
 
 namespace zones {
 
@@ -15,6 +17,11 @@ inline constexpr const char* TemplatesKey =
     "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\TemplatePolicies";
 
 // Levels are given by their index in Levels, 0 to 3.
+
+// The values of a level's template; nothing when it is missing, empty or cannot be read.
+std::optional<std::vector<ListedValue>> templateOf(clsRegistry& registry, int level);
+// Whether a value of a template is one of its settings. A number that cannot be read is one, too.
+bool isSetting(const ListedValue& value);
 
 // Whether the machine has a template for the level, with anything in it.
 bool hasTemplate(clsRegistry& registry, int level);

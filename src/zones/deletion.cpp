@@ -1,8 +1,7 @@
 #include "zones/deletion.h"
 
-#include <set>
-
 #include "registry/clsRegistry.h"
+#include "util/Places.h"
 #include "util/numbers.h"
 #include "zones/zones.h"
 
@@ -34,9 +33,9 @@ DeletionPlan planDeletion(clsRegistry& registry, const std::string& zone) {
     if (watch.failed()) return stopped(Obstacle::Unreadable, ZonesKey);
     if (!names) return stopped(Obstacle::NotConsecutive);
 
-    std::set<std::string> once;
+    util::Places once;
     for (const std::string& name : *names)
-        if (!once.insert(name).second) return stopped(Obstacle::ListedTwice, name);
+        if (!once.try_emplace(name).second) return stopped(Obstacle::ListedTwice, name);
     for (const std::string& name : *names)
         if (const auto found = numberOf(name); !found || *found >= names->size())
             return stopped(Obstacle::NotConsecutive);

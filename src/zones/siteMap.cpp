@@ -1,9 +1,9 @@
 #include "zones/siteMap.h"
 
 #include <algorithm>
-#include <set>
 
 #include "registry/clsRegistry.h"
+#include "util/Places.h"
 #include "util/numbers.h"
 #include "util/procedure.h"
 #include "zones/zones.h"
@@ -39,10 +39,10 @@ private:
         const std::vector<std::string> names = registry_.DirKey().value_or(std::vector<std::string>());
         if (watch.failed()) note(path);
         // Two names that the code page makes the same lead to one key: the other cannot be read.
-        std::set<std::string> known;
+        util::Places known;
         std::vector<std::string> once;
         for (const std::string& name : names)
-            known.insert(name).second ? once.push_back(name) : note(path + "\\" + name);
+            known.try_emplace(name).second ? once.push_back(name) : note(path + "\\" + name);
         return once;
     }
     void readEntries(const std::string& path, const std::string& domain = {}, const std::string& host = {}) {

@@ -20,7 +20,7 @@ std::string GetSecurity(const std::string& level) {
     return procedure("basMain.GetSecurity", [&]() -> std::string {
         if (level.empty()) return {};
         for (const Level& known : Levels) {
-            const std::string decimal = util::toDecimal(known.number);
+            std::string decimal = util::toDecimal(known.number);
             if (level == decimal || level == util::toDigits(known.number, 1, 16)) return known.name;
             if (level == known.name) return decimal;
         }

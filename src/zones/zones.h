@@ -56,6 +56,8 @@ inline constexpr std::array<Level, 5> Levels{{
     {"Custom", 0},
 }};
 inline constexpr int OfferedLevels = 4;
+// Shown where a zone has none: only the current level may be custom.
+inline constexpr const char* MissingLevel = "**Missing**";
 
 // Level name to number and number to level name, as text; "" for anything else. Exact: "high" and "073728" are nothing.
 std::string GetSecurity(const std::string& level);

@@ -2,19 +2,14 @@
 // window.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include "app/Application.h"
 #include "app/frmMain.h"
 #include "editing/frmAdd.h"
 #include "editing/frmEdit.h"
 #include "editing/frmSecurity.h"
 #include "icons/frmIconSelector.h"
-#include "support/TestSystem.h"
+#include "support/BackupFixture.h"
 
-struct EditingFixture : testing::Test {
-    TestSystem system;
-    app::Application program{system.platform()};
+struct EditingFixture : BackupFixture {
     std::unique_ptr<frmMain> window;
 
     EditingFixture() {
@@ -26,7 +21,7 @@ struct EditingFixture : testing::Test {
     }
     ~EditingFixture() override { window->unload(); }
 
-    static std::string key(const std::string& zone) { return std::string(zones::ZonesKey) + "\\" + zone; }
+    static std::string key(const std::string& zone) { return zoneKey(zone); }
     void removeZone(const std::string& zone) { system.deleteTree(key(zone)); }
     void select(const std::string& zone) {
         for (int i = 1; i <= window->lvwZones.count(); ++i)
@@ -67,8 +62,4 @@ struct EditingFixture : testing::Test {
             [&] { form.general.details.picIcon.click(); });
     }
     static constexpr int GeneralTab = 1, FlagsPage = 2, SecurityPage = 3;
-
-    static constexpr const char* Refused =
-        "Some changes could not be written; the zone has only part of the new values.";
-    static constexpr const char* NoZone = "This zone no longer exists. Your changes were not saved.";
 };

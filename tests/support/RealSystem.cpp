@@ -2,7 +2,7 @@
 
 #ifndef _WIN32
 
-std::unique_ptr<RealSystem> RealSystem::make() {
+std::unique_ptr<RealSystem> RealSystem::make(simulated::System&, simulated::Launcher&) {
     return nullptr;
 }
 
@@ -39,22 +39,55 @@ private:
     }
 };
 
+// The system with the clock and the program's place set by the test.
+class PlacedSystem : public win32::System {
+public:
+    explicit PlacedSystem(simulated::System& told) : told_(told) {}
+    std::string programFolder() override { return told_.folder; }
+    std::string programName() override { return told_.name; }
+    platform::LocalTime GetLocalTime() override { return told_.now; }
+    std::uint32_t GetTickCount() override { return told_.GetTickCount(); }
+
+private:
+    simulated::System& told_;
+};
+
+class RecordingLauncher : public win32::Launcher {
+public:
+    explicit RecordingLauncher(simulated::Launcher& record) : record_(record) {}
+    platform::Result start(const std::string& program, const std::string& arguments, Process& process) override {
+        record_.started.push_back({program, arguments});
+        const platform::Result code = win32::Launcher::start(program, arguments, process);
+        if (process != 0) record_.open.insert(process);
+        return code;
+    }
+    void close(Process process) override {
+        record_.open.erase(process);
+        win32::Launcher::close(process);
+    }
+
+private:
+    simulated::Launcher& record_;
+};
+
 class WindowsSystem : public RealSystem {
 public:
-    WindowsSystem() {
+    WindowsSystem(simulated::System& told, simulated::Launcher& started) : system_(told), launcher_(started) {
         static int count = 0;
         const auto base = std::filesystem::temp_directory_path();
         do {
             folder_ = base / ("Tavimor tests " + std::to_string(++count));
             clear();
         } while (!std::filesystem::create_directory(folder_));
+        told.folder = folder_.string();
+        told.windowsFolder = system_.GetWindowsDirectoryA();
+        told.systemFolder = system_.GetSystemDirectoryA();
     }
     ~WindowsSystem() override { clear(); }
 
     platform::Platform platform() override {
         return {registry_, files_, modules_, memory_, system_, browser_, launcher_, desktop_};
     }
-    std::string folder() override { return folder_.string(); }
     void addProgram(const std::string& path, const simulated::ProgramFile& program) override {
         const platform::Bytes bytes = programFileBytes(program);
         std::uint32_t written = 0;
@@ -74,16 +107,16 @@ private:
     win32::Files files_;
     FoundModules modules_;
     win32::Memory memory_;
-    win32::System system_;
+    PlacedSystem system_;
     win32::Browser browser_;
-    win32::Launcher launcher_;
+    RecordingLauncher launcher_;
     win32::Desktop desktop_;
 };
 
 }  // namespace
 
-std::unique_ptr<RealSystem> RealSystem::make() {
-    return std::make_unique<WindowsSystem>();
+std::unique_ptr<RealSystem> RealSystem::make(simulated::System& told, simulated::Launcher& started) {
+    return std::make_unique<WindowsSystem>(told, started);
 }
 
 #endif

@@ -2,9 +2,6 @@
 
 #include <sstream>
 
-#include "zones/Defaults.h"
-#include "zones/zones.h"
-
 namespace sample {
 
 using namespace platform;
@@ -21,6 +18,9 @@ std::string takeQuoted(std::string_view& rest) {
     if (!rest.empty()) rest.remove_prefix(1);
     return text;
 }
+
+constexpr const char* ZonesKey =
+    "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\Zones\\";
 
 constexpr const char* Browser =
 #include "browser.reg.inc"
@@ -77,22 +77,20 @@ std::string_view browserFile() {
 std::vector<Entry> builtInZones() {
     std::vector<Entry> entries;
     const std::vector<Entry> browser = readRegistryFile(Browser);
-    for (const zones::BuiltInZone& zone : zones::BuiltInZones) {
-        const bool computer = &zone == &zones::BuiltInZones[0];
-        const zones::Defaults& defaults = zones::defaultsOf(zone.zone);
-        const std::string path = std::string(zones::ZonesKey) + "\\" + zone.zone;
-        entries.push_back(text(path, "", ""));
-        entries.push_back(text(path, "DisplayName", zone.name));
-        entries.push_back(text(path, "Description", zone.description));
-        entries.push_back(text(path, "Icon", std::string(zone.iconFile) + "#" + zone.iconResource));
-        entries.push_back(dword(path, "CurrentLevel", computer ? 0 : defaults.recommendedLevel));
+    for (const Zone& zone : Zones) {
+        if (!zone.name) continue;
+        const bool computer = &zone == Zones;
+        const std::string path = ZonesKey + std::string(zone.number);
+        for (const auto& [name, value] :
+             {std::pair{"", ""}, {"DisplayName", zone.name}, {"Description", zone.description}, {"Icon", zone.icon}})
+            entries.push_back(text(path, name, value));
+        entries.push_back(dword(path, "CurrentLevel", computer ? 0 : zone.recommended));
         if (!computer) {  // which has no levels to fall below or to return to
-            entries.push_back(dword(path, "MinLevel", defaults.minimumLevel));
-            entries.push_back(dword(path, "RecommendedLevel", defaults.recommendedLevel));
+            entries.push_back(dword(path, "MinLevel", zone.minimum));
+            entries.push_back(dword(path, "RecommendedLevel", zone.recommended));
         }
-        entries.push_back(dword(path, "Flags", defaults.flags));
-        const std::string level =
-            std::string("\\TemplatePolicies\\") + zones::Levels[*zones::levelIndex(defaults.recommendedLevel)].name;
+        entries.push_back(dword(path, "Flags", zone.flags));
+        const std::string level = std::string("\\TemplatePolicies\\") + zone.level;
         for (const Entry& setting : browser)
             if (setting.path.ends_with(level) && setting.name[0] == '1')
                 entries.push_back({path, setting.name, setting.type, setting.data});

@@ -1,10 +1,11 @@
 #include "support/ScriptedDesktop.h"
 
-#include "ui/Label.h"
-
 #include <gtest/gtest.h>
 
 #include <new>
+
+#include "support/texts.h"
+#include "ui/Label.h"
 
 ScriptedDesktop::~ScriptedDesktop() {
     settle();
@@ -16,12 +17,12 @@ void ScriptedDesktop::settle() {
     expected_.clear();
 }
 
-void ScriptedDesktop::expectMessage(std::string text, ui::Answer answer, std::function<void()> meanwhile) {
-    expected_.push_back({"message", {}, {}, std::move(text), answer, {}, std::move(meanwhile)});
+void ScriptedDesktop::expectMessage(const std::string& name, ui::Answer answer, std::function<void()> meanwhile) {
+    expected_.push_back({"message", {}, {}, texts::message(name), answer, {}, std::move(meanwhile)});
 }
 
-void ScriptedDesktop::expectFile(std::optional<std::string> path) {
-    expected_.push_back({"file", {}, {}, {}, ui::Answer::Ok, std::move(path), {}});
+void ScriptedDesktop::expectFile(std::optional<std::string> path, std::string start) {
+    expected_.push_back({"file", {}, {}, std::move(start), ui::Answer::Ok, std::move(path), {}});
 }
 
 void ScriptedDesktop::expectAnyForm(std::function<bool(const ui::Form&)> fits, std::function<void(ui::Form&)> script) {
@@ -42,27 +43,32 @@ std::optional<ScriptedDesktop::Expectation> ScriptedDesktop::next(const std::str
 }
 
 ui::Answer ScriptedDesktop::messageBox(const std::string& text, const std::string& title, ui::MessageStyle style) {
+    using Style = ui::MessageStyle;
+    EXPECT_EQ(title, "Tavimor");
+    EXPECT_EQ(style, text.ends_with('?') ? Style::ExclamationYesNo : Style::Exclamation) << text;
+    EXPECT_TRUE(texts::isMessage(text)) << "not in texts.txt: " << text;
     if (watch.before("messageBox")) return {};
     const auto expected = next("message", "the message: " + text, [&](const auto& e) { return e.text == text; });
-    if (!expected) return style == ui::MessageStyle::ExclamationYesNo ? ui::Answer::No : ui::Answer::Ok;
+    if (!expected) return style == Style::ExclamationYesNo ? ui::Answer::No : ui::Answer::Ok;
     EXPECT_EQ(text, expected->text);
-    EXPECT_EQ(title, "Tavimor");
     if (expected->meanwhile) expected->meanwhile();
     return expected->answer;
 }
 
 std::optional<std::string> ScriptedDesktop::openFile(const ui::OpenFileRequest& request) {
-    lastFileRequest_ = request;
+    EXPECT_EQ(request.title + "|" + request.filter + "|" + request.defaultExtension, texts::message("open file"));
     if (watch.before("openFile")) return std::nullopt;
     const auto expected = next("file", "the file-open dialog " + request.title, [](auto&) { return true; });
-    return expected ? expected->path : std::nullopt;
+    if (!expected) return std::nullopt;
+    EXPECT_TRUE(expected->text.empty() || request.start == expected->text) << request.start;
+    return expected->path;
 }
 
 namespace {
 
 // What an unexpected form says, so that the failure tells why an error dialog came up.
 std::string describe(const ui::Form& form) {
-    std::string text = "the form " + form.name();
+    std::string text = "the form " + std::string(form.name());
     for (ui::Control* control : form.controls())
         if (auto* label = dynamic_cast<ui::Label*>(control)) text += " [" + label->caption() + "]";
     return text;

@@ -1,6 +1,6 @@
 // A desktop whose user is the test: what will be asked is expected in order, and every surprise fails the test.
 //
-//     desktop.expectMessage("You must give this zone a name.", ui::Answer::Ok);
+//     desktop.expectMessage("no name");
 //     desktop.expectForm<frmError>([](frmError& form) { form.cmdContinue.click(); });
 //
 // It stands before the simulated desktop or the real one; with the real one the script runs while the form's windows
@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "support/Watched.h"
+#include "simulated/Watch.h"
 #include "ui/Desktop.h"
 
 class ScriptedDesktop : public ui::Desktop {
@@ -21,9 +21,12 @@ public:
     int dots = 0;                 // to the inch; 0: as the screen has them
     ~ScriptedDesktop() override;  // fails the test when something expected has not happened
 
-    // `meanwhile` runs while the message is open: another program's chance to interfere.
-    void expectMessage(std::string text, ui::Answer answer, std::function<void()> meanwhile = {});
-    void expectFile(std::optional<std::string> path);  // nothing: the user gives up
+    // By its name and parts in texts.txt, or its text. `meanwhile` runs while the message is open: another program's
+    // chance to interfere.
+    void expectMessage(const std::string& name, ui::Answer answer = ui::Answer::Ok,
+                       std::function<void()> meanwhile = {});
+    // Nothing: the user gives up. `start`: where the dialog is to begin, when that matters.
+    void expectFile(std::optional<std::string> path, std::string start = {});
     // The script uses the form and closes it. One that is left open is unloaded and fails the test.
     template <class F>
     void expectForm(std::function<void(F&)> script) {
@@ -43,23 +46,24 @@ public:
     // What is expected need not happen.
     bool patient = false;
     std::vector<std::string> told;
-    watched::Watch watch;
+    simulated::Watch watch;
     // Fails the test when something expected has not happened; forgets it then.
     void settle();
 
-    // What the program asked of openFile, last.
-    const ui::OpenFileRequest& lastFileRequest() const { return lastFileRequest_; }
     // Runs each time the program lets pending events run: the user's chance to interfere.
     std::function<void()> onDoEvents;
 
     ui::Answer messageBox(const std::string& text, const std::string& title, ui::MessageStyle style) override;
     std::optional<std::string> openFile(const ui::OpenFileRequest& request) override;
+    int beeps = 0;
+    void beep() override { ++beeps; }
     void open(ui::Form& form) override;
     void runModal(ui::Form& form, ui::Form* owner) override;
     void closed(ui::Form& form) override { inner_.closed(form); }
     void run() override { inner_.run(); }
     void doEvents() override;
     int pixelsPerInch() const override { return dots ? dots : inner_.pixelsPerInch(); }
+    ui::Size workArea() override { return inner_.workArea(); }
     ui::FrameSize frameSize(ui::Form::Kind kind, bool menu) override { return inner_.frameSize(kind, menu); }
     ui::Size textSize(const std::string& text, ui::Twips wrap, bool bold) override {
         return inner_.textSize(text, wrap, bold);
@@ -83,5 +87,4 @@ private:
 
     ui::Desktop& inner_;
     std::deque<Expectation> expected_;
-    ui::OpenFileRequest lastFileRequest_;
 };

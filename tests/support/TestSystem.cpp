@@ -4,7 +4,6 @@
 #include <cstring>
 #include <thread>
 
-#include "support/RealSystem.h"
 #include "zones/zones.h"
 
 using namespace platform;
@@ -37,78 +36,35 @@ std::pair<HKey, std::string> split(const std::string& path) {
 
 }  // namespace
 
-Result WatchedBrowser::DllGetVersion(LibraryVersion& version) {
-    version = {};
-    if (const auto code = watch.before("DllGetVersion")) return *code;
-    return inner_.DllGetVersion(version);
-}
-
-Result RecordingLauncher::start(const std::string& program, const std::string& arguments, Process& process) {
-    started.push_back({program, arguments});
-    process = 0;
-    if (const auto code = watch.before("start")) return *code;
-    const Result code = inner_.start(program, arguments, process);
-    if (process != 0) open.insert(process);
-    return code;
-}
-
-void RecordingLauncher::close(Process process) {
-    open.erase(process);
-    inner_.close(process);
-}
-
-// The services themselves, below those that watch them.
-struct TestSystem::Below {
-    std::unique_ptr<Simulation> simulation;
-    std::unique_ptr<RealSystem> real;
-
-    explicit Below(On on) {
-        if (on == On::ThisSystem) real = RealSystem::make();
-        if (!real) simulation = std::make_unique<Simulation>();
-    }
-    Platform services() { return real ? real->platform() : simulation->platform; }
-};
-
-TestSystem::TestSystem(On on)
-    : below_(std::make_unique<Below>(on)),
-      own_(below_->services()),
-      registry(own_.registry),
-      files(own_.files),
-      modules(own_.modules),
-      memory(own_.memory),
-      system(own_.system, below_->real ? below_->real->folder() : below_->simulation->system.folder),
-      browser(own_.browser),
-      launcher(own_.launcher),
-      desktop(own_.desktop),
-      platform_{registry, files, modules, memory, system, browser, launcher, desktop} {
-    for (watched::Watch* service : {&registry.watch, &files.watch, &modules.watch, &memory.watch, &system.watch,
-                                    &browser.watch, &launcher.watch, &desktop.watch})
+TestSystem::TestSystem()
+    : real_(RealSystem::make(system, launcher)),
+      services_(real_ ? real_->platform()
+                      : Platform{registry, files, modules, memory, system, browser, launcher, screen}) {
+    for (simulated::Watch* service : {&registry.watch, &files.watch, &modules.watch, &memory.watch, &system.watch,
+                                      &browser.watch, &launcher.watch, &desktop.watch})
         service->above = &watch;
     reset();
 }
 
 TestSystem::~TestSystem() = default;
 
-Simulation* TestSystem::simulation() {
-    return below_->simulation.get();
-}
-
 void TestSystem::reset() {
-    if (below_->real) {
+    if (real_) {
         for (const char* key : OwnedKeys) deleteTree(key);
         for (const std::string& name : values(BrowserKey)) deleteValue(BrowserKey, name);
         deleteValue(SettingsKey, "MinorVersion");
     }
-    if (Simulation* s = simulation()) {
-        s->files.addFolder(system.folder);
-        s->files.addFolder(s->system.systemFolder);
-        s->files.addFile(s->system.windowsFolder + "\\regedit.exe", "");
+    if (inMemory()) {
+        files.addFolder(system.folder);
+        files.addFolder(system.systemFolder);
+        files.addFile(system.windowsFolder + "\\regedit.exe", "");
         // The registry editor of this system: what it is given to read is in the registry when it ends.
-        s->launcher.onStart = [this](const simulated::Launcher::Started& started) {
+        launcher.onStart = [this](const simulated::Launcher::Started& started) {
             const std::size_t begin = started.arguments.find('"') + 1;
             const std::string file = started.arguments.substr(begin, started.arguments.rfind('"') - begin);
             std::string bytes;
-            if (own_.files.read(file, bytes) == Success) import(sample::readRegistryFile(bytes));
+            const simulated::Watch::Pause pause(watch);
+            if (services_.files.read(file, bytes) == Success) import(sample::readRegistryFile(bytes));
         };
     }
     setBrowserVersion("");
@@ -120,14 +76,15 @@ HKey TestSystem::openPath(const std::string& path, AccessMask access, bool creat
     const auto [root, subKey] = split(path);
     HKey key = 0;
     if (create)
-        own_.registry.RegCreateKeyExA(root, subKey, access, key);
+        services_.registry.RegCreateKeyExA(root, subKey, access, key);
     else
-        own_.registry.RegOpenKeyExA(root, subKey, access, key);
+        services_.registry.RegOpenKeyExA(root, subKey, access, key);
     return key;
 }
 
 void TestSystem::makeKey(const std::string& path) {
-    own_.registry.RegCloseKey(openPath(path, KeySetValue, true));
+    const simulated::Watch::Pause pause(watch);
+    services_.registry.RegCloseKey(openPath(path, KeySetValue, true));
 }
 
 void TestSystem::set(const sample::Entry& entry) {
@@ -147,36 +104,41 @@ void TestSystem::setBinary(const std::string& path, const std::string& name, con
 }
 
 void TestSystem::import(const std::vector<sample::Entry>& entries) {
+    const simulated::Watch::Pause pause(watch);
     for (const sample::Entry& entry : entries) {
         const HKey key = openPath(entry.path, KeySetValue, true);
         if (entry.type != sample::Entry::NoValue)
-            own_.registry.RegSetValueExA(key, entry.name, entry.type, entry.data.data(),
-                                         static_cast<std::uint32_t>(entry.data.size()));
-        own_.registry.RegCloseKey(key);
+            services_.registry.RegSetValueExA(key, entry.name, entry.type, entry.data.data(),
+                                              static_cast<std::uint32_t>(entry.data.size()));
+        services_.registry.RegCloseKey(key);
     }
 }
 
 void TestSystem::deleteTree(const std::string& path) {
+    const simulated::Watch::Pause pause(watch);
     for (const std::string& name : keys(path)) deleteTree(path + "\\" + name);
     const HKey key = path.find('\\') == std::string::npos ? 0 : openPath(path, KeyQueryValue, false);
     if (key == 0) return;
-    own_.registry.RegDeleteKeyA(key, "");
-    own_.registry.RegCloseKey(key);
+    services_.registry.RegDeleteKeyA(key, "");
+    services_.registry.RegCloseKey(key);
 }
 
 void TestSystem::deleteValue(const std::string& path, const std::string& name) {
+    const simulated::Watch::Pause pause(watch);
     const HKey key = openPath(path, KeySetValue, false);
-    own_.registry.RegDeleteValueA(key, name);
-    own_.registry.RegCloseKey(key);
+    services_.registry.RegDeleteValueA(key, name);
+    services_.registry.RegCloseKey(key);
 }
 
 bool TestSystem::exists(const std::string& path) {
+    const simulated::Watch::Pause pause(watch);
     const HKey key = openPath(path, KeyQueryValue, false);
-    own_.registry.RegCloseKey(key);
+    services_.registry.RegCloseKey(key);
     return key != 0;
 }
 
 std::vector<std::string> TestSystem::names(const std::string& path, bool ofKeys) {
+    const simulated::Watch::Pause pause(watch);
     std::vector<std::string> names;
     const HKey key = openPath(path, KeyQueryValue | KeyEnumerateSubKeys, false);
     if (key == 0) return names;
@@ -185,12 +147,13 @@ std::vector<std::string> TestSystem::names(const std::string& path, bool ofKeys)
         auto length = static_cast<std::uint32_t>(name.size());
         RegType type = 0;
         std::uint32_t size = 0;
-        const Result code = ofKeys ? own_.registry.RegEnumKeyExA(key, index, name.data(), length)
-                                   : own_.registry.RegEnumValueA(key, index, name.data(), length, type, nullptr, size);
+        const Result code =
+            ofKeys ? services_.registry.RegEnumKeyExA(key, index, name.data(), length)
+                   : services_.registry.RegEnumValueA(key, index, name.data(), length, type, nullptr, size);
         if (code != Success) break;
         names.push_back(name.substr(0, length));
     }
-    own_.registry.RegCloseKey(key);
+    services_.registry.RegCloseKey(key);
     return names;
 }
 
@@ -202,13 +165,14 @@ std::vector<std::string> TestSystem::values(const std::string& path) {
 }
 
 std::optional<sample::Entry> TestSystem::value(const std::string& path, const std::string& name) {
+    const simulated::Watch::Pause pause(watch);
     sample::Entry entry{path, name, 0, {}};
     const HKey key = openPath(path, KeyQueryValue, false);
     std::uint32_t size = 0;
-    Result code = own_.registry.RegQueryValueExA(key, name, entry.type, nullptr, size);
+    Result code = services_.registry.RegQueryValueExA(key, name, entry.type, nullptr, size);
     entry.data.resize(size);
-    if (code == Success) code = own_.registry.RegQueryValueExA(key, name, entry.type, entry.data.data(), size);
-    own_.registry.RegCloseKey(key);
+    if (code == Success) code = services_.registry.RegQueryValueExA(key, name, entry.type, entry.data.data(), size);
+    services_.registry.RegCloseKey(key);
     return code == Success ? std::optional(entry) : std::nullopt;
 }
 
@@ -231,31 +195,34 @@ std::optional<std::uint32_t> TestSystem::dword(const std::string& path, const st
 // --- files and program files
 
 void TestSystem::writeFile(const std::string& name, std::string_view bytes) {
+    const simulated::Watch::Pause pause(watch);
     std::uint32_t written = 0;
-    own_.files.create(path(name), bytes, written);
+    services_.files.create(path(name), bytes, written);
 }
 
 std::optional<std::string> TestSystem::readFile(const std::string& name) {
+    const simulated::Watch::Pause pause(watch);
     std::string bytes;
-    return own_.files.read(path(name), bytes) == Success ? std::optional(bytes) : std::nullopt;
+    return services_.files.read(path(name), bytes) == Success ? std::optional(bytes) : std::nullopt;
 }
 
 std::vector<std::string> TestSystem::filesIn(const std::string& folder, const std::string& wildcard) {
+    const simulated::Watch::Pause pause(watch);
     std::vector<std::string> names;
     FoundFile found;
     Files::Search search = 0;
-    for (Result code = own_.files.findFirst(folder + "\\" + wildcard, search, found); code == Success;
-         code = own_.files.findNext(search, found))
+    for (Result code = services_.files.findFirst(folder + "\\" + wildcard, search, found); code == Success;
+         code = services_.files.findNext(search, found))
         if (found.name != "." && found.name != "..") names.push_back(found.name);
-    own_.files.findClose(search);
+    services_.files.findClose(search);
     return names;
 }
 
 std::string TestSystem::addProgram(const std::string& name, const simulated::ProgramFile& program) {
-    if (Simulation* s = simulation())
-        s->modules.add(path(name)) = program;
+    if (inMemory())
+        modules.add(path(name)) = program;
     else
-        below_->real->addProgram(path(name), program);
+        real_->addProgram(path(name), program);
     return path(name);
 }
 
@@ -287,10 +254,10 @@ void TestSystem::seedModules() {
 }
 
 void TestSystem::setBrowserVersion(const std::string& version) {
-    if (Simulation* s = simulation()) {
-        LibraryVersion& told = s->browser.version = {};
+    if (inMemory()) {
+        LibraryVersion& told = browser.version = {};
         std::sscanf(version.c_str(), "%u.%u.%u", &told.major, &told.minor, &told.build);
-        s->browser.answer = version.empty() ? ModuleNotFound : Success;
+        browser.answer = version.empty() ? ModuleNotFound : Success;
     }
     if (version.empty())
         deleteValue(BrowserKey, "Version");
@@ -299,9 +266,9 @@ void TestSystem::setBrowserVersion(const std::string& version) {
 }
 
 void TestSystem::endPrograms() {
-    if (Simulation* s = simulation()) s->launcher.endAll();
+    if (inMemory()) launcher.endAll();
     // Until all have ended, or half a minute.
     for (const Launcher::Process process : launcher.open)
-        for (int tries = 0; launcher.running(process) && tries < 3000; ++tries)
+        for (int tries = 0; services_.launcher.running(process) && tries < 3000; ++tries)
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
 }

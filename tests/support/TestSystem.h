@@ -17,12 +17,19 @@
 #include "simulated/Registry.h"
 #include "simulated/System.h"
 #include "support/IconBytes.h"
+#include "support/RealSystem.h"
 #include "support/SampleData.h"
 #include "support/ScriptedDesktop.h"
-#include "support/Watched.h"
 
-// Everything in memory, with the switches that a real system does not have.
-struct Simulation {
+class TestSystem {
+public:
+    TestSystem();
+    ~TestSystem();
+    TestSystem(const TestSystem&) = delete;
+    TestSystem& operator=(const TestSystem&) = delete;
+
+    // In memory, with switches that a real system does not have; on that they are not used, but for the folder and the
+    // clock that are told, and the programs that were started.
     simulated::Registry registry;
     simulated::Files files;
     simulated::Modules modules{files};
@@ -30,94 +37,17 @@ struct Simulation {
     simulated::System system;
     simulated::Browser browser;
     simulated::Launcher launcher;
-    simulated::Desktop desktop;
-    platform::Platform platform{registry, files, modules, memory, system, browser, launcher, desktop};
-};
-
-// The system with the clock and the program's place set by the test.
-class PlacedSystem : public platform::System {
-public:
-    PlacedSystem(platform::System& inner, std::string place) : folder(std::move(place)), inner_(inner) {}
-    watched::Watch watch;
-    std::string folder;
-    std::string name = "Tavimor";
-    platform::LocalTime now{2000, 3, 9, 14, 5, 7};
-    std::uint32_t ticks = 0, ticksALook = 10;  // milliseconds, and how many pass from one look at them to the next
-
-    std::string GetWindowsDirectoryA() override {
-        return watch.before("GetWindowsDirectoryA") ? "" : inner_.GetWindowsDirectoryA();
-    }
-    std::string GetSystemDirectoryA() override {
-        return watch.before("GetSystemDirectoryA") ? "" : inner_.GetSystemDirectoryA();
-    }
-    std::string programFolder() override { return folder; }
-    std::string programName() override { return name; }
-    std::string ExpandEnvironmentStringsA(const std::string& text) override {
-        return watch.before("ExpandEnvironmentStringsA") ? text : inner_.ExpandEnvironmentStringsA(text);
-    }
-    platform::LocalTime GetLocalTime() override { return now; }
-    std::uint32_t GetTickCount() override { return ticks += ticksALook; }
-    bool GetVersionExA(platform::SystemVersion& version) override { return inner_.GetVersionExA(version); }
+    simulated::Desktop screen;
+    bool inMemory() const { return !real_; }
 
 private:
-    platform::System& inner_;
-};
-
-class WatchedBrowser : public platform::Browser {
-public:
-    explicit WatchedBrowser(platform::Browser& inner) : inner_(inner) {}
-    watched::Watch watch;
-
-    platform::Result DllGetVersion(platform::LibraryVersion& version) override;
-
-private:
-    platform::Browser& inner_;
-};
-
-// Remembers what was started.
-class RecordingLauncher : public platform::Launcher {
-public:
-    struct Started {
-        std::string program, arguments;
-    };
-    explicit RecordingLauncher(platform::Launcher& inner) : inner_(inner) {}
-    std::vector<Started> started;
-    std::set<Process> open;  // not closed
-    watched::Watch watch;
-
-    platform::Result start(const std::string& program, const std::string& arguments, Process& process) override;
-    bool running(Process process) override { return inner_.running(process); }
-    void close(Process process) override;
-
-private:
-    platform::Launcher& inner_;
-};
-
-class TestSystem {
-    struct Below;
-    std::unique_ptr<Below> below_;
-    platform::Platform own_;  // past what watches
+    std::unique_ptr<RealSystem> real_;  // is told of those above
+    platform::Platform services_;
 
 public:
-    enum class On { ThisSystem, Simulation };
-    explicit TestSystem(On on = On::ThisSystem);
-    ~TestSystem();
-    TestSystem(const TestSystem&) = delete;
-    TestSystem& operator=(const TestSystem&) = delete;
-
+    ScriptedDesktop desktop{services_.desktop};
+    simulated::Watch watch;  // of them all together
     platform::Platform& platform() { return platform_; }
-    // The switches of the system in memory; null on a real one.
-    Simulation* simulation();
-
-    watched::Registry registry;
-    watched::Files files;
-    watched::Modules modules;
-    watched::Memory memory;
-    PlacedSystem system;
-    WatchedBrowser browser;
-    RecordingLauncher launcher;
-    ScriptedDesktop desktop;
-    watched::Watch watch;  // of them all together
 
     // --- the registry, by paths such as "HKEY_CURRENT_USER\\Software\\..."; keys are made as needed
 
@@ -164,5 +94,15 @@ private:
     platform::HKey openPath(const std::string& path, platform::AccessMask access, bool create);
     std::vector<std::string> names(const std::string& path, bool ofKeys);
 
-    platform::Platform platform_;
+    platform::Platform platform_{services_.registry, services_.files,   services_.modules,  services_.memory,
+                                 services_.system,   services_.browser, services_.launcher, desktop};
 };
+
+// A test that counts or refuses calls, or sets what only a system in memory lets itself be told.
+#ifdef _WIN32
+#define IN_MEMORY_TEST_F(fixture, name) TEST_F(fixture, DISABLED_##name)
+#define IN_MEMORY_TEST_P(fixture, name) TEST_P(fixture, DISABLED_##name)
+#else
+#define IN_MEMORY_TEST_F TEST_F
+#define IN_MEMORY_TEST_P TEST_P
+#endif

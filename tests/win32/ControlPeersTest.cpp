@@ -22,13 +22,33 @@ struct ControlPeersTest : WindowsTest {
         ask(control, getRect, static_cast<WPARAM>(number - 1), reinterpret_cast<LPARAM>(&place));
         clickAt(control, {(place.left + place.right) / 2, (place.top + place.bottom) / 2});
     }
+    // The buttons with a thick border, which tells what Enter presses.
+    Names marked() {
+        Names names;
+        for (const ui::Control* control : form.controls())
+            if (windowOf(*control) && ask(*control, WM_GETDLGCODE) & DLGC_DEFPUSHBUTTON)
+                names.emplace_back(control->name());
+        return names;
+    }
     void clickItem(const ui::ListView& list, int number) { clickPart(list, LVM_GETITEMRECT, number); }
+    LRESULT itemOf(int node) {
+        auto item = ask(form.tree, TVM_GETNEXTITEM, TVGN_ROOT);
+        for (int i = 1; i < node; ++i) item = ask(form.tree, TVM_GETNEXTITEM, TVGN_NEXTVISIBLE, item);
+        return item;
+    }
+    // 1 for an option, 2 for a selected one.
+    int stateOf(int node) {
+        TVITEMA item = {};
+        item.mask = TVIF_STATE;
+        item.stateMask = TVIS_STATEIMAGEMASK;
+        item.hItem = reinterpret_cast<HTREEITEM>(itemOf(node));
+        ask(form.tree, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&item));
+        return static_cast<int>(item.state >> 12);
+    }
     // `fromLabel`: pixels from the left edge of the node's label; its picture stands left of that.
     void clickNode(int number, int fromLabel) {
-        auto item = ask(form.tree, TVM_GETNEXTITEM, TVGN_ROOT);
-        for (int i = 1; i < number; ++i) item = ask(form.tree, TVM_GETNEXTITEM, TVGN_NEXTVISIBLE, item);
         RECT label = {};
-        *reinterpret_cast<LRESULT*>(&label) = item;
+        *reinterpret_cast<LRESULT*>(&label) = itemOf(number);
         ask(form.tree, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&label));
         clickAt(form.tree, {label.left + fromLabel, (label.top + label.bottom) / 2});
     }
@@ -49,6 +69,16 @@ TEST_F(ControlPeersTest, AUsersActionRaisesItsEventOnce) {
         {"mouse on a page's check box", [&] { clickAt(form.onPage, Inside); }, {"onPage"}},
         {"a letter in a text box", [&] { post(windowOf(form.text), WM_CHAR, 'x', 1); }, {"text"}},
         {"arrow in a combo box", [&] { press(form.combo, VK_DOWN); }, {"combo"}},
+        {"a choice taken back when the list closes",
+         [&] {
+             ask(form.combo, CB_SHOWDROPDOWN, TRUE);
+             ask(form.combo, CB_SETCURSEL, 2);
+             ask(form.combo, CB_SHOWDROPDOWN, FALSE);
+         },
+         {"combo"}},
+        {"a list that closes as it was",
+         [&] { ask(form.combo, CB_SHOWDROPDOWN, TRUE), ask(form.combo, CB_SHOWDROPDOWN, FALSE); },
+         {}},
         {"mouse on a picture", [&] { clickAt(form.picture, Inside); }, {"picture"}},
         {"Enter on a picture", [&] { press(form.picture, VK_RETURN); }, {"picture"}},
         {"mouse on a tab", [&] { clickPart(form.tabs, TCM_GETITEMRECT, 2); }, {"tabs"}},
@@ -81,10 +111,33 @@ TEST_F(ControlPeersTest, AUsersActionRaisesItsEventOnce) {
         form.events.clear();
     }
     EXPECT_TRUE(form.onPage.checked() && form.tree.node(3).selected);
+    EXPECT_EQ((std::vector{stateOf(2), stateOf(3), stateOf(4)}), (std::vector{0, 2, 1}));
+    form.tree.selectOption(4);
+    EXPECT_EQ((std::vector{stateOf(3), stateOf(4)}), (std::vector{1, 2}));
     EXPECT_EQ(form.text.text() + std::to_string(form.text.selectionStart()), "x1");
     EXPECT_EQ((std::vector{form.combo.listIndex(), form.tabs.selected(), form.shows.selected(), form.acts.selected(),
                            form.tree.current()}),
-              (std::vector{0, 1, 1, 2, 3}));
+              (std::vector{2, 1, 1, 2, 3}));
+}
+
+TEST_F(ControlPeersTest, CtrlCCopiesTheLabelsWhereNoTextIsSelected) {
+    BYTE keys[256] = {};
+    keys[VK_CONTROL] = 0x80;
+    SetKeyboardState(keys);
+    ui::Label hidden(form, "hidden", {100, 300, 1500, 225}, "Hidden");
+    hidden.setVisible(false);
+    for (const ui::Control* focus : {static_cast<ui::Control*>(&form.shows), static_cast<ui::Control*>(&form.text)}) {
+        SetFocus(windowOf(*focus));
+        post(GetFocus(), WM_KEYDOWN, 'C', 1);
+        desktop.doEvents();
+        ASSERT_TRUE(OpenClipboard(nullptr));
+        const HANDLE copied = GetClipboardData(CF_TEXT);
+        EXPECT_STREQ(copied ? static_cast<const char*>(GlobalLock(copied)) : "", focus == &form.shows ? "&Name: " : "");
+        EmptyClipboard();
+        CloseClipboard();
+    }
+    keys[VK_CONTROL] = 0;
+    SetKeyboardState(keys);
 }
 
 TEST_F(ControlPeersTest, WhatIsDisabledOrHiddenCannotBeUsed) {
@@ -122,8 +175,31 @@ TEST_F(ControlPeersTest, TabGoesAroundInTheOrderMade) {
     form.text.setFocus();
     for (std::size_t i = 1; i <= ring.size(); ++i) {
         pressFocused(VK_TAB);
-        EXPECT_EQ(form.activeControl()->name(), ring[i % ring.size()]);
+        const std::string name(form.activeControl()->name());
+        EXPECT_EQ(name, ring[i % ring.size()]);
+        EXPECT_EQ(marked(), Names{name == "inFrame" || name == "cancel" ? name : "ok"});
     }
+    clickAt(form.inFrame, {6, 6});
+    EXPECT_EQ(marked(), Names{"inFrame"});
+    form.setDefaultButton(form.cancel);
+    EXPECT_EQ(marked(), Names{"inFrame"});
+    form.text.setFocus();
+    EXPECT_EQ(marked(), Names{"cancel"});
+}
+
+TEST_F(ControlPeersTest, ATreeDrawsItsOptionsInTheColoursOfTheSystem) {
+    const int window = COLOR_WINDOW;
+    const COLORREF before = GetSysColor(window), red = RGB(255, 0, 0);
+    SetSysColors(1, &window, &red);
+    SendMessageA(windowOf(form), WM_SYSCOLORCHANGE, 0, 0);
+    const HDC screen = GetDC(nullptr), context = CreateCompatibleDC(screen);
+    const HGDIOBJ old = SelectObject(context, CreateCompatibleBitmap(screen, 16, 16));
+    ImageList_Draw(reinterpret_cast<HIMAGELIST>(ask(form.tree, TVM_GETIMAGELIST)), 1, context, 0, 0, ILD_NORMAL);
+    EXPECT_EQ(GetPixel(context, 0, 0), red);
+    DeleteObject(SelectObject(context, old));
+    DeleteDC(context);
+    ReleaseDC(nullptr, screen);
+    SetSysColors(1, &window, &before);
 }
 
 // Which of the controls' native states, read from the system, are not as `change` makes them.
@@ -132,6 +208,7 @@ std::string unchanged(EveryControl& f) {
     const UINT menu = GetMenuState(GetSubMenu(GetMenu(windowOf(f)), 0), 0, MF_BYPOSITION);
     const std::pair<const char*, bool> states[] = {
         {"text", textOf(windowOf(f.text)) == "R&D"},
+        {"label", textOf(windowOf(f.label)) == "Q&A"},
         {"selection", ask(f.text, EM_GETSEL) == MAKELPARAM(1, 3)},
         {"caption", textOf(windowOf(f)) == "Changed"},
         {"check", ask(f.check, BM_GETCHECK) == BST_CHECKED},
@@ -155,6 +232,7 @@ std::string unchanged(EveryControl& f) {
 
 void change(EveryControl& f) {
     f.text.setText("R&D");
+    f.label.setCaption("Q&A");
     f.text.select(1, 2);
     f.setCaption("Changed");
     f.check.setChecked(true);

@@ -5,6 +5,7 @@
 #include "platform/SystemError.h"
 #include "ui/WindowHook.h"
 #include "win32/Callbacks.h"
+#include "win32/System.h"
 #include "win32/SystemError.h"
 
 namespace {
@@ -73,7 +74,145 @@ TEST_F(DesktopTest, AMainWindowIsSizedByUserAndProgram) {
     form.setHeight(form.height() + 600);
     EXPECT_EQ(form.resizes, 2);
     GetWindowRect(windowOf(form), &at);
-    EXPECT_EQ(at.bottom - at.top, ui::toPixels(form.height(), GetDeviceCaps(GetDC(nullptr), LOGPIXELSY)));
+    const int dots = GetDeviceCaps(GetDC(nullptr), LOGPIXELSY);
+    EXPECT_EQ(at.bottom - at.top, ui::toPixels(form.height(), dots));
+
+    const LONG restored = at.right - at.left;
+    ShowWindow(windowOf(form), SW_SHOWMAXIMIZED);
+    EXPECT_GT(form.client().width, 6400);
+    form.setHeight(form.smallest().width);
+    GetWindowRect(windowOf(form), &at);
+    EXPECT_EQ(at.right - at.left, restored) << "and not as wide as the screen";
+    EXPECT_EQ(at.bottom - at.top, ui::toPixels(6400, dots));
+    EXPECT_NEAR(form.client().width, 6400, 15);
+    form.unload();
+    EveryControl elsewhere(desktop);
+    elsewhere.setPlace(99999, -99999, 7500);
+    elsewhere.show();
+    GetWindowRect(windowOf(elsewhere), &at);
+    EXPECT_EQ(std::pair(at.right, at.top), std::pair(work.right, work.top));
+    elsewhere.unload();
+}
+
+TEST_F(DesktopTest, NobodyIsAskedForADisk) {
+    const UINT before = SetErrorMode(0);
+    const win32::System system;
+    EXPECT_EQ(SetErrorMode(before), UINT{SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX});
+}
+
+// No lambda: those have the C calling convention on 32 bits.
+void CALLBACK endLateMenu(HWND, UINT, UINT_PTR, DWORD) {
+    ADD_FAILURE() << "the menu is still open";
+    EndMenu();
+}
+
+// A menu that is open has a message loop of the system's, which would wait for ever for a window that nobody can see.
+TEST_F(DesktopTest, ClosingAWindowEndsItsMenuFirst) {
+    const auto inMenu = [] { return IsWindowVisible(FindWindowA("#32768", nullptr)) != FALSE; };
+    for (const char* of : {"window", "text box", "list"}) {
+        EveryControl form(desktop);
+        form.shows.addCommand(form.ok);
+        form.shows.setSelected(1);
+        form.show();
+        bool inMenuAtTheEnd = false;
+        form.onUnload = [&] { inMenuAtTheEnd = inMenu(); };
+        int ticks = 0;
+        form.timer.onTimer = [&] {
+            if (inMenu() && ++ticks == 3) PostMessageA(windowOf(form), WM_CLOSE, 0, 0);
+        };
+        form.timer.setEnabled(true);
+        const UINT_PTR rescue = SetTimer(nullptr, 0, 5000, endLateMenu);
+        if (*of == 'w')
+            post(windowOf(form), WM_SYSCOMMAND, SC_KEYMENU, 'f');
+        else
+            post(*of == 't' ? windowOf(form.text) : windowOf(form.shows), WM_CONTEXTMENU, 0, -1);
+        desktop.run();
+        KillTimer(nullptr, rescue);
+        EXPECT_GE(ticks, 3) << of;
+        EXPECT_FALSE(inMenuAtTheEnd) << of;
+    }
+}
+
+TEST_F(DesktopTest, AListOffersItsCommandsWhereTheyAreAllowed) {
+    EveryControl form(desktop);
+    for (int item = 0; item < 60; ++item) form.shows.add({"Item", 0, {}, {}});
+    for (ui::CommandButton* button : {&form.ok, &form.cancel}) form.shows.addCommand(*button);
+    form.ok.setEnabled(false);
+    form.show();
+    desktop.doEvents();
+    std::string offered;
+    std::vector<WPARAM> keys;
+    form.timer.onTimer = [&] {
+        const HWND popup = FindWindowA("#32768", nullptr);
+        constexpr UINT MnGetMenu = 0x1E1;
+        if (!popup || !IsWindowVisible(popup) || keys.empty()) return;
+        if (offered.empty()) {
+            const auto menu = reinterpret_cast<HMENU>(SendMessageA(popup, MnGetMenu, 0, 0));
+            RECT at = {}, list = {}, both = {};
+            GetWindowRect(popup, &at);
+            GetWindowRect(windowOf(form.shows), &list);
+            offered = IntersectRect(&both, &at, &list) ? "" : "not at the item: ";
+            for (int i = 0; i < GetMenuItemCount(menu); ++i) {
+                char text[32] = "";
+                GetMenuStringA(menu, static_cast<UINT>(i), text, sizeof text, MF_BYPOSITION);
+                const bool grey = (GetMenuState(menu, static_cast<UINT>(i), MF_BYPOSITION) & MF_GRAYED) != 0;
+                offered += std::string(text) + (grey ? "(grey) " : " ");
+            }
+        }
+        PostMessageA(windowOf(form), WM_KEYDOWN, keys.back(), 1);
+        keys.pop_back();
+    };
+    form.timer.setEnabled(true);
+    const struct {
+        int selected;
+        bool byMouse;
+        const char *offered, *event;
+    } rows[] = {{0, false, "", ""},
+                {1, false, "&OK(grey) Cance&l ", "cancel"},
+                {60, false, "&OK(grey) Cance&l ", "cancel"},  // not on the screen until it is asked for
+                {60, true, "", ""}};                          // beside the items
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.selected);
+        form.shows.setSelected(row.selected);
+        ask(form.shows, LVM_SCROLL, 0, -10000);
+        form.events.clear();
+        offered.clear();
+        keys = {VK_RETURN, 'L'};
+        RECT place = {};
+        GetWindowRect(windowOf(form.shows), &place);
+        ask(form.shows, WM_CONTEXTMENU, 0, row.byMouse ? MAKELPARAM(place.left + 1, place.top + 1) : -1);
+        EXPECT_EQ(offered, row.offered);
+        EXPECT_EQ(form.events, row.event[0] ? std::vector<std::string>{row.event} : std::vector<std::string>{});
+        if (!row.selected) keys.clear();
+    }
+    form.unload();
+}
+
+// As wide as the screen is no menu, and as high as the list no label: the list would scroll past it.
+TEST_F(DesktopTest, ShortensWhatWouldNotFit) {
+    EveryControl form(desktop);
+    const std::string w(259, 'W');
+    form.menu().add("pair", std::string(46, 'x') + "&&" + w);
+    form.menu().add("long", w);
+    for (int item = 4; item < 60; ++item) form.shows.add({"Item", 1, {}, {}});
+    form.shows.add({w, 1, {}, {}});
+    form.shows.setSelected(60);
+    form.show();
+    desktop.doEvents();
+    char text[300] = "";
+    const HMENU menu = GetMenu(windowOf(form));
+    GetMenuStringA(menu, 1, text, sizeof text, MF_BYPOSITION);
+    EXPECT_STREQ(text, "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx...");
+    GetMenuStringA(menu, 2, text, sizeof text, MF_BYPOSITION);
+    EXPECT_STREQ(text, "WWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWW...");
+    LVITEMA item = {};
+    item.pszText = text;
+    item.cchTextMax = sizeof text;
+    ask(form.shows, LVM_GETITEMTEXTA, 59, reinterpret_cast<LPARAM>(&item));
+    EXPECT_STREQ(text, "WWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWW...");
+    RECT icon = {LVIR_ICON, 0, 0, 0};
+    ask(form.shows, LVM_GETITEMRECT, 59, reinterpret_cast<LPARAM>(&icon));
+    EXPECT_GT(icon.bottom, 0);
     form.unload();
 }
 
@@ -223,6 +362,32 @@ TEST_F(DesktopTest, EndingTheProgramClosesASystemDialogBelow) {
     main.unload();
 }
 
+// Somebody outside can close what is disabled. A dialog is still needed by what comes after the question.
+TEST_F(DesktopTest, ClosingTheMainWindowClosesASystemDialogAboveIt) {
+    for (const bool file : {false, true}) {
+        EveryControl main(desktop), dialog(desktop, Kind::Dialog);
+        main.show();
+        bool dialogStayed = false;
+        int ticks = 0;
+        main.timer.onTimer = [&] {
+            const HWND popup = GetLastActivePopup(windowOf(dialog));
+            if (popup == windowOf(dialog) || !IsWindowVisible(popup)) return;
+            if (++ticks == 1) post(windowOf(dialog), WM_CLOSE);
+            if (ticks == 3) dialogStayed = dialog.loaded(), dialog.unload(), post(windowOf(main), WM_CLOSE);
+        };
+        whenShown(dialog, [&] {
+            main.timer.setEnabled(true);
+            if (file)
+                EXPECT_FALSE(desktop.openFile({"Title", "All (*.*)|*.*", "", ""}));
+            else
+                EXPECT_EQ(desktop.messageBox("Really?", "", ui::MessageStyle::ExclamationYesNo), ui::Answer{});
+        });
+        dialog.showModal(&main);
+        EXPECT_TRUE(dialogStayed) << file;
+        EXPECT_FALSE(main.loaded()) << file;
+    }
+}
+
 TEST_F(DesktopTest, AfterAModalFormTheWindowActiveBeforeIsActiveAgain) {
     EveryControl main(desktop);
     main.show();
@@ -262,25 +427,37 @@ TEST_F(DesktopTest, EndingTheProgramLeavesEveryLoop) {
 TEST_F(DesktopTest, QuestionsAreAskedByTheSystem) {
     EveryControl form(desktop);
     form.show();
+    bool sizable = false;
     const auto answer = [&](WPARAM button) {
-        form.timer.onTimer = [&form, button] {
+        form.timer.onTimer = [&form, &sizable, button] {
             const HWND box = GetLastActivePopup(windowOf(form));
             if (box == windowOf(form) || !IsWindowVisible(box)) return;
             form.timer.setEnabled(false);
+            sizable = GetWindowLongPtrA(box, GWL_STYLE) & WS_THICKFRAME;
+            RECT place = {}, work = {};
+            GetWindowRect(box, &place);
+            SystemParametersInfoA(SPI_GETWORKAREA, 0, &work, 0);
+            EXPECT_TRUE(place.right <= work.right && place.bottom <= work.bottom);
             PostMessageA(box, WM_COMMAND, button, 0);
         };
         form.timer.setEnabled(true);
     };
+    SetWindowPos(windowOf(form), nullptr, GetSystemMetrics(SM_CXSCREEN) - 50, GetSystemMetrics(SM_CYSCREEN) - 50, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER);
     for (const auto& [button, given] : {std::pair{IDYES, ui::Answer::Yes}, {IDNO, ui::Answer::No}}) {
         answer(static_cast<WPARAM>(button));
         EXPECT_EQ(desktop.messageBox("Really?", "Title", ui::MessageStyle::ExclamationYesNo), given);
     }
-    char file[MAX_PATH] = "";
+    char file[MAX_PATH] = "", before[MAX_PATH] = "", after[MAX_PATH] = "";
     GetModuleFileNameA(nullptr, file, sizeof file);
+    GetCurrentDirectoryA(sizeof before, before);
     for (const auto& [button, chosen] : {std::pair{IDOK, file}, {IDCANCEL, nullptr}}) {
         answer(static_cast<WPARAM>(button));
         const auto path = desktop.openFile({"Title", "Programs (*.exe)|*.exe", "exe", file});
         EXPECT_EQ(path.value_or("none"), chosen ? chosen : "none");
+        GetCurrentDirectoryA(sizeof after, after);
+        EXPECT_STREQ(after, before);
+        EXPECT_TRUE(sizable);
     }
     form.unload();
 }

@@ -1,6 +1,10 @@
-// What a form draws itself: its lines and its labels.
+// What a form draws itself, its lines and pictures; and what is painted when its window changes its size.
+#include <deque>
+#include <map>
+
 #include "EveryControl.h"
 
+#include "support/EditingFixture.h"
 #include "win32/Handles.h"
 #include "win32/Screen.h"
 
@@ -28,42 +32,6 @@ std::string drawn(const ui::Form& form, const RECT& place) {
 
 using DrawingTest = WindowsTest;
 
-TEST_F(DrawingTest, ALabelIsDrawnWithEveryChangeAndWhereItIs) {
-    EveryControl form(desktop);
-    form.show();
-    const win32::Screen screen;
-    const RECT place = screen.pixels(form.label.absoluteBounds());
-    const std::string nothing(drawn(form, place).size(), '\xFF');
-
-    std::vector<std::string> pictures{nothing, drawn(form, place)};
-    const std::pair<const char*, std::function<void()>> changes[] = {
-        {"an ampersand is a letter", [&] { form.label.setCaption("Name:"); }},
-        {"disabled", [&] { form.label.setEnabled(false); }},
-        {"moved", [&] { form.label.setLeft(form.label.left() + 150); }},
-    };
-    for (const auto& [what, change] : changes) {
-        UpdateWindow(windowOf(form));
-        change();
-        RECT asked = {}, common = {};
-        EXPECT_TRUE(GetUpdateRect(windowOf(form), &asked, FALSE) && IntersectRect(&common, &asked, &place)) << what;
-        pictures.push_back(drawn(form, place));
-        for (std::size_t i = 0; i + 1 < pictures.size(); ++i) EXPECT_TRUE(pictures[i] != pictures.back()) << what;
-    }
-    form.label.setVisible(false);
-    EXPECT_TRUE(drawn(form, place) == nothing);
-    form.unload();
-}
-
-TEST_F(DrawingTest, ALabelIsBoldOnlyWhereItSaysSo) {
-    EveryControl form(desktop);
-    form.show();
-    const RECT place = win32::Screen().pixels(form.label.absoluteBounds());
-    const std::string plain = drawn(form, place);
-    form.label.makeBold();
-    EXPECT_TRUE(drawn(form, place) != plain);
-    form.unload();
-}
-
 TEST_F(DrawingTest, AnImageIsDrawnAtItsPlaceUntilItIsTakenAway) {
     EveryControl form(desktop);
     form.show();
@@ -83,32 +51,58 @@ TEST_F(DrawingTest, AnImageIsDrawnAtItsPlaceUntilItIsTakenAway) {
     form.unload();
 }
 
-TEST_F(DrawingTest, APageThatComesBackIsCleanedOfThePageBefore) {
-    EveryControl form(desktop);
-    form.show();
-    const ui::Twips left = form.page.left();
-    form.page.setLeft(-10000);
-    UpdateWindow(windowOf(form));
-    form.page.setLeft(left);
-    const RECT place = win32::Screen().pixels(form.page.absoluteBounds());
-    RECT asked = {}, common = {};
-    GetUpdateRect(windowOf(form), &asked, FALSE);
-    IntersectRect(&common, &asked, &place);
-    EXPECT_TRUE(EqualRect(&common, &place));
-    form.unload();
-}
-
 TEST_F(DrawingTest, ALineIsAPixelThick) {
     EveryControl form(desktop);
     form.show();
     const RECT place = {10, 100, 30, 104};
     const std::string before = drawn(form, place);
-    form.drawLine({0, 15 * 101, form.client().width, 15 * 101, ui::SystemColour::Shadow3D});
+    form.setLines({{0, 15 * 101, form.client().width, 15 * 101, ui::SystemColour::Shadow3D}});
     const std::string after = drawn(form, place);
     std::size_t changed = 0;
     for (std::size_t at = 0; at < after.size(); at += 3) changed += after.compare(at, 3, before, at, 3) != 0;
     EXPECT_EQ(changed, 20u);
     form.unload();
+}
+
+// How often each control of the main window was painted, by its name.
+std::map<std::string, int> painted;
+constexpr const char* Named = "name";
+WNDPROC painting;
+
+// Stands before the program's own procedure, which is the same for every control.
+LRESULT CALLBACK countPaint(HWND window, UINT message, WPARAM w, LPARAM l) {
+    if (message == WM_PAINT) ++painted[*static_cast<std::string*>(GetPropA(window, Named))];
+    return CallWindowProcA(painting, window, message, w, l);
+}
+
+using ResizingTest = EditingFixture;
+
+TEST_F(ResizingTest, AStepPaintsNothingButWhatHasMovedAndTheList) {
+    window->show();
+    std::deque<std::string> names;
+    for (ui::Control* control : window->controls()) {
+        if (!windowOf(*control)) continue;
+        SetPropA(windowOf(*control), Named, &names.emplace_back(control->name()));
+        painting = reinterpret_cast<WNDPROC>(
+            SetWindowLongPtrA(windowOf(*control), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&countPaint)));
+    }
+    desktop.doEvents();
+    RECT bounds = {};
+    GetWindowRect(windowOf(*window), &bounds);
+    const RECT icon = win32::Screen().pixels(window->picZoneIcon.absoluteBounds());
+    std::map<std::string, int> atMost{
+        {"cmdZoneOption", 3}, {"lblZoneCaption", 1}, {"lblZoneName", 1}, {"lvwZones", 2}, {"zzzfraInfo", 1}};
+    for (const int wider : {40, 80, 60}) {
+        painted.clear();
+        SetWindowPos(windowOf(*window), nullptr, 0, 0, bounds.right - bounds.left + wider, bounds.bottom - bounds.top,
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        const HRGN own = CreateRectRgn(0, 0, 0, 0);
+        GetUpdateRgn(windowOf(*window), own, FALSE);
+        EXPECT_FALSE(RectInRegion(own, &icon)) << "what the form draws has not moved";
+        DeleteObject(own);
+        desktop.doEvents();
+        for (const auto& [name, times] : painted) EXPECT_LE(times, atMost[name]) << name << " by " << wider;
+    }
 }
 
 }  // namespace

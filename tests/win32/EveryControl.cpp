@@ -14,7 +14,6 @@ ui::Picture plainBitmap() {
 }
 
 EveryControl::EveryControl(ui::Desktop& on, Kind kind) : Form(on, kind, "form", "Every control", {6400, 5800}) {
-    picture.setTabStop(true);
     setDefaultButton(ok);
     setCancelButton(cancel);
     combo.setItems({"a", "b", "c"});
@@ -31,7 +30,7 @@ EveryControl::EveryControl(ui::Desktop& on, Kind kind) : Form(on, kind, "form", 
     tree.add({"on", 2, 0, {}, true});
 
     const auto note = [this](const char* name) { return [this, name] { events.emplace_back(name); }; };
-    const auto noteItem = [this](std::string name) {
+    const auto noteItem = [this](const char* name) {
         return [this, name](int item) { events.push_back(name + std::to_string(item)); };
     };
     text.onChange = note("text");

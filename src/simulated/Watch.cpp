@@ -1,10 +1,11 @@
-#include "support/Watched.h"
+#include "simulated/Watch.h"
 
-namespace watched {
+namespace simulated {
 
 using namespace platform;
 
 std::optional<Result> Watch::before(const char* function) {
+    if (pauses_ > 0 || (above && above->pauses_ > 0)) return std::nullopt;
     if (onCall) onCall(function);
     const auto calls = calls_.find(std::string_view(function));
     ++(calls == calls_.end() ? calls_[function] : calls->second);
@@ -37,11 +38,4 @@ int Watch::calls(const std::string& function) const {
     return found == calls_.end() ? 0 : found->second;
 }
 
-void Watch::failOn(int n, Result code) {
-    failures_[Any] = {n, code};
-}
-void Watch::failOn(const std::string& function, int n, Result code) {
-    failures_[function] = {n, code};
-}
-
-}  // namespace watched
+}  // namespace simulated

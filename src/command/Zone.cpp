@@ -1,0 +1,140 @@
+#include "command/Zone.h"
+
+#include <algorithm>
+
+#include "util/Error.h"
+#include "util/characters.h"
+#include "util/numbers.h"
+#include "zones/Templates.h"
+#include "zones/zones.h"
+
+namespace command {
+
+namespace {
+
+// Numbers by their size, anything else behind them.
+bool before(const std::string& a, const std::string& b) {
+    const auto x = zones::numberOf(a), y = zones::numberOf(b);
+    if (x && y) return *x < *y;
+    if (x || y) return x.has_value();
+    return util::lower(a) < util::lower(b);
+}
+
+void sortByName(std::vector<ListedValue>& values) {
+    std::sort(values.begin(), values.end(),
+              [](const ListedValue& a, const ListedValue& b) { return util::lower(a.name) < util::lower(b.name); });
+}
+
+[[noreturn]] void unreadable(const std::string& key) {
+    throw util::Error(util::NumberFileAccess, "command", "The registry key \"" + key + "\" cannot be read.");
+}
+
+template <std::size_t N>
+bool isOneOf(std::string_view name, const NamedValue (&known)[N]) {
+    return std::any_of(known, known + N, [&](const NamedValue& v) { return util::equalFolded(name, v.value); });
+}
+
+// Collects what it is told.
+class Description : public zones::SettingsVisitor {
+public:
+    explicit Description(platform::Platform& platform) : platform_(platform) {}
+    std::vector<SettingGroup> groups;
+
+    void group(const std::string& text, const std::string&) override { groups.push_back({text, {}}); }
+    void setting(const std::string& caption) override { groups.back().settings.push_back({caption, {}, {}}); }
+    void option(const zones::Option& option) override {
+        Setting& setting = groups.back().settings.back();
+        if (setting.options.empty()) setting.valueName = option.valueName;
+        setting.options.push_back(option);
+    }
+    std::string resolve(const std::string& reference) override { return zones::resourceText(platform_, reference); }
+
+private:
+    platform::Platform& platform_;
+};
+
+std::string levelText(std::uint32_t number) {
+    const auto index = zones::levelIndex(number);
+    return index ? zones::Levels[static_cast<std::size_t>(*index)].name : util::toDecimal(number);
+}
+
+}  // namespace
+
+bool isSettingName(std::string_view name) {
+    return !isOneOf(name, ZoneTexts) && !isOneOf(name, ZoneLevels) && !util::equalFolded(name, zones::value::Flags);
+}
+
+const ListedValue* Zone::find(std::string_view name) const {
+    const std::string folded = util::lower(name);
+    const auto found = std::lower_bound(values.begin(), values.end(), folded,
+                                        [](const ListedValue& v, const auto& n) { return util::lower(v.name) < n; });
+    return found != values.end() && util::lower(found->name) == folded ? &*found : nullptr;
+}
+
+std::string Zone::name() const {
+    const ListedValue* name = find(zones::value::DisplayName);
+    return name ? name->text : std::string();
+}
+
+std::vector<Zone> readZones(clsRegistry& registry) {
+    const clsRegistry::FailureWatch watch(registry);
+    std::vector<Zone> zones;
+    zones::goToZones(registry);
+    for (const std::string& key : registry.DirKey().value_or(std::vector<std::string>())) {
+        if (zones::goToZone(registry, key) != Found::Present) unreadable(zones::ZonesKey + ("\\" + key));
+        zones.push_back({key, registry.DirValue().value_or(std::vector<ListedValue>())});
+        if (watch.failed()) unreadable(zones::ZonesKey + ("\\" + key));
+        sortByName(zones.back().values);
+    }
+    if (watch.failed()) unreadable(zones::ZonesKey);
+    std::sort(zones.begin(), zones.end(), [](const Zone& a, const Zone& b) { return before(a.key, b.key); });
+    return zones;
+}
+
+Zone readLevel(clsRegistry& registry, int level) {
+    const clsRegistry::FailureWatch watch(registry);
+    auto values = zones::templateOf(registry, level);
+    if (watch.failed()) unreadable(zones::TemplatesKey);
+    const std::string name = zones::Levels.at(static_cast<std::size_t>(level)).name;
+    if (!values) throw util::Error(util::NumberFileNotFound, "command", "There is no template for \"" + name + "\".");
+    std::erase_if(*values, [](const ListedValue& v) { return !zones::isSetting(v); });
+    sortByName(*values);
+    return {{}, std::move(*values)};
+}
+
+void Words::add(platform::Platform& platform, clsRegistry& registry) {
+    const clsRegistry::FailureWatch watch(registry);
+    Description read(platform);
+    zones::readSettings(registry, read);
+    if (watch.failed()) unreadable(zones::SettingsKey);
+    for (SettingGroup& group : read.groups) {
+        std::erase_if(group.settings, [&](const Setting& setting) {
+            return setting.valueName.empty() || settingOf(setting.valueName) != nullptr;
+        });
+        // The caption may stand in a program file that another machine has.
+        for (Setting& setting : group.settings)
+            if (setting.caption.empty()) setting.caption = setting.valueName;
+        if (!group.settings.empty()) groups_.push_back(std::move(group));
+    }
+}
+
+const Setting* Words::settingOf(std::string_view valueName) const {
+    for (const SettingGroup& group : groups_)
+        for (const Setting& setting : group.settings)
+            if (util::equalFolded(setting.valueName, valueName)) return &setting;
+    return nullptr;
+}
+
+std::string Words::meaning(std::string_view valueName, const ListedValue* value) const {
+    if (!value) return Missing;
+    if (value->type == ValueType::Binary) return "binary " + value->text;
+    if (value->type == ValueType::String && isOneOf(valueName, ZoneTexts)) return value->text;
+    if (!value->plainNumber) return "\"" + value->text + "\"";
+    if (isOneOf(valueName, ZoneLevels)) return levelText(value->number);
+    if (const Setting* setting = settingOf(valueName))
+        for (const zones::Option& option : setting->options)
+            if (option.number == value->number && util::equalFolded(option.valueName, valueName)) return option.text;
+    return util::toDecimal(value->number);
+}
+
+}  // namespace command

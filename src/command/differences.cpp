@@ -1,0 +1,131 @@
+#include "command/differences.h"
+
+#include <algorithm>
+
+#include "util/characters.h"
+#include "util/numbers.h"
+#include "zones/zones.h"
+
+namespace command {
+
+namespace {
+
+bool equal(const ListedValue* a, const ListedValue* b) {
+    if (!a || !b) return a == b;
+    return a->type == b->type && a->plainNumber == b->plainNumber && a->text == b->text;
+}
+
+class Comparison {
+public:
+    Comparison(const Compared& a, const Compared& b, const Words& words) : a_(a), b_(b), words_(words) {}
+
+    std::vector<Difference> take() {
+        if (a_.level || b_.level)
+            againstLevel();
+        else if (a_.single && b_.single)
+            compare(a_.zones.front(), b_.zones.front());
+        else
+            byNumber();
+        return std::move(found_);
+    }
+
+private:
+    void againstLevel() {
+        for (const Zone& x : a_.zones)
+            for (const Zone& y : b_.zones) compare(x, y);
+    }
+
+    // A single zone is compared with its like; the others on the other side are not missing here.
+    void byNumber() {
+        for (const Zone& zone : a_.zones)
+            if (const Zone* other = zoneOf(b_, zone.key))
+                compare(zone, *other);
+            else if (!b_.single)
+                found_.push_back({zone.key, zone.name(), "", "only in " + a_.text, ""});
+        for (const Zone& zone : b_.zones)
+            if (!a_.single && !zoneOf(a_, zone.key))
+                found_.push_back({zone.key, zone.name(), "", "", "only in " + b_.text});
+    }
+
+    static const Zone* zoneOf(const Compared& side, const std::string& key) {
+        const auto found = std::find_if(side.zones.begin(), side.zones.end(),
+                                        [&](const Zone& z) { return util::equalFolded(z.key, key); });
+        return found == side.zones.end() ? nullptr : &*found;
+    }
+
+    void compare(const Zone& x, const Zone& y) {
+        x_ = &x;
+        y_ = &y;
+        if (!a_.level && !b_.level) {
+            for (const NamedValue& text : ZoneTexts) compareValue(text.value, text.caption);
+            for (const NamedValue& level : ZoneLevels) compareValue(level.value, level.caption);
+            compareFlags();
+        }
+        for (const SettingGroup& group : words_.groups())
+            for (const Setting& setting : group.settings) compareSetting(setting.valueName, setting.caption);
+        compareOthers();
+    }
+
+    // Values that no description knows, of both zones in the order of their names.
+    void compareOthers() {
+        std::vector<std::string> names;
+        for (const Zone* zone : {x_, y_})
+            for (const ListedValue& value : zone->values)
+                if (isSettingName(value.name) && !words_.settingOf(value.name)) names.push_back(value.name);
+        const auto less = [](const auto& l, const auto& r) { return util::lower(l) < util::lower(r); };
+        std::sort(names.begin(), names.end(), less);
+        names.erase(std::unique(names.begin(), names.end(), util::equalFolded), names.end());
+        for (const std::string& name : names) compareSetting(name, name.empty() ? "(default value)" : name);
+    }
+
+    // A level says nothing about settings that its template lacks, and a backup nothing about values that it cannot
+    // carry.
+    void compareSetting(const std::string& value, const std::string& caption) {
+        const ListedValue *before = x_->find(value), *after = y_->find(value);
+        if ((a_.level && !before) || (b_.level && !after)) return;
+        if (a_.textsAndNumbers != b_.textsAndNumbers && !carried(before) && !carried(after)) return;
+        compareValue(value, caption);
+    }
+    static bool carried(const ListedValue* value) {
+        if (!value || value->type == ValueType::Binary) return false;
+        return !value->name.empty() || value->text.empty();
+    }
+
+    void compareValue(std::string_view value, std::string caption) {
+        const ListedValue *before = x_->find(value), *after = y_->find(value);
+        if (!equal(before, after)) add(std::move(caption), words_.meaning(value, before), words_.meaning(value, after));
+    }
+
+    void compareFlags() {
+        const ListedValue *before = x_->find(zones::value::Flags), *after = y_->find(zones::value::Flags);
+        if (equal(before, after)) return;
+        if (!before || !after || !before->plainNumber || !after->plainNumber)
+            return add("Flags", words_.meaning(zones::value::Flags, before),
+                       words_.meaning(zones::value::Flags, after));
+        std::uint32_t different = before->number ^ after->number;
+        for (std::size_t i = 0; i < zones::FlagCaptions.size(); ++i, different >>= 1)
+            if (different & 1)
+                add(std::string(util::trimmed(zones::FlagCaptions[i])), before->number >> i & 1 ? "yes" : "no",
+                    after->number >> i & 1 ? "yes" : "no");
+        // Bits that no box stands for.
+        if (different != 0) add("Flags", util::toDecimal(before->number), util::toDecimal(after->number));
+    }
+
+    void add(std::string what, std::string before, std::string after) {
+        const Zone& zone = y_->key.empty() ? *x_ : *y_;
+        found_.push_back({zone.key, zone.name(), std::move(what), std::move(before), std::move(after)});
+    }
+
+    const Compared &a_, &b_;
+    const Words& words_;
+    const Zone *x_ = nullptr, *y_ = nullptr;
+    std::vector<Difference> found_;
+};
+
+}  // namespace
+
+std::vector<Difference> differences(const Compared& a, const Compared& b, const Words& words) {
+    return Comparison(a, b, words).take();
+}
+
+}  // namespace command

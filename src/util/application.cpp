@@ -1,0 +1,3 @@
+#include "util/application.h"
+
+const char* const AppVersion = TAVIMOR_VERSION;

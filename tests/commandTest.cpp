@@ -1,0 +1,210 @@
+// The program without windows: what each command prints, and its exit code, as tests/commands.txt has it.
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "command/run.h"
+#include "platform/Console.h"
+#include "support/TestSystem.h"
+
+namespace {
+
+// Keeps what is printed. Answers, when there is one, every question alike.
+class TestConsole : public platform::Console {
+public:
+    std::string printed;
+    std::optional<std::string> answer;
+    std::function<void()> onPause;
+
+    void print(std::string_view text) override { printed += text; }
+    void printError(std::string_view text) override { printed += "! " + std::string(text); }
+    bool canAsk() override { return answer.has_value(); }
+    std::string ask(std::string_view question) override {
+        printed += "? " + std::string(question) + *answer + "\n";
+        return *answer;
+    }
+    void pause() override { onPause(); }
+    std::string fromUtf16(std::u16string_view text) override { return {text.begin(), text.end()}; }
+    std::string fromBytes(std::string_view bytes) override { return std::string(bytes); }
+};
+
+// The words of a line; those in quotes may have blanks in them.
+std::vector<std::string> wordsOf(const std::string& line) {
+    std::vector<std::string> words;
+    std::istringstream rest(line);
+    for (char c; rest >> c;) {
+        std::string word;
+        if (c == '"') {
+            std::getline(rest, word, '"');
+        } else {
+            rest.putback(c);
+            rest >> word;
+        }
+        words.push_back(word);
+    }
+    return words;
+}
+
+struct CommandTest : testing::Test {
+    TestSystem system;
+    TestConsole console;
+
+    int run(const std::vector<std::string>& arguments) {
+        console.printed.clear();
+        return command::run({system.platform()}, console, arguments);
+    }
+
+    // "@" stands for the program's folder.
+    std::string placed(std::string text) {
+        for (std::size_t at = 0; (at = text.find('@', at)) != std::string::npos; at += system.programFolder().size())
+            text.replace(at, 1, system.programFolder());
+        return text;
+    }
+    std::vector<std::string> placed(std::vector<std::string> words) {
+        for (std::string& word : words) word = placed(std::move(word));
+        return words;
+    }
+};
+
+// Lines that begin with "<" name a file, which goes on up to a line "."; with "$" a command, behind which stand what it
+// prints and "= " with its exit code. Other lines are remarks.
+TEST_F(CommandTest, EveryCommandPrintsWhatTheListHas) {
+    system.seedZones();
+    system.seedBrowser();
+    std::istringstream list(
+#include "commands.txt.inc"
+    );
+    int commands = 0;
+    for (std::string line; std::getline(list, line);) {
+        if (line.starts_with("< ")) {
+            const std::string name = line.substr(2);
+            std::string text;
+            while (std::getline(list, line) && line != ".") text += line + "\r\n";
+            system.writeFile(name, text);
+        } else if (line.starts_with("$ ")) {
+            SCOPED_TRACE(line);
+            ++commands;
+            const std::string typed = line.substr(2);
+            std::string expected;
+            while (std::getline(list, line) && !line.starts_with("= ")) expected += line + "\n";
+            EXPECT_EQ(run(placed(wordsOf(typed))), std::stoi(line.substr(2)));
+            EXPECT_EQ(console.printed, placed(expected));
+        }
+    }
+    EXPECT_GT(commands, 40);
+}
+
+std::string wide(std::string_view text) {
+    std::string bytes = "\xFF\xFE";
+    for (const char c : text) bytes.append({c, '\0'});
+    return bytes;
+}
+
+const std::string Key =
+    "[HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\Zones\\3]\r\n";
+
+// Ways to write one zone, which no comparison tells from the plain one.
+TEST_F(CommandTest, ReadsExportsHoweverTheyAreWritten) {
+    const std::string plain = "REGEDIT4\r\n\r\n" + Key +
+                              "\"DisplayName\"=\"A \\\"b\\\" \\\\c\"\r\n\"1001\"=dword:00000003\r\n"
+                              "\"Blob\"=hex:01,a0,ff\r\n\"Path\"=hex(2):43,3a,00\r\n";
+    const std::string header5 = "Windows Registry Editor Version 5.00\r\n\r\n";
+    const std::string values = "\"DisplayName\"=\"A \\\"b\\\" \\\\c\"\r\n\"1001\"=dword:3\r\n";
+    const std::string path5 = "\"Path\"=hex(2):43,00,3a,00,00,00\r\n";
+    system.writeFile("plain.reg", plain);
+    const std::pair<const char*, std::string> cases[] = {
+        {"UTF-16", wide(header5 + Key + values + "\"Blob\"=hex:01,a0,ff\r\n" + path5)},
+        {"UTF-16 without its mark", wide(header5 + Key + values + "\"Blob\"=hex:01,a0,ff\r\n" + path5).substr(2)},
+        {"version 5.00 in single bytes", header5 + Key + values + "\"Blob\"=hex:01,a0,ff\r\n" + path5},
+        {"blanks around =", "REGEDIT4\n" + Key +
+                                "\"DisplayName\" = \"A \\\"b\\\" \\\\c\" \n  \"1001\"\t=\tdword:3\n"
+                                "\"Blob\" = hex:01,\\\n  a0,\\\n  ff\n\"Path\"= hex(2):43,3a,00\n"},
+        {"line ends of CR", "REGEDIT4\r\r" + Key.substr(0, Key.size() - 1) +
+                                "\"DisplayName\"=\"A \\\"b\\\" \\\\c\"\r"
+                                "\"1001\"=dword:3\r\"Blob\"=hex:1,A0,\\\r FF\r\"Path\"=hex(2):43,3a,0\r"},
+        {"deletions and comments", plain + "  ; a remark\r\n \t\r\n\"1200\"=dword:1\r\n\"1200\"=-\r\n\"1201\"=-\r\n" +
+                                       Key.substr(0, Key.size() - 5) + "\\9\\1]\r\n@=\"\"\r\n[-" +
+                                       Key.substr(1, Key.size() - 6) + "\\9]\r\n"},
+    };
+    for (const auto& [name, text] : cases) {
+        system.writeFile("other.reg", text);
+        EXPECT_EQ(run({"diff", "file:" + system.path("plain.reg"), "file:" + system.path("other.reg")}), 0) << name;
+        EXPECT_EQ(console.printed, "") << name;
+    }
+    // What one of them leaves out is seen.
+    system.writeFile("other.reg", header5 + Key + values);
+    EXPECT_EQ(run({"diff", "file:" + system.path("plain.reg"), "file:" + system.path("other.reg")}), 1);
+    EXPECT_EQ(console.printed,
+              "Zone 3, A \"b\" \\c\n  Blob: binary 1 A0 FF -> (missing)\n  Path: \"C:\" -> (missing)\n");
+}
+
+TEST_F(CommandTest, TellsTheLineThatItCannotRead) {
+    const std::pair<std::string, const char*> cases[] = {
+        {"", "line 1: it is no registry export"},
+        {"Zones\r\n", "line 1: it is no registry export"},
+        {"REGEDIT4\r\n\r\n\"1001\"=dword:3\r\n", "line 3 cannot be understood: \"1001\"=dword:3"},
+        {"REGEDIT4\r\n[HKEY_NOWHERE\\Zones]\r\n", "line 2 cannot be understood: [HKEY_NOWHERE\\Zones]"},
+        {"REGEDIT4\r\n" + Key + "\"1001\"=dword:xyz\r\n", "line 3 cannot be understood: \"1001\"=dword:xyz"},
+        {"REGEDIT4\r\n" + Key + "\"1001\"=hex:01,\\\r\n 1000\r\n", "line 3 cannot be understood: \"1001\"=hex:01,\\"},
+        {"REGEDIT4\r\n" + Key + "\"1001\"=\"open\r\n", "line 3 cannot be understood: \"1001\"=\"open"},
+    };
+    for (const auto& [text, wrong] : cases) {
+        system.writeFile("wrong.reg", text);
+        EXPECT_EQ(run({"--from", system.path("wrong.reg"), "zones"}), 2) << wrong;
+        EXPECT_EQ(console.printed, "! TavimorCmd: \"" + system.path("wrong.reg") + "\", " + wrong + "\n");
+    }
+    EXPECT_EQ(run({"--from", system.path("gone.reg"), "zones"}), 2);
+    EXPECT_TRUE(console.printed.starts_with("! TavimorCmd: \"" + system.path("gone.reg") + "\" cannot be read. "));
+}
+
+// Zones and levels that cannot be read are not taken for none.
+IN_MEMORY_TEST_F(CommandTest, ComparesNothingThatCannotBeRead) {
+    system.seedZones();
+    system.seedBrowser();
+    int failures = 0;
+    for (const char* function : {"RegOpenKeyExA", "RegEnumKeyExA", "RegEnumValueA", "RegQueryInfoKeyA"}) {
+        for (int n = 1;; n += 1 + n / 4) {
+            system.registry.watch.reset();
+            system.registry.watch.failOn(function, n, platform::AccessDenied);
+            const int code = run({"diff", "now", "level:High"});
+            if (!system.registry.watch.failed()) break;
+            EXPECT_EQ(code, 2) << function << " " << n << console.printed;
+            ++failures;
+        }
+    }
+    EXPECT_GT(failures, 30);
+}
+
+TEST_F(CommandTest, BacksUpAndRestores) {
+    system.seedZones();
+    system.seedBrowser();
+    ASSERT_EQ(run({"backup", "Before the change"}), 0);
+    EXPECT_EQ(console.printed, "3-9-2000 1457\n");
+    const std::string name = "3-9-2000 1457";
+    EXPECT_EQ(run({"diff", "backup:" + name}), 0);
+    EXPECT_EQ(console.printed, "");
+    system.setDword(
+        std::string("HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\") +
+            "Zones\\3",
+        "1004", 0);
+    EXPECT_EQ(run({"diff", "backup:" + name}), 1);
+    EXPECT_EQ(console.printed, "Zone 3, Internet\n  Download unsigned ActiveX controls: Disable -> Enable\n");
+
+    EXPECT_EQ(run({"restore", name}), 2);
+    EXPECT_EQ(console.printed, "! TavimorCmd: Restoring replaces all zones, and nobody can be asked: say --yes.\n");
+    console.answer = "n";
+    EXPECT_EQ(run({"restore", name}), 2);
+    EXPECT_EQ(run({"diff", "backup:" + name}), 1) << "nothing restored";
+    int pauses = 0;
+    console.onPause = [&] {
+        ++pauses;
+        system.endPrograms();
+    };
+    EXPECT_EQ(run({"restore", "--yes", name}), 0) << console.printed;
+    EXPECT_GT(pauses, 0) << "it waits for the registry editor";
+    EXPECT_EQ(run({"diff", "backup:" + name}), 0);
+    EXPECT_EQ(run({"backups"}), 0);
+    EXPECT_EQ(console.printed, "Name           Description\n3-9-2000 1457  Before the change\n");
+}
+
+}  // namespace
