@@ -16,11 +16,11 @@ constexpr const char* BrowserKey = "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Int
 constexpr const char* Started =
     "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\App Paths\\IEXPLORE.EXE";
 
-// What a test may change and the next must not find. The simulated registry starts without it anyway.
+// What a test may change, or a new Wine prefix holds, and the next test must not find. The simulated registry starts
+// without it anyway.
 constexpr const char* OwnedKeys[] = {
     zones::ZonesKey,
-    zones::DomainsKey,
-    "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\Ranges",
+    "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap",
     "HKEY_CURRENT_USER\\Identities",
     "HKEY_CURRENT_USER\\Software\\Pellweather Inc.",
     "HKEY_CURRENT_USER\\Software\\Tavimor Tests",
