@@ -96,14 +96,6 @@ HWND User::waitForWindow(const std::string& title) {
     return found;
 }
 
-void User::waitForNoWindow(const std::string& title) {
-    waitFor("end of the window \"" + title + "\"", [&] {
-        for (const HWND window : windows())
-            if (textOf(window) == title) return false;
-        return true;
-    });
-}
-
 std::vector<HWND> User::windows() const {
     std::vector<HWND> all;
     EnumWindows(addVisible, reinterpret_cast<LPARAM>(&all));

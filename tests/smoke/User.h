@@ -29,7 +29,6 @@ public:
     void waitFor(const std::string& what, const std::function<bool()>& there);
     // The visible window of that title that takes input.
     HWND waitForWindow(const std::string& title);
-    void waitForNoWindow(const std::string& title);
 
     // The visible control of that class and text below `window`.
     HWND control(HWND window, const std::string& className, const std::string& text = {});

@@ -12,7 +12,24 @@ namespace {
 
 using Kind = ui::Form::Kind;
 
-struct DesktopTest : WindowsTest {};
+struct DesktopTest : WindowsTest {
+    // Asks by a message box or the file dialog, and tells whether that brought an answer.
+    bool answered(bool byFile) {
+        if (byFile) return desktop.openFile({"Title", "All (*.*)|*.*", "", ""}).has_value();
+        return desktop.messageBox("Really?", "Title", ui::MessageStyle::ExclamationYesNo) != ui::Answer{};
+    }
+};
+
+// What stands over a form by the system's doing; null while there is nothing.
+HWND systemDialogOver(const ui::Form& form) {
+    const HWND popup = GetLastActivePopup(windowOf(form));
+    return popup != windowOf(form) && IsWindowVisible(popup) ? popup : nullptr;
+}
+
+HWND openMenu() {
+    const HWND menu = FindWindowA("#32768", nullptr);
+    return IsWindowVisible(menu) ? menu : nullptr;
+}
 
 // Does something when the form stands there complete and its modal loop is about to wait.
 template <class Action>
@@ -24,26 +41,54 @@ void whenShown(EveryControl& form, Action action) {
     form.timer.setEnabled(true);
 }
 
-TEST_F(DesktopTest, AModalFormKeepsTheOthersWaiting) {
-    EveryControl owner(desktop);
+TEST_F(DesktopTest, AModalFormKeepsTheOthersWaitingAndGivesTheFocusBack) {
+    EveryControl owner(desktop), dialog(desktop, Kind::Dialog), inner(desktop, Kind::Dialog);
     owner.show();
     const HWND ownerWindow = windowOf(owner);
-    EveryControl dialog(desktop, Kind::Dialog), inner(desktop, Kind::Dialog);
+    int focused = 0;
+    owner.combo.onGotFocus = [&] { ++focused; };
+    SetFocus(windowOf(owner.combo));
     whenShown(dialog, [&] {
         EXPECT_FALSE(IsWindowEnabled(ownerWindow));
         EXPECT_EQ(GetActiveWindow(), windowOf(dialog));
-        whenShown(inner, [&] {
-            EXPECT_EQ(GetWindow(windowOf(inner), GW_OWNER), windowOf(dialog)) << "no owner is the active form";
-            inner.unload();
-        });
-        inner.showModal();
-        EXPECT_TRUE(IsWindowEnabled(windowOf(dialog)) && !IsWindowEnabled(ownerWindow));
+        dialog.check.setFocus();
+        for (ui::Form* below : {static_cast<EveryControl*>(nullptr), &owner}) {
+            whenShown(inner, [&] {
+                EXPECT_EQ(GetWindow(windowOf(inner), GW_OWNER), below ? ownerWindow : windowOf(dialog))
+                    << "no owner is the active form";
+                inner.unload();
+            });
+            inner.showModal(below);
+            EXPECT_TRUE(IsWindowEnabled(windowOf(dialog)) && !IsWindowEnabled(ownerWindow));
+            EXPECT_EQ(GetActiveWindow(), windowOf(dialog));
+            EXPECT_EQ(GetFocus(), windowOf(dialog.check));
+        }
         dialog.unload();
         EXPECT_EQ(GetActiveWindow(), ownerWindow) << "not another program's window";
     });
     dialog.showModal(&owner);
     EXPECT_TRUE(IsWindowEnabled(ownerWindow) && !windowOf(dialog));
+    EXPECT_EQ(GetFocus(), windowOf(owner.combo));
+    EXPECT_EQ(focused, 1);
     owner.unload();
+}
+
+// A tool that the machine's user closes the session with would cut a backup in two.
+TEST_F(DesktopTest, ABusyFormKeepsTheWindowsAndTheSession) {
+    EveryControl main(desktop), dialog(desktop, Kind::Dialog);
+    main.show();
+    dialog.show();
+    for (const bool busy : {false, true, false}) {
+        dialog.setBusy(busy);
+        for (const ui::Form* form : {&main, &dialog}) {
+            EXPECT_EQ(SendMessageA(windowOf(*form), WM_QUERYENDSESSION, 0, 0), !busy);
+            if (busy) SendMessageA(windowOf(*form), WM_CLOSE, 0, 0);
+            EXPECT_TRUE(form->loaded());
+        }
+        EXPECT_EQ(IsWindowEnabled(windowOf(dialog)), !busy);
+    }
+    dialog.unload();
+    main.unload();
 }
 
 TEST_F(DesktopTest, AFormCanBeShownAgainEvenInTheHandlerThatUnloadedIt) {
@@ -108,17 +153,16 @@ void CALLBACK endLateMenu(HWND, UINT, UINT_PTR, DWORD) {
 
 // A menu that is open has a message loop of the system's, which would wait for ever for a window that nobody can see.
 TEST_F(DesktopTest, ClosingAWindowEndsItsMenuFirst) {
-    const auto inMenu = [] { return IsWindowVisible(FindWindowA("#32768", nullptr)) != FALSE; };
     for (const char* of : {"window", "text box", "list"}) {
         EveryControl form(desktop);
         form.shows.addCommand(form.ok);
         form.shows.setSelected(1);
         form.show();
         bool inMenuAtTheEnd = false;
-        form.onUnload = [&] { inMenuAtTheEnd = inMenu(); };
+        form.onUnload = [&] { inMenuAtTheEnd = openMenu(); };
         int ticks = 0;
         form.timer.onTimer = [&] {
-            if (inMenu() && ++ticks == 3) PostMessageA(windowOf(form), WM_CLOSE, 0, 0);
+            if (openMenu() && ++ticks == 3) PostMessageA(windowOf(form), WM_CLOSE, 0, 0);
         };
         form.timer.setEnabled(true);
         const UINT_PTR rescue = SetTimer(nullptr, 0, 5000, endLateMenu);
@@ -143,9 +187,9 @@ TEST_F(DesktopTest, AListOffersItsCommandsWhereTheyAreAllowed) {
     std::string offered;
     std::vector<WPARAM> keys;
     form.timer.onTimer = [&] {
-        const HWND popup = FindWindowA("#32768", nullptr);
+        const HWND popup = openMenu();
         constexpr UINT MnGetMenu = 0x1E1;
-        if (!popup || !IsWindowVisible(popup) || keys.empty()) return;
+        if (!popup || keys.empty()) return;
         if (offered.empty()) {
             const auto menu = reinterpret_cast<HMENU>(SendMessageA(popup, MnGetMenu, 0, 0));
             RECT at = {}, list = {}, both = {};
@@ -325,41 +369,35 @@ TEST_F(DesktopTest, AWindowThatCannotBeMadeIsTheSystemsError) {
     }
 }
 
-// Otherwise the program would end only when the user has closed that dialog as well.
-TEST_F(DesktopTest, EndingTheProgramClosesASystemDialogBelow) {
-    EveryControl main(desktop);
-    main.show();
-    bool closedByTest = false;
+// Otherwise the program would end only when the user has closed the system's dialog as well.
+TEST_F(DesktopTest, EndingTheProgramLeavesEveryLoop) {
     for (const bool file : {false, true}) {
-        EveryControl error(desktop, Kind::Dialog);
+        SCOPED_TRACE(file);
+        EveryControl main(desktop), error(desktop, Kind::Dialog);
         error.ok.onClick = [] { throw ui::EndProgram(); };
         whenShown(error, [&] { PostMessageA(windowOf(error.ok), BM_CLICK, 0, 0); });
         HWND box = nullptr;
         int ticks = 0;
         main.timer.onTimer = [&] {
-            if (!box) {
-                const HWND popup = GetLastActivePopup(windowOf(main));
-                if (popup == windowOf(main) || !IsWindowVisible(popup)) return;
-                box = popup;
-                error.showModal(&main);
-            } else if (++ticks == 20) {
-                closedByTest = true;
-                PostMessageA(box, WM_COMMAND, file ? IDCANCEL : IDNO, 0);
-            }
+            if (box && ++ticks == 20) PostMessageA(box, WM_COMMAND, file ? IDCANCEL : IDNO, 0);
+            if (box || !(box = systemDialogOver(main))) return;
+            error.showModal(&main);
         };
         main.timer.setEnabled(true);
-        const auto ask = [&] {
-            if (file)
-                desktop.openFile({"Title", "All (*.*)|*.*", "", ""});
-            else
-                desktop.messageBox("Really?", "Title", ui::MessageStyle::ExclamationYesNo);
+        main.ok.onClick = [&] {
+            answered(file);
+            ADD_FAILURE() << "the system's dialog has returned";
         };
-        EXPECT_THROW(ask(), ui::EndProgram) << file;
-        EXPECT_FALSE(closedByTest) << file;
-        main.timer.setEnabled(false);
+        main.show();
+        post(windowOf(main.ok), BM_CLICK);
+        EXPECT_THROW(desktop.run(), ui::EndProgram);
+        EXPECT_LT(ticks, 20);
+        EXPECT_TRUE(IsWindowEnabled(windowOf(main)));
+        SendMessageA(windowOf(main.check), BM_CLICK, 0, 0);
+        EXPECT_TRUE(main.events.empty()) << "on the way out nothing of the forms is called any more";
         error.unload();
+        main.unload();
     }
-    main.unload();
 }
 
 // Somebody outside can close what is disabled. A dialog is still needed by what comes after the question.
@@ -370,58 +408,18 @@ TEST_F(DesktopTest, ClosingTheMainWindowClosesASystemDialogAboveIt) {
         bool dialogStayed = false;
         int ticks = 0;
         main.timer.onTimer = [&] {
-            const HWND popup = GetLastActivePopup(windowOf(dialog));
-            if (popup == windowOf(dialog) || !IsWindowVisible(popup)) return;
+            if (!systemDialogOver(dialog)) return;
             if (++ticks == 1) post(windowOf(dialog), WM_CLOSE);
             if (ticks == 3) dialogStayed = dialog.loaded(), dialog.unload(), post(windowOf(main), WM_CLOSE);
         };
         whenShown(dialog, [&] {
             main.timer.setEnabled(true);
-            if (file)
-                EXPECT_FALSE(desktop.openFile({"Title", "All (*.*)|*.*", "", ""}));
-            else
-                EXPECT_EQ(desktop.messageBox("Really?", "", ui::MessageStyle::ExclamationYesNo), ui::Answer{});
+            EXPECT_FALSE(answered(file));
         });
         dialog.showModal(&main);
         EXPECT_TRUE(dialogStayed) << file;
         EXPECT_FALSE(main.loaded()) << file;
     }
-}
-
-TEST_F(DesktopTest, AfterAModalFormTheWindowActiveBeforeIsActiveAgain) {
-    EveryControl main(desktop);
-    main.show();
-    EveryControl dialog(desktop, Kind::Dialog), error(desktop, Kind::Dialog);
-    whenShown(dialog, [&] {
-        dialog.check.setFocus();
-        whenShown(error, [&] { error.unload(); });
-        error.showModal(&main);
-        EXPECT_EQ(GetActiveWindow(), windowOf(dialog));
-        EXPECT_EQ(GetFocus(), windowOf(dialog.check));
-        dialog.unload();
-    });
-    dialog.showModal(&main);
-    EXPECT_EQ(GetActiveWindow(), windowOf(main));
-    main.unload();
-}
-
-TEST_F(DesktopTest, EndingTheProgramLeavesEveryLoop) {
-    EveryControl main(desktop);
-    EveryControl dialog(desktop, Kind::Dialog);
-    dialog.ok.onClick = [] { throw ui::EndProgram(); };
-    whenShown(dialog, [&] { PostMessageA(windowOf(dialog.ok), BM_CLICK, 0, 0); });
-    main.ok.onClick = [&] {
-        dialog.showModal(&main);
-        ADD_FAILURE() << "the dialog has returned";
-    };
-    main.show();
-    post(windowOf(main.ok), BM_CLICK);
-    EXPECT_THROW(desktop.run(), ui::EndProgram);
-    EXPECT_TRUE(IsWindowEnabled(windowOf(main)));
-    SendMessageA(windowOf(main.check), BM_CLICK, 0, 0);
-    EXPECT_TRUE(main.events.empty()) << "on the way out nothing of the forms is called any more";
-    dialog.unload();
-    main.unload();
 }
 
 TEST_F(DesktopTest, QuestionsAreAskedByTheSystem) {
@@ -430,8 +428,8 @@ TEST_F(DesktopTest, QuestionsAreAskedByTheSystem) {
     bool sizable = false;
     const auto answer = [&](WPARAM button) {
         form.timer.onTimer = [&form, &sizable, button] {
-            const HWND box = GetLastActivePopup(windowOf(form));
-            if (box == windowOf(form) || !IsWindowVisible(box)) return;
+            const HWND box = systemDialogOver(form);
+            if (!box) return;
             form.timer.setEnabled(false);
             sizable = GetWindowLongPtrA(box, GWL_STYLE) & WS_THICKFRAME;
             RECT place = {}, work = {};

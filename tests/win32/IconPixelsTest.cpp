@@ -1,4 +1,4 @@
-// What comes out where an icon is drawn, pixel by pixel.
+// What comes out where icons, bitmaps and lines are drawn, pixel by pixel.
 #include "EveryControl.h"
 #include "support/IconBytes.h"
 #include "win32/Graphics.h"
@@ -33,7 +33,7 @@ public:
           selected_(context_.get(), bitmap_.get()) {
         PatBlt(context_.get(), 0, 0, Side, Side, WHITENESS);
     }
-    static constexpr int Side = 400;
+    static constexpr int Side = 450;
     HDC context() const { return context_.get(); }
     COLORREF at(int x, int y) const { return GetPixel(context_.get(), x, y); }
 
@@ -79,31 +79,24 @@ constexpr Shown Cases[] = {
     {144, 32, 48, 32}, {144, 16, 48, 48}, {192, 32, 64, 64}, {192, 16, 64, 64}, {192, 24, 64, 48}, {192, 48, 64, 48},
 };
 
-TEST(IconPixels, ABoxIsFilledAtEveryResolution) {
+// In a box, and in a list between no picture and a bitmap.
+TEST(IconPixels, AnIconFillsItsPlaceAtEveryResolution) {
     for (const auto& [dots, image, room, size] : Cases) {
         SCOPED_TRACE(std::to_string(image) + " at " + std::to_string(dots));
-        const Paper paper;
+        const Paper box, list;
         win32::PictureDrawing drawing;
         const int edge = (room - size) / 2;
-        drawing.draw(paper.context(), {10, 20, 10 + room, 20 + room}, halves(image), win32::Screen(dots));
-        expectHalves(paper, 10 + edge, 20 + edge, size);
-    }
-}
+        drawing.draw(box.context(), {10, 20, 10 + room, 20 + room}, halves(image), win32::Screen(dots));
+        expectHalves(box, 10 + edge, 20 + edge, size);
 
-TEST(IconPixels, APlaceInAListIsFilledAtEveryResolution) {
-    for (const auto& [dots, image, room, size] : Cases) {
-        SCOPED_TRACE(std::to_string(image) + " at " + std::to_string(dots));
-        const Paper paper;
         const win32::Images images = win32::makeImages(room);
-        win32::addPicture(images.get(), room, {});
-        win32::addPicture(images.get(), room, halves(image));
-        win32::addPicture(images.get(), room, plainBitmap());
-        const int edge = (room - size) / 2;
+        for (const ui::Picture& picture : {ui::Picture(), halves(image), plainBitmap()})
+            win32::addPicture(images.get(), room, picture);
         for (int number = 0; number < 3; ++number)
-            ImageList_Draw(images.get(), number, paper.context(), 10 + 100 * number, 20, ILD_TRANSPARENT);
-        EXPECT_EQ(paper.at(10 + room / 2, 20 + room / 2), White) << "no picture";
-        expectHalves(paper, 110 + edge, 20 + edge, size);
-        EXPECT_EQ(paper.at(210, 20), RGB(0x80, 0x80, 0x80)) << "a bitmap";
+            ImageList_Draw(images.get(), number, list.context(), 10 + 100 * number, 20, ILD_TRANSPARENT);
+        EXPECT_EQ(list.at(10 + room / 2, 20 + room / 2), White);
+        expectHalves(list, 110 + edge, 20 + edge, size);
+        EXPECT_EQ(list.at(210, 20), RGB(0x80, 0x80, 0x80));
     }
 }
 
@@ -124,56 +117,80 @@ struct Seen {
     RECT place = {Paper::Side, Paper::Side, 0, 0};
 };
 
-TEST(IconPixelsInWindow, AListAndAButtonShowTheIconInTheMiddleAtEveryResolution) {
-    for (const int dots : {96, 144, 192}) {
-        win32::Desktop desktop(dots);
+TEST(IconPixels, AFormAndItsControlsAreWhereTheyBelongAtEveryResolution) {
+    // In pixels of the form's drawing area, give or take the one that rounding moves: left, top, width, height.
+    const struct {
+        int dots, text[4], button[4];
+    } cases[] = {{96, {113, 7, 100, 21}, {213, 320, 80, 25}},
+                 {144, {170, 10, 150, 32}, {320, 480, 120, 38}},
+                 {192, {227, 13, 200, 42}, {427, 640, 160, 50}}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.dots);
+        win32::Desktop desktop(c.dots);
         EveryControl form(desktop);
-        const int side = dots / 3;
+        const int side = c.dots / 3;
         form.icons.add(halves(side));
         form.shows.clear();
         form.shows.add({"icon", 2, {}, {}});
         form.picture.setPicture(halves(side));
         form.show();
         desktop.doEvents();
+        for (const auto& [control, expected] :
+             {std::pair<ui::Control*, const int*>{&form.text, c.text}, {&form.ok, c.button}}) {
+            RECT place = {};
+            GetWindowRect(windowOf(*control), &place);
+            MapWindowPoints(nullptr, windowOf(form), reinterpret_cast<POINT*>(&place), 2);
+            const LONG seen[] = {place.left, place.top, place.right - place.left, place.bottom - place.top};
+            for (int i = 0; i < 4; ++i) EXPECT_NEAR(seen[i], expected[i], 1) << control->name() << " " << i;
+        }
         RECT listed = {LVIR_ICON, 0, 0, 0}, inside = {};
         ask(form.shows, LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&listed));
         GetClientRect(windowOf(form.picture), &inside);
-        const std::pair<const ui::Control*, RECT> places[] = {{&form.shows, listed}, {&form.picture, inside}};
-        for (const auto& [control, around] : places) {
+        for (const auto& [control, around] :
+             {std::pair<ui::Control*, RECT>{&form.shows, listed}, {&form.picture, inside}}) {
             const Paper paper;
             ask(*control, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(paper.context()), PRF_CLIENT | PRF_ERASEBKGND);
             const Seen seen(paper);
-            const std::string what = std::string(control->name()) + " at " + std::to_string(dots);
-            EXPECT_EQ((std::vector{seen.red, seen.blue}), (std::vector{side * side / 4, side * side / 4})) << what;
-            EXPECT_EQ(seen.place.right - seen.place.left, side) << what;
-            EXPECT_EQ(seen.place.left, (around.left + around.right - side) / 2) << what;
+            EXPECT_EQ((std::vector{seen.red, seen.blue}), (std::vector{side * side / 4, side * side / 4}));
+            EXPECT_EQ(seen.place.right - seen.place.left, side) << control->name();
+            EXPECT_EQ(seen.place.left, (around.left + around.right - side) / 2) << control->name();
         }
         form.unload();
     }
 }
 
-// In pixels of the form's drawing area, give or take the one that rounding moves.
-TEST(PlacesInPixels, FollowTheResolution) {
-    const struct {
-        int dots;
-        int text[4], button[4];  // left, top, width, height
-    } cases[] = {{96, {113, 7, 100, 21}, {213, 320, 80, 25}},
-                 {144, {170, 10, 150, 32}, {320, 480, 120, 38}},
-                 {192, {227, 13, 200, 42}, {427, 640, 160, 50}}};
-    for (const auto& c : cases) {
-        win32::Desktop desktop(c.dots);
-        EveryControl form(desktop);
-        form.show();
-        const std::pair<HWND, const int*> places[] = {{windowOf(form.text), c.text}, {windowOf(form.ok), c.button}};
-        for (const auto& [window, expected] : places) {
-            RECT place = {};
-            GetWindowRect(window, &place);
-            MapWindowPoints(nullptr, windowOf(form), reinterpret_cast<POINT*>(&place), 2);
-            const LONG seen[] = {place.left, place.top, place.right - place.left, place.bottom - place.top};
-            for (int i = 0; i < 4; ++i) EXPECT_NEAR(seen[i], expected[i], 1) << c.dots << " dots, number " << i;
-        }
-        form.unload();
-    }
+TEST(IconPixels, AFormDrawsItsPicturesAndLines) {
+    win32::Desktop desktop(96);
+    EveryControl form(desktop);
+    form.show();
+    const auto drawn = [&](const Paper& paper) {
+        SendMessageA(windowOf(form), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(paper.context()), PRF_CLIENT);
+    };
+    const RECT place = {387, 7, 420, 40};
+    const Paper nothing, icon, bitmap, cleared;
+    drawn(nothing);
+    EXPECT_EQ(nothing.at(place.left, place.top), White);
+    form.image.setPicture(halves(32));
+    drawn(icon);
+    expectHalves(icon, place.left, place.top, 32);
+    form.image.setPicture(plainBitmap());
+    RECT asked = {}, common = {};
+    EXPECT_TRUE(GetUpdateRect(windowOf(form), &asked, FALSE) && IntersectRect(&common, &asked, &place));
+    drawn(bitmap);
+    EXPECT_EQ(bitmap.at(place.left, place.top), RGB(0x80, 0x80, 0x80));
+    form.image.clear();
+    form.setLines({{3000, 1515, 300, 1515, ui::SystemColour::Shadow3D}});
+    drawn(cleared);
+    EXPECT_EQ(cleared.at(place.left, place.top), White);
+    const COLORREF shadow = GetSysColor(COLOR_3DSHADOW);
+    for (const auto& [x, y, colour] : {std::tuple{20, 101, shadow},
+                                       {199, 101, shadow},
+                                       {19, 101, White},
+                                       {200, 101, White},
+                                       {100, 100, White},
+                                       {100, 102, White}})
+        EXPECT_EQ(cleared.at(x, y), colour) << x << ", " << y;
+    form.unload();
 }
 
 }  // namespace

@@ -19,25 +19,21 @@ struct KeyboardTest : EditingFixture {
         procedure("KeyboardTest", [] { throw util::Error(51, "", "Nothing is wrong."); });
         basErrors::ProcStack.clear();
     }
-    void pressEscape() {
-        PostMessageA(GetFocus(), WM_KEYDOWN, VK_ESCAPE, 1);
+    void press(WPARAM key) {
+        PostMessageA(GetFocus(), WM_KEYDOWN, key, 1);
         program.platform.desktop.doEvents();
     }
     void escapeAfterAnError(ui::Form& form) {
         SCOPED_TRACE(form.name());
         program.platform.desktop.doEvents();
         EXPECT_EQ(GetActiveWindow(), windowOf(form));
-        pressTab();
+        press(VK_TAB);
         const HWND focus = GetFocus();
         seeError();
         EXPECT_EQ(GetActiveWindow(), windowOf(form));
         EXPECT_EQ(GetFocus(), focus);
-        pressEscape();
+        press(VK_ESCAPE);
         EXPECT_FALSE(form.loaded());
-    }
-    void pressTab() {
-        PostMessageA(GetFocus(), WM_KEYDOWN, VK_TAB, 1);
-        program.platform.desktop.doEvents();
     }
     template <class F>
     void escape(const std::function<void()>& open) {
