@@ -2,6 +2,9 @@
 // given age. Arguments: the program, and the version of Windows that Wine is to be.
 #include <gtest/gtest.h>
 
+#include <process.h>
+
+#include <filesystem>
 #include <map>
 #include <set>
 
@@ -14,13 +17,13 @@ using namespace smoke;
 std::string program, windowsVersion;
 
 constexpr const char* MainTitle = "Tavimor - " TAVIMOR_VERSION " (Public BETA)";
-const std::string Zones = "Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\Zones";
+const std::string Zones = "Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\Zones\\";
 
 std::string nameOfZone(int zone) {
     char text[256] = "(no name)";
     DWORD size = sizeof text - 1;
     HKEY key = nullptr;
-    RegOpenKeyExA(HKEY_CURRENT_USER, (Zones + "\\" + std::to_string(zone)).c_str(), 0, KEY_READ, &key);
+    RegOpenKeyExA(HKEY_CURRENT_USER, (Zones + std::to_string(zone)).c_str(), 0, KEY_READ, &key);
     RegQueryValueExA(key, "DisplayName", nullptr, nullptr, reinterpret_cast<BYTE*>(text), &size);
     RegCloseKey(key);
     return text;
@@ -28,34 +31,27 @@ std::string nameOfZone(int zone) {
 
 using Names = std::set<std::string>;
 
-Names filesLike(const std::string& pattern) {
+Names filesIn(const std::string& folder) {
     Names names;
-    WIN32_FIND_DATAA found;
-    const HANDLE search = FindFirstFileA(pattern.c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) return names;
-    do names.insert(found.cFileName);
-    while (FindNextFileA(search, &found));
-    FindClose(search);
+    std::error_code absent;
+    for (const auto& file : std::filesystem::directory_iterator(folder, absent))
+        names.insert(file.path().filename().string());
     return names;
 }
 
 struct Smoke : testing::Test {
-    static constexpr const char* Folder = "C:\\Tavimor smoke";
-    const std::string backups = std::string(Folder) + "\\Backups\\", logs = std::string(Folder) + "\\Logs\\";
-    const std::string commands = std::string(Folder) + "\\TavimorCmd.exe";
+    const std::string folder = "C:\\Tavimor smoke\\", copy = folder + "Tavimor.exe",
+                      commands = folder + "TavimorCmd.exe";
     User user;
-    HWND window = nullptr, zones = nullptr;
+    HWND window = nullptr;
 
     void SetUp() override {
-        clear(backups), clear(logs);
-        CreateDirectoryA(Folder, nullptr);
-        const std::string copy = std::string(Folder) + "\\Tavimor.exe";
-        ASSERT_TRUE(CopyFileA(program.c_str(), copy.c_str(), FALSE)) << program << ": error " << GetLastError();
-        const std::string folder = program.substr(0, program.find_last_of("\\/") + 1);
-        ASSERT_TRUE(CopyFileA((folder + "TavimorCmd.exe").c_str(), commands.c_str(), FALSE)) << GetLastError();
+        std::filesystem::remove_all(folder);
+        std::filesystem::create_directory(folder);
+        std::filesystem::copy_file(program, copy);
+        std::filesystem::copy_file(std::filesystem::path(program).replace_filename("TavimorCmd.exe"), commands);
         user.start(copy);
         window = user.waitForWindow(MainTitle);
-        zones = user.control(window, WC_LISTVIEWA);
     }
 
     // It closes when asked to, of itself, and has met no error on the way.
@@ -63,28 +59,12 @@ struct Smoke : testing::Test {
         if (HasFailure()) return;
         user.press(VK_F4, VK_MENU);
         EXPECT_EQ(user.exitCode(), 0u);
-        EXPECT_EQ(filesLike(logs + "*.log"), Names{}) << "an error log";
+        EXPECT_EQ(filesIn(folder + "Logs"), Names{});
     }
 
-    static void clear(const std::string& folder) {
-        for (const std::string& name : filesLike(folder + "*.*")) DeleteFileA((folder + name).c_str());
-        RemoveDirectoryA(folder.c_str());
-    }
-
-    // The exit code of the program without windows.
-    DWORD command(const std::string& arguments) {
-        std::string line = "\"" + commands + "\" " + arguments;
-        STARTUPINFOA start = {};
-        start.cb = sizeof start;
-        PROCESS_INFORMATION process = {};
-        DWORD code = 99;
-        if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process))
-            return code;
-        WaitForSingleObject(process.hProcess, 60000);
-        GetExitCodeProcess(process.hProcess, &code);
-        CloseHandle(process.hThread);
-        CloseHandle(process.hProcess);
-        return code;
+    // What the program without windows finds changed since a backup: 0 nothing, 1 something.
+    std::intptr_t changedSince(const std::string& backup) {
+        return _spawnl(_P_WAIT, commands.c_str(), "TavimorCmd", "diff", ("\"backup:" + backup + "\"").c_str(), nullptr);
     }
 };
 
@@ -106,22 +86,24 @@ TEST_F(Smoke, RenamesAZoneAndBringsItBackFromABackup) {
     user.type("Before the smoke");
     user.press(VK_RETURN);
     user.waitForWindow(MainTitle);
-    const Names written = filesLike(backups + "*.tvf");
-    ASSERT_EQ(written.size() + filesLike(backups + "*.reg").size(), 2u);
-    const std::string comparing = "diff \"backup:" + *written.begin() + "\"";
-    EXPECT_EQ(command(comparing), 0u);
+    const Names written = filesIn(folder + "Backups");
+    ASSERT_EQ(written.size(), 2u);
+    const std::string& backup = *written.rbegin();
+    EXPECT_EQ(changedSince(backup), 0);
 
-    user.clickItem(zones, 5);
-    user.waitFor("zone that was clicked",
-                 [&] { return SendMessageA(zones, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED) == 5; });
-    const std::string name = nameOfZone(5);
+    const HWND zones = user.control(window, WC_LISTVIEWA);
+    user.click(zones);
+    user.press(VK_END);
+    user.waitFor("choice of the last zone",
+                 [&] { return SendMessageA(zones, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED) == 6; });
+    const std::string name = nameOfZone(6);
     user.click(user.control(window, "BUTTON", "Edit Zone"));
     const HWND edit = user.waitForWindow("Edit Zone");
     user.click(user.control(edit, "EDIT", name));
     user.press('A', VK_CONTROL);
-    user.type("Smoke 5");
+    user.type("Smoke 6");
     user.click(user.control(edit, "BUTTON", "Apply"));
-    user.waitFor("new name in the registry", [] { return nameOfZone(5) == "Smoke 5"; });
+    user.waitFor("new name in the registry", [] { return nameOfZone(6) == "Smoke 6"; });
     user.press(VK_TAB, VK_CONTROL);
     user.press(VK_TAB, VK_CONTROL);
     user.click(user.control(edit, "BUTTON", "Settings"));
@@ -131,17 +113,18 @@ TEST_F(Smoke, RenamesAZoneAndBringsItBackFromABackup) {
     user.waitForWindow("Edit Zone");
     user.press(VK_ESCAPE);
     user.waitForWindow(MainTitle);
-    EXPECT_EQ(command(comparing), 1u);
+    EXPECT_EQ(changedSince(backup), 1);
 
     user.chooseMenu('F', 'R');
     const HWND restore = user.waitForWindow("Preview/Restore Backup");
-    user.clickItem(user.control(restore, WC_LISTVIEWA), 0);
+    user.click(user.control(restore, WC_LISTVIEWA));
+    user.press(VK_HOME);
     user.waitFor("zones of the backup", [&] { return user.items(restore) == 1 + 7; });
     user.press(VK_RETURN);
     user.waitForWindow(MainTitle);
-    user.waitFor("old name in the registry", [&] { return nameOfZone(5) == name; });
+    user.waitFor("old name in the registry", [&] { return nameOfZone(6) == name; });
     user.waitFor("restored list", [&] { return user.items(window) == 7; });
-    EXPECT_EQ(command(comparing), 0u);
+    EXPECT_EQ(changedSince(backup), 0);
 }
 
 }  // namespace

@@ -33,14 +33,6 @@ std::vector<HWND> visibleBelow(HWND window) {
     return found;
 }
 
-void stroke(WORD key, DWORD upOrDown) {
-    INPUT input = {};
-    input.type = INPUT_KEYBOARD;
-    input.ki.wVk = key;
-    input.ki.dwFlags = upOrDown;
-    SendInput(1, &input, sizeof input);
-}
-
 }  // namespace
 
 // Another process's text comes with the message alone; GetWindowTextA has only captions.
@@ -144,10 +136,13 @@ int User::items(HWND window) {
 // Doing -----------------------------------------------------------------------------------------------------------
 
 void User::press(WORD key, WORD with) {
-    if (with) stroke(with, 0);
-    stroke(key, 0);
-    stroke(key, KEYEVENTF_KEYUP);
-    if (with) stroke(with, KEYEVENTF_KEYUP);
+    for (const auto& [struck, up] : {std::pair{with, false}, {key, false}, {key, true}, {with, true}}) {
+        INPUT input = {};
+        input.type = INPUT_KEYBOARD;
+        input.ki.wVk = struck;
+        input.ki.dwFlags = up ? KEYEVENTF_KEYUP : 0;
+        if (struck) SendInput(1, &input, sizeof input);
+    }
 }
 
 void User::chooseMenu(char menu, char item) {
@@ -163,40 +158,21 @@ void User::type(const std::string& text) {
     }
 }
 
+// The mouse's coordinates are parts of the screen, of which each direction has 65536.
 void User::click(HWND control) {
     RECT place = {};
     GetWindowRect(control, &place);
-    clickAt({(place.left + place.right) / 2, (place.top + place.bottom) / 2});
-}
-
-// The message points to where the answer goes, which must be the program's own memory.
-void User::clickItem(HWND list, int index) {
-    RECT label = {LVIR_LABEL, 0, 0, 0};
-    const HANDLE program = process_.hProcess;
-    void* const there = VirtualAllocEx(program, nullptr, sizeof label, MEM_COMMIT, PAGE_READWRITE);
-    WriteProcessMemory(program, there, &label, sizeof label, nullptr);
-    send(list, LVM_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(there));
-    ReadProcessMemory(program, there, &label, sizeof label, nullptr);
-    VirtualFreeEx(program, there, 0, MEM_RELEASE);
-    POINT middle = {(label.left + label.right) / 2, (label.top + label.bottom) / 2};
-    ClientToScreen(list, &middle);
-    clickAt(middle);
-}
-
-// The mouse's coordinates are parts of the screen, of which each direction has 65536.
-void User::clickAt(POINT onScreen) {
     const auto part = [](LONG pixel, int size) {
         return MulDiv(static_cast<int>(pixel), 65536, size) + 65536 / size / 2;
     };
-    INPUT inputs[3] = {};
-    const DWORD flags[3] = {MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP};
-    for (int i = 0; i < 3; ++i) {
-        inputs[i].type = INPUT_MOUSE;
-        inputs[i].mi.dwFlags = flags[i];
+    for (const DWORD action : {MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
+        INPUT input = {};
+        input.type = INPUT_MOUSE;
+        input.mi.dwFlags = action;
+        input.mi.dx = part((place.left + place.right) / 2, GetSystemMetrics(SM_CXSCREEN));
+        input.mi.dy = part((place.top + place.bottom) / 2, GetSystemMetrics(SM_CYSCREEN));
+        SendInput(1, &input, sizeof input);
     }
-    inputs[0].mi.dx = part(onScreen.x, GetSystemMetrics(SM_CXSCREEN));
-    inputs[0].mi.dy = part(onScreen.y, GetSystemMetrics(SM_CYSCREEN));
-    SendInput(3, inputs, sizeof(INPUT));
 }
 
 }  // namespace smoke

@@ -39,13 +39,11 @@ public:
     // Opens a menu and chooses from it, by their access keys.
     void chooseMenu(char menu, char item);
     void type(const std::string& text);
-    void click(HWND control);
-    void clickItem(HWND list, int index);
+    void click(HWND control);  // in its middle
 
 private:
     std::vector<HWND> windows() const;
     std::string situation() const;
-    void clickAt(POINT onScreen);
 
     PROCESS_INFORMATION process_ = {};
 };

@@ -14,7 +14,6 @@ struct ControlPeersTest : WindowsTest {
         desktop.doEvents();
         form.events.clear();
     }
-    void TearDown() override { form.unload(); }
 
     // Clicks an item of a list, or a tab.
     void clickPart(const ui::Control& control, UINT getRect, int number) {
@@ -263,7 +262,6 @@ TEST_F(ControlPeersTest, WindowsReflectTheStateHoweverItCameAbout) {
     before.show();
     desktop.doEvents();
     EXPECT_EQ(unchanged(before), "") << "changed before it was shown";
-    before.unload();
 }
 
 TEST_F(ControlPeersTest, ATreeStaysWhereTheUserHasScrolledIt) {

@@ -70,7 +70,6 @@ TEST_F(DesktopTest, AModalFormKeepsTheOthersWaitingAndGivesTheFocusBack) {
     EXPECT_TRUE(IsWindowEnabled(ownerWindow) && !windowOf(dialog));
     EXPECT_EQ(GetFocus(), windowOf(owner.combo));
     EXPECT_EQ(focused, 1);
-    owner.unload();
 }
 
 // A tool that the machine's user closes the session with would cut a backup in two.
@@ -87,8 +86,6 @@ TEST_F(DesktopTest, ABusyFormKeepsTheWindowsAndTheSession) {
         }
         EXPECT_EQ(IsWindowEnabled(windowOf(dialog)), !busy);
     }
-    dialog.unload();
-    main.unload();
 }
 
 TEST_F(DesktopTest, AFormCanBeShownAgainEvenInTheHandlerThatUnloadedIt) {
@@ -136,7 +133,6 @@ TEST_F(DesktopTest, AMainWindowIsSizedByUserAndProgram) {
     elsewhere.show();
     GetWindowRect(windowOf(elsewhere), &at);
     EXPECT_EQ(std::pair(at.right, at.top), std::pair(work.right, work.top));
-    elsewhere.unload();
 }
 
 TEST_F(DesktopTest, NobodyIsAskedForADisk) {
@@ -229,7 +225,6 @@ TEST_F(DesktopTest, AListOffersItsCommandsWhereTheyAreAllowed) {
         EXPECT_EQ(form.events, row.event[0] ? std::vector<std::string>{row.event} : std::vector<std::string>{});
         if (!row.selected) keys.clear();
     }
-    form.unload();
 }
 
 // As wide as the screen is no menu, and as high as the list no label: the list would scroll past it.
@@ -257,7 +252,6 @@ TEST_F(DesktopTest, ShortensWhatWouldNotFit) {
     RECT icon = {LVIR_ICON, 0, 0, 0};
     ask(form.shows, LVM_GETITEMRECT, 59, reinterpret_cast<LPARAM>(&icon));
     EXPECT_GT(icon.bottom, 0);
-    form.unload();
 }
 
 TEST_F(DesktopTest, AHookStandsBeforeTheWindowProcedure) {
@@ -282,7 +276,6 @@ TEST_F(DesktopTest, AHookStandsBeforeTheWindowProcedure) {
     });
     SendMessageA(windowOf(form), Question, 1, 1);
     EXPECT_EQ(procedure(), before);
-    form.unload();
 }
 
 // What a handler throws comes out of our own call that made the system call it, and of nothing in between.
@@ -313,7 +306,6 @@ TEST_F(DesktopTest, ExceptionsPassTheSystemParked) {
     };
     for (const auto& row : table) EXPECT_THROW(row.act(), std::runtime_error) << row.where;
     EXPECT_NO_THROW(desktop.doEvents()) << "each was thrown once";
-    form.unload();
 }
 
 // Otherwise the native control or the dialog manager would do the same thing again.
@@ -395,8 +387,6 @@ TEST_F(DesktopTest, EndingTheProgramLeavesEveryLoop) {
         EXPECT_TRUE(IsWindowEnabled(windowOf(main)));
         SendMessageA(windowOf(main.check), BM_CLICK, 0, 0);
         EXPECT_TRUE(main.events.empty()) << "on the way out nothing of the forms is called any more";
-        error.unload();
-        main.unload();
     }
 }
 
@@ -457,7 +447,6 @@ TEST_F(DesktopTest, QuestionsAreAskedByTheSystem) {
         EXPECT_STREQ(after, before);
         EXPECT_TRUE(sizable);
     }
-    form.unload();
 }
 
 TEST_F(DesktopTest, TextTakesTheSpaceItIsGiven) {

@@ -43,6 +43,7 @@ ui::Picture plainBitmap();
 
 struct EveryControl : ui::Form {
     explicit EveryControl(ui::Desktop& desktop, Kind kind = Kind::Main);
+    ~EveryControl() override { unload(); }
 
     ui::ImageList icons{*this, "icons", 32};
     ui::Label label{*this, "label", {100, 100, 1500, 225}, "&Name:"};
@@ -76,7 +77,7 @@ protected:
     void Form_Resize() override { ++resizes; }
 };
 
-// Shows an EveryControl. Nothing is open when a test ends.
+// Drives windows as the user does.
 struct WindowsTest : testing::Test {
     win32::Desktop desktop;
 

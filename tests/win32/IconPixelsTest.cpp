@@ -155,7 +155,6 @@ TEST(IconPixels, AFormAndItsControlsAreWhereTheyBelongAtEveryResolution) {
             EXPECT_EQ(seen.place.right - seen.place.left, side) << control->name();
             EXPECT_EQ(seen.place.left, (around.left + around.right - side) / 2) << control->name();
         }
-        form.unload();
     }
 }
 
@@ -190,7 +189,6 @@ TEST(IconPixels, AFormDrawsItsPicturesAndLines) {
                                        {100, 100, White},
                                        {100, 102, White}})
         EXPECT_EQ(cleared.at(x, y), colour) << x << ", " << y;
-    form.unload();
 }
 
 }  // namespace
