@@ -8,9 +8,7 @@
 #include "backup/ExportFile.h"
 #include "backup/ZoneFileWriter.h"
 #include "backup/frmRestore.h"
-#include "command/run.h"
 #include "ui/PendingEvents.h"
-#include "win32/Console.h"
 #include "zones/zones.h"
 
 namespace bench {
@@ -39,51 +37,11 @@ void backUp(forms::Context& program, const std::string& name) {
 }
 
 // From starting the registry editor to its end.
-void exportWithEditor(forms::Context& program, const std::string& file) {
+void runEditor(platform::Platform& platform, const std::string& arguments) {
     platform::Launcher::Process process = 0;
-    platform::Launcher& launcher = program.platform.launcher;
-    launcher.start(program.platform.system.GetWindowsDirectoryA() + "\\regedit.exe",
-                   "/e \"" + file + "\" \"" + zones::ZonesKey + "\"", process);
+    platform.launcher.start(platform.system.GetWindowsDirectoryA() + "\\regedit.exe", arguments, process);
     WaitForSingleObject(reinterpret_cast<HANDLE>(process), INFINITE);
-    launcher.close(process);
-}
-
-// From starting the registry editor, which imports the file, to its end.
-void importWithEditor(forms::Context& program, const std::string& file) {
-    platform::Launcher::Process process = 0;
-    platform::Launcher& launcher = program.platform.launcher;
-    launcher.start(program.platform.system.GetWindowsDirectoryA() + "\\regedit.exe", "/s \"" + file + "\"", process);
-    WaitForSingleObject(reinterpret_cast<HANDLE>(process), INFINITE);
-    launcher.close(process);
-}
-
-// Compares two exports on the command line, from which the zones differ that were changed between them.
-void comparing(forms::Context& program, const std::string& folder) {
-    backUp(program, "before");
-    for (int zone = 0; zone < Zones; zone += 10) {
-        zones::goToZone(program.registry, std::to_string(zone));
-        program.registry.writeNumber("1001", 77);
-    }
-    backUp(program, "after");
-    struct Quiet : win32::Console {
-        void print(std::string_view) override {}
-    } console;
-    const std::string before = folder + "before.reg", after = folder + "after.reg";
-    constexpr int Few = 3;
-    const Compared compared = compare(
-        Few,
-        [&](int) {
-            return timeOf([&] {
-                if (command::run({program.platform}, console, {"diff", "file:" + before, "file:" + after}) !=
-                    command::SomethingDiffers)
-                    fail("the exports do not differ");
-            });
-        },
-        [&](int) { return timeOf([&] { importWithEditor(program, before); }); });
-    std::printf("comparing two exports: %.3f s, the registry editor's import of one %.3f s\n", compared.ours,
-                compared.others);
-    row("comparing two exports of 1,000 zones, of the registry editor's time for importing one", compared.ratio, "",
-        Limit::Below, 0.1);
+    platform.launcher.close(process);
 }
 
 void forgetBackups(const std::string& folder) {
@@ -134,6 +92,10 @@ void listing(Machine& machine, const std::string& folder) {
 
 }  // namespace
 
+void importing(Machine& machine, const std::string& file) {
+    std::printf("%f\n", timeOf([&] { runEditor(machine.platform, "/s \"" + file + "\""); }));
+}
+
 void backups(Machine& machine) {
     forms::Context& program = machine.program;
     const std::string folder = backup::folder(program.platform);
@@ -150,15 +112,14 @@ void backups(Machine& machine) {
     const Compared compared = compare(
         Runs, [&](int run) { return timeOf([&] { backUp(program, "export" + std::to_string(run)); }); },
         [&](int run) {
-            return timeOf([&] { exportWithEditor(program, folder + "editor" + std::to_string(run) + ".reg"); });
+            const std::string file = folder + "editor" + std::to_string(run) + ".reg";
+            return timeOf([&] { runEditor(program.platform, "/e \"" + file + "\" \"" + zones::ZonesKey + "\""); });
         });
     std::printf("export of %d zones with %d settings: %.3f s, the registry editor %.3f s\n", Zones, Settings,
                 compared.ours, compared.others);
     row("export of 1,000 zones with 50 settings, of the registry editor's time", compared.ratio, "", Limit::AtMost,
         1.1);
 
-    forgetBackups(folder);
-    comparing(program, folder);
     forgetBackups(folder);
     listing(machine, folder);
     forgetBackups(folder);

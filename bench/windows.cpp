@@ -45,13 +45,17 @@ void seedZones(int zones, int settings) {
 }  // namespace bench
 
 // usage: tavimor-bench [start|backups|zones|icons|dialogs]...    all of them when none is named
+//        tavimor-bench import FILE
 int main(int count, char** names) {
     const auto wanted = [&](const char* name) {
         return count < 2 ||
                std::any_of(names + 1, names + count, [&](const char* n) { return lstrcmpA(n, name) == 0; });
     };
-    if (wanted("start")) bench::start();
-    {
+    if (count == 3 && lstrcmpA(names[1], "import") == 0) {
+        bench::Machine machine;
+        bench::importing(machine, names[2]);
+    } else {
+        if (wanted("start")) bench::start();
         bench::Machine machine;
         // First, while the working set is that of a program that has done nothing.
         if (wanted("backups")) bench::backups(machine);

@@ -23,6 +23,8 @@ measure() {
 } >"$table"
 measure build/native-release/tavimor-bench --benchmark_enable_random_interleaving=true
 measure tools/run-on-wine.sh build/win64-release/tavimor-bench.exe
+measure build/native-release/tavimor-bench-exports build/native-release/tavimorcmd \
+    tools/run-on-wine.sh build/win64-release/tavimor-bench.exe import
 tools/run-on-wine.sh --end
 
 echo

@@ -95,20 +95,22 @@ std::string halved(std::string_view text) {
 std::optional<std::string> takeQuoted(std::string_view& rest) {
     if (!rest.starts_with('"')) return std::nullopt;
     std::string text;
+    std::size_t plain = 1;  // where what can be taken as it stands begins
     for (std::size_t i = 1, next; i < rest.size(); i = next) {
         next = util::afterCharacter(rest, i);
-        if (rest[i] == '"') {
+        const bool escaped = rest[i] == '\\' && i + 1 < rest.size();
+        if (rest[i] != '"' && !escaped) continue;
+        text.append(rest.substr(plain, i - plain));
+        if (!escaped) {
             rest.remove_prefix(i + 1);
             return text;
         }
-        if (rest[i] != '\\' || i + 1 == rest.size()) {
-            text.append(rest.substr(i, next - i));
-            continue;
+        plain = next;
+        if (const char c = rest[next]; c == 'n' || c == 'r') {
+            text.push_back(c == 'n' ? '\n' : '\r');
+            ++plain;
         }
-        const char c = rest[next];
-        i = next;
-        next = util::afterCharacter(rest, i);
-        text.append(c == 'n' ? "\n" : c == 'r' ? "\r" : rest.substr(i, next - i));
+        next = util::afterCharacter(rest, next);
     }
     return std::nullopt;
 }
@@ -182,22 +184,21 @@ bool readData(std::string_view data, ExportedValue& value) {
 
 }  // namespace
 
-RegistryExport::RegistryExport(std::string_view bytes)
-    : bytes_(bytes.starts_with("\xFF\xFE") ? fromUtf16(bytes) : std::string(bytes)) {
+RegistryExport::RegistryExport(std::string bytes)
+    : bytes_(bytes.starts_with("\xFF\xFE") ? fromUtf16(bytes) : std::move(bytes)) {
     splitLines();
     findClosingLines();
 }
 
-std::string_view RegistryExport::lineAt(std::size_t index) const {
-    return std::string_view(bytes_).substr(lines_[index].begin, lines_[index].end - lines_[index].begin);
-}
-
 // A zero ends a line as well: no text holds one, and for some editors the line is over there.
 void RegistryExport::splitLines() {
-    for (std::size_t begin = 0; begin < bytes_.size();) {
-        const std::size_t end = std::min(bytes_.find_first_of(std::string_view("\r\n\0", 3), begin), bytes_.size());
-        lines_.push_back({begin, end});
-        begin = end + (bytes_.compare(end, 2, "\r\n") == 0 ? 2 : 1);
+    lines_.reserve(static_cast<std::size_t>(std::count(bytes_.begin(), bytes_.end(), '\n')) + 1);
+    const auto endsLine = [](char c) { return c == '\r' || c == '\n' || c == '\0'; };
+    for (auto begin = bytes_.cbegin(); begin != bytes_.cend();) {
+        const auto end = std::find_if(begin, bytes_.cend(), endsLine);
+        lines_.emplace_back(begin, end);
+        const std::string_view rest(end, bytes_.cend());
+        begin = end + (rest.starts_with("\r\n") ? 2 : !rest.empty());
     }
 }
 
@@ -207,7 +208,7 @@ void RegistryExport::findClosingLines() {
     nextFilled_.assign(lines_.size() + 1, lines_.size());
     nextClosing_.assign(lines_.size() + 1, None);
     for (std::size_t i = lines_.size(); i-- > 0;) {
-        const std::string_view line = lineAt(i);
+        const std::string_view line = lines_[i];
         nextFilled_[i] = line.empty() ? nextFilled_[i + 1] : i;
         if (opensBlock(line)) continue;  // no text goes on across another block
         nextClosing_[i] = closesText(i) ? i : nextClosing_[i + 1];
@@ -215,16 +216,16 @@ void RegistryExport::findClosingLines() {
 }
 
 bool RegistryExport::closesText(std::size_t index) const {
-    if (!lineAt(index).ends_with('"')) return false;
+    if (!lines_[index].ends_with('"')) return false;
     const std::size_t next = index + 1;
-    if (next == lines_.size() || opensOwnValue(lineAt(next))) return true;
+    if (next == lines_.size() || opensOwnValue(lines_[next])) return true;
     const std::size_t filled = nextFilled_[next];
-    return filled == lines_.size() || opensBlock(lineAt(filled));
+    return filled == lines_.size() || opensBlock(lines_[filled]);
 }
 
 std::optional<RegistryExport::Item> RegistryExport::next() {
     for (; at_ < lines_.size(); ++at_) {
-        const std::string_view line = lineAt(at_);
+        const std::string_view line = lines_[at_];
         if (line == OwnExportMark) own_ = true;
         if (line == "REGEDIT4") own_ = false;
         const bool header = line == "REGEDIT4" || line == "Windows Registry Editor Version 5.00";
@@ -245,13 +246,13 @@ std::optional<RegistryExport::Item> RegistryExport::next() {
     item.own = own_;
     item.line = first + 1;
     markReplaced(item.value);
-    for (std::size_t i = first; i < at_; ++i) item.lines.push_back(lineAt(i));
+    item.lines = std::span(lines_).subspan(first, at_ - first);
     return item;
 }
 
 // Leaves `at_` after the value; where it was when there is none.
 std::optional<ExportedValue> RegistryExport::ownValue() {
-    const std::string_view line = lineAt(at_);
+    const std::string_view line = lines_[at_];
     if (!line.starts_with('"')) return std::nullopt;
     // First: a text that ends like a number would have to go on in the next line.
     if (auto number = ownNumber(line)) {
@@ -271,20 +272,20 @@ std::optional<ExportedValue> RegistryExport::ownText(std::string_view line) {
     ExportedValue value;
     value.name = line.substr(1, mark - 1);
     value.type = platform::RegSz;
-    const std::size_t from = lines_[at_].begin + begin;
-    value.text = bytes_.substr(from, lines_[closing].end - 1 - from);
+    const char *const from = line.data() + begin, *const end = lines_[closing].data() + lines_[closing].size() - 1;
+    value.text.assign(from, end);
     if (util::equalFolded(value.name, "Icon")) value.text = halved(value.text);
     at_ = closing + 1;
     return value;
 }
 
 RegistryExport::Item RegistryExport::editorsItem() {
-    std::string joined(lineAt(at_++));
+    const std::string_view line = lines_[at_++];
+    if (!line.ends_with('\\') || !holdsBytes(line)) return asEditorsRead(line);
     // Binary data goes on in the next line after a backslash.
-    if (holdsBytes(joined)) {
-        for (; joined.ends_with('\\') && at_ < lines_.size(); joined.append(withoutBlanks(lineAt(at_++))))
-            joined.pop_back();
-    }
+    std::string joined(line);
+    for (; joined.ends_with('\\') && at_ < lines_.size(); joined.append(withoutBlanks(lines_[at_++])))
+        joined.pop_back();
     return asEditorsRead(joined);
 }
 

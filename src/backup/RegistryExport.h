@@ -11,6 +11,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -43,30 +44,25 @@ public:
     };
     struct Item {
         Kind kind = Kind::Unknown;
-        std::string key;      // the key, or the one that the line belongs to; "" before the first
-        ExportedValue value;  // of Value; of DeletedValue the name
+        std::string_view key;  // the key, or the one that the line belongs to; "" before the first
+        ExportedValue value;   // of Value; of DeletedValue the name
         // The lines that a registry editor sees, which knows nothing of this program's way of writing.
-        std::vector<std::string_view> lines;
+        std::span<const std::string_view> lines;
         std::size_t line = 0;  // the number of the first of them, from 1
         bool own = false;      // stands in an export that this program has written
     };
 
-    explicit RegistryExport(std::string_view bytes);
+    explicit RegistryExport(std::string bytes);
     RegistryExport(const RegistryExport&) = delete;
     RegistryExport& operator=(const RegistryExport&) = delete;
 
-    // The next item; nothing at the end of the file. Its lines live as long as this reader.
+    // The next item; nothing at the end of the file. Its key and lines live as long as this reader.
     std::optional<Item> next();
 
     // What a registry editor takes one line for: Key and DeletedKey, Value and DeletedValue by name, else Unknown.
     static Item asEditorsRead(std::string_view line);
 
 private:
-    // Positions in the file of a line's first byte and of the one after its last.
-    struct Line {
-        std::size_t begin = 0, end = 0;
-    };
-    std::string_view lineAt(std::size_t index) const;
     void splitLines();
     void findClosingLines();
     bool closesText(std::size_t index) const;
@@ -75,11 +71,11 @@ private:
     Item editorsItem();
 
     std::string bytes_;
-    std::vector<Line> lines_;
+    std::vector<std::string_view> lines_;   // of bytes_, without their ends
     std::vector<std::size_t> nextFilled_;   // by line: itself or the first after it that is not empty
     std::vector<std::size_t> nextClosing_;  // by line: itself or the first after it that ends a text of this program's
     std::size_t at_ = 0;
-    std::string key_;
+    std::string_view key_;
     bool own_ = false;
 };
 

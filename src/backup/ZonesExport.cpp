@@ -36,13 +36,13 @@ bool beginsAllowedKey(std::string_view key) {
 
 // What a registry editor would do with one line that must not be: the key that it would touch, or in which it would
 // delete. A line of a text that merely stands in brackets names no key to it.
-std::optional<std::string> forbiddenBy(std::string_view line, bool insideText, const std::string& currentKey) {
+std::optional<std::string> forbiddenBy(std::string_view line, bool insideText, std::string_view currentKey) {
     const auto read = RegistryExport::asEditorsRead(line);
-    if (read.kind == Kind::DeletedValue) return currentKey + "\\" + read.value.name;
+    if (read.kind == Kind::DeletedValue) return std::string(currentKey) + "\\" + read.value.name;
     if (read.kind == Kind::DeletedKey || read.kind == Kind::Key) {
         if (insideText && !startsWith(read.key, "HK")) return std::nullopt;
         if (read.kind == Kind::Key && zoneOf(read.key)) return std::nullopt;
-        return read.key;
+        return std::string(read.key);
     }
     const std::size_t bracket = line.find_first_not_of(" \t");
     if (read.kind != Kind::Unknown || bracket == std::string_view::npos || line[bracket] != '[') return std::nullopt;
@@ -140,7 +140,7 @@ private:
 }  // namespace
 
 ZonesExport readZonesExport(std::string_view bytes) {
-    RegistryExport source(bytes);
+    RegistryExport source{std::string(bytes)};
     Collector collector;
     while (const auto item = source.next()) collector.add(*item);
     collector.dropFalseAlarms();

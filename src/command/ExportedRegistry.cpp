@@ -97,18 +97,19 @@ public:
 
 private:
     // The root's handle and what follows it.
-    static std::pair<HKey, std::string> parted(const std::string& path) {
+    static std::pair<HKey, std::string> parted(std::string_view path) {
         const std::size_t end = std::min(path.find('\\'), path.size());
-        return {clsRegistry::RootHandle(util::upper(path.substr(0, end))), path.substr(std::min(end + 1, path.size()))};
+        return {clsRegistry::RootHandle(util::upper(path.substr(0, end))),
+                std::string(path.substr(std::min(end + 1, path.size())))};
     }
-    bool enter(const std::string& path) {
+    bool enter(std::string_view path) {
         registry_.RegCloseKey(key_);
         key_ = 0;
         const auto [root, below] = parted(path);
         return root != 0 && registry_.simulated::Registry::RegCreateKeyExA(root, below, platform::KeyAllAccess, key_) ==
                                 platform::Success;
     }
-    bool remove(const std::string& path) {
+    bool remove(std::string_view path) {
         registry_.RegCloseKey(key_);
         key_ = 0;
         const auto [root, below] = parted(path);
@@ -132,10 +133,10 @@ private:
 }  // namespace
 
 std::string ExportedRegistry::load(std::string_view bytes, platform::Console& console) {
-    const std::string text = textOf(bytes, console);
-    const std::string_view start = std::string_view(text).substr(0, text.find_first_of("\r\n"));
+    std::string text = textOf(bytes, console);
+    const std::string start = text.substr(0, text.find_first_of("\r\n"));
     if (start != Header4 && start != Header5) return "line 1: it is no registry export";
-    RegistryExport source(text);
+    RegistryExport source(std::move(text));
     Loading loading(*this, console, start == Header5);
     while (const auto item = source.next())
         if (!loading.take(*item))

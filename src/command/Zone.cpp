@@ -12,17 +12,10 @@ namespace command {
 
 namespace {
 
-// Numbers by their size, anything else behind them.
-bool before(const std::string& a, const std::string& b) {
-    const auto x = zones::numberOf(a), y = zones::numberOf(b);
-    if (x && y) return *x < *y;
-    if (x || y) return x.has_value();
-    return util::lower(a) < util::lower(b);
-}
-
 void sortByName(std::vector<ListedValue>& values) {
-    std::sort(values.begin(), values.end(),
-              [](const ListedValue& a, const ListedValue& b) { return util::lower(a.name) < util::lower(b.name); });
+    const auto less = [](const auto& a, const auto& b) { return util::compareFolded(a.name, b.name) < 0; };
+    // Registries list names in this order, as a rule.
+    if (!std::is_sorted(values.begin(), values.end(), less)) std::sort(values.begin(), values.end(), less);
 }
 
 [[noreturn]] void unreadable(const std::string& key) {
@@ -60,15 +53,21 @@ std::string levelText(std::uint32_t number) {
 
 }  // namespace
 
+bool before(std::string_view a, std::string_view b) {
+    const auto x = zones::numberOf(a), y = zones::numberOf(b);
+    if (x && y) return *x < *y;
+    if (x || y) return x.has_value();
+    return util::compareFolded(a, b) < 0;
+}
+
 bool isSettingName(std::string_view name) {
     return !isOneOf(name, ZoneTexts) && !isOneOf(name, ZoneLevels) && !util::equalFolded(name, zones::value::Flags);
 }
 
 const ListedValue* Zone::find(std::string_view name) const {
-    const std::string folded = util::lower(name);
-    const auto found = std::lower_bound(values.begin(), values.end(), folded,
-                                        [](const ListedValue& v, const auto& n) { return util::lower(v.name) < n; });
-    return found != values.end() && util::lower(found->name) == folded ? &*found : nullptr;
+    const auto less = [](const ListedValue& v, std::string_view n) { return util::compareFolded(v.name, n) < 0; };
+    const auto found = std::lower_bound(values.begin(), values.end(), name, less);
+    return found != values.end() && util::equalFolded(found->name, name) ? &*found : nullptr;
 }
 
 std::string Zone::name() const {

@@ -18,7 +18,9 @@ struct Zone {
     std::string name() const;  // "" when it has none
 };
 
-// All zones, the numbered ones by their numbers. Throws util::Error when something cannot be read.
+// The order of zones by their keys: numbers by their size, anything else behind them.
+bool before(std::string_view a, std::string_view b);
+// All zones, in this order. Throws util::Error when something cannot be read.
 std::vector<Zone> readZones(clsRegistry& registry);
 // The settings of a level by its template. Throws util::Error when there is none.
 Zone readLevel(clsRegistry& registry, int level);

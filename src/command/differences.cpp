@@ -48,9 +48,9 @@ private:
     }
 
     static const Zone* zoneOf(const Compared& side, const std::string& key) {
-        const auto found = std::find_if(side.zones.begin(), side.zones.end(),
-                                        [&](const Zone& z) { return util::equalFolded(z.key, key); });
-        return found == side.zones.end() ? nullptr : &*found;
+        const auto found = std::lower_bound(side.zones.begin(), side.zones.end(), key,
+                                            [](const Zone& z, const std::string& k) { return before(z.key, k); });
+        return found != side.zones.end() && !before(key, found->key) ? &*found : nullptr;
     }
 
     void compare(const Zone& x, const Zone& y) {
@@ -62,29 +62,32 @@ private:
             compareFlags();
         }
         for (const SettingGroup& group : words_.groups())
-            for (const Setting& setting : group.settings) compareSetting(setting.valueName, setting.caption);
+            for (const Setting& setting : group.settings)
+                compareSetting(setting.valueName, setting.caption, x_->find(setting.valueName),
+                               y_->find(setting.valueName));
         compareOthers();
     }
 
     // Values that no description knows, of both zones in the order of their names.
     void compareOthers() {
-        std::vector<std::string> names;
-        for (const Zone* zone : {x_, y_})
-            for (const ListedValue& value : zone->values)
-                if (isSettingName(value.name) && !words_.settingOf(value.name)) names.push_back(value.name);
-        const auto less = [](const auto& l, const auto& r) { return util::lower(l) < util::lower(r); };
-        std::sort(names.begin(), names.end(), less);
-        names.erase(std::unique(names.begin(), names.end(), util::equalFolded), names.end());
-        for (const std::string& name : names) compareSetting(name, name.empty() ? "(default value)" : name);
+        auto x = x_->values.begin(), y = y_->values.begin();
+        const auto endX = x_->values.end(), endY = y_->values.end();
+        while (x != endX || y != endY) {
+            const int order = x == endX ? 1 : y == endY ? -1 : util::compareFolded(x->name, y->name);
+            const ListedValue *before = order <= 0 ? &*x++ : nullptr, *after = order >= 0 ? &*y++ : nullptr;
+            const std::string& name = (before ? before : after)->name;
+            if (!equal(before, after) && isSettingName(name) && !words_.settingOf(name))
+                compareSetting(name, name.empty() ? "(default value)" : name, before, after);
+        }
     }
 
     // A level says nothing about settings that its template lacks, and a backup nothing about values that it cannot
     // carry.
-    void compareSetting(const std::string& value, const std::string& caption) {
-        const ListedValue *before = x_->find(value), *after = y_->find(value);
+    void compareSetting(const std::string& value, const std::string& caption, const ListedValue* before,
+                        const ListedValue* after) {
         if ((a_.level && !before) || (b_.level && !after)) return;
         if (a_.textsAndNumbers != b_.textsAndNumbers && !carried(before) && !carried(after)) return;
-        compareValue(value, caption);
+        compareValue(value, caption, before, after);
     }
     static bool carried(const ListedValue* value) {
         if (!value || value->type == ValueType::Binary) return false;
@@ -92,7 +95,10 @@ private:
     }
 
     void compareValue(std::string_view value, std::string caption) {
-        const ListedValue *before = x_->find(value), *after = y_->find(value);
+        compareValue(value, std::move(caption), x_->find(value), y_->find(value));
+    }
+    void compareValue(std::string_view value, std::string caption, const ListedValue* before,
+                      const ListedValue* after) {
         if (!equal(before, after)) add(std::move(caption), words_.meaning(value, before), words_.meaning(value, after));
     }
 

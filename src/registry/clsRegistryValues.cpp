@@ -158,6 +158,7 @@ std::optional<std::vector<ListedValue>> clsRegistry::DirValue() {
         std::string name(info.longestValueName + 1, '\0');
         Bytes data(std::max(info.longestData, 1u), 0);
         std::vector<ListedValue> values;
+        values.reserve(info.values);
         for (std::uint32_t i = 0; i < info.values; ++i) {
             std::uint32_t length, size;
             RegType stored = RegNone;

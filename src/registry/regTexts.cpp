@@ -76,7 +76,11 @@ std::string hexadecimalText(std::uint32_t number) {
 }
 
 std::string listedDWord(std::uint32_t number) {
-    std::string text = hexadecimalText(number) + " (" + util::toDecimal(number / 1000000000);
-    for (const std::uint32_t unit : {1000000u, 1000u, 1u}) text += ',' + util::toDigits(number / unit % 1000, 3);
-    return text + ')';
+    std::string text = "00000000 (0,000,000,000)";
+    for (std::uint32_t place = 8, rest = number; rest != 0; rest /= 16) text[--place] = "0123456789abcdef"[rest % 16];
+    for (std::size_t place = text.size() - 1, rest = number; rest != 0; rest /= 10) {
+        if (text[--place] == ',') --place;
+        text[place] = static_cast<char>('0' + rest % 10);
+    }
+    return text;
 }

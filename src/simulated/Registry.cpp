@@ -65,7 +65,7 @@ struct Registry::Value {
 struct Registry::Key {
     std::string name;
     std::weak_ptr<Key> parent;
-    NamedList<Key> keys;
+    NamedList<std::shared_ptr<Key>> keys;
     NamedList<Value> values;
     std::string listedAs;  // "": under its name
     bool deleted = false;
@@ -76,6 +76,10 @@ struct Registry::Key {
         for (const auto& key : keys.all()) key->markDeleted();
     }
 };
+
+Registry::Value& Registry::valueIn(Key& key, std::string_view name) {
+    return key.values.findOrAdd(name, [&] { return Value{std::string(name), RegNone, {}}; });
+}
 
 struct Registry::Handle {
     std::shared_ptr<Key> key;
@@ -125,10 +129,10 @@ Registry::~Registry() = default;
 
 void Registry::collect(const Key& key, const std::string& path, Contents& contents) {
     contents[path + "|"] = "";
-    for (const auto& value : key.values.all()) {
-        std::string& data = contents[path + "|" + value->name];
-        data.assign(1, static_cast<char>(value->type));
-        data.append(value->data.begin(), value->data.end());
+    for (const Value& value : key.values.all()) {
+        std::string& data = contents[path + "|" + value.name];
+        data.assign(1, static_cast<char>(value.type));
+        data.append(value.data.begin(), value.data.end());
     }
     for (const auto& sub : key.keys.all()) collect(*sub, path + "\\" + sub->name, contents);
 }
@@ -157,9 +161,9 @@ void Registry::setContents(const Contents& contents) {
             last = path;
         }
         if (data.empty()) continue;
-        const auto value = std::make_shared<Value>();
-        *value = {name.substr(path.size() + 1), static_cast<RegType>(data[0]), Bytes(data.begin() + 1, data.end())};
-        key->values.add(value);
+        Value& value = valueIn(*key, std::string_view(name).substr(path.size() + 1));
+        value.type = static_cast<RegType>(data[0]);
+        value.data.assign(data.begin() + 1, data.end());
     }
 }
 
@@ -190,15 +194,15 @@ Result Registry::walk(HKey handle, const std::string& subKey, bool create, std::
     if (const Result code = resolve(handle, 0, key); code != Success) return code;
     if (const Result code = checkPath(untilZero(subKey)); code != Success) return code;
     for (const std::string_view part : partsOf(untilZero(subKey))) {
-        std::shared_ptr<Key> child = key->keys.find(part);
-        if (!child) {
-            if (!create) return FileNotFound;
-            child = std::make_shared<Key>();
+        const auto make = [&] {
+            const auto child = std::make_shared<Key>();
             child->name = part;
             child->parent = key;
-            key->keys.add(child);
-        }
-        key = std::move(child);
+            return child;
+        };
+        const std::shared_ptr<Key>* child = create ? &key->keys.findOrAdd(part, make) : key->keys.find(part);
+        if (!child) return FileNotFound;
+        key = std::shared_ptr<Key>(*child);
     }
     return Success;
 }
@@ -252,7 +256,7 @@ Result Registry::RegDeleteKeyA(HKey key, const std::string& subKey) {
     const std::shared_ptr<Key> parent = found->parent.lock();
     if (!parent) return AccessDenied;
     if (!found->keys.empty() && !deletesSubtrees) return AccessDenied;
-    parent->keys.remove(found);
+    parent->keys.remove(parent->keys.find(found->name));
     found->markDeleted();
     return Success;
 }
@@ -262,7 +266,7 @@ Result Registry::RegDeleteValueA(HKey key, const std::string& name) {
     std::shared_ptr<Key> found;
     if (const Result code = resolve(key, KeySetValue, found); code != Success) return code;
     if (untilZero(name).size() > LongestText) return InvalidParameter;
-    const std::shared_ptr<Value> value = found->values.find(untilZero(name));
+    const Value* value = found->values.find(untilZero(name));
     if (!value) return FileNotFound;
     found->values.remove(value);
     return Success;
@@ -279,10 +283,10 @@ Result Registry::RegQueryInfoKeyA(HKey key, KeyInfo& info) {
     info.subKeys = static_cast<std::uint32_t>(found->keys.size());
     info.values = static_cast<std::uint32_t>(found->values.size());
     for (const auto& sub : found->keys.all()) longest(info.longestSubKey, sub->listed().size());
-    for (const auto& value : found->values.all()) {
-        longest(info.longestValueName, value->name.size());
+    for (const Value& value : found->values.all()) {
+        longest(info.longestValueName, value.name.size());
         // NT keeps text in two bytes a character, and that is the size it tells.
-        longest(info.longestData, value->data.size() * (isText(value->type) ? 2 : 1));
+        longest(info.longestData, value.data.size() * (isText(value.type) ? 2 : 1));
     }
     return Success;
 }
@@ -303,7 +307,7 @@ Result Registry::RegEnumValueA(HKey key, std::uint32_t index, char* name, std::u
     std::shared_ptr<Key> found;
     if (const Result code = resolve(key, KeyQueryValue, found); code != Success) return code;
     if (index >= found->values.size()) return NoMoreItems;
-    const Value& value = *found->values.at(index);
+    const Value& value = found->values.at(index);
     const Result dataFits = copyData(value.type, value.data, type, data, size);
     const Result nameFits = copyName(value.name, name, length);
     return nameFits != Success ? nameFits : dataFits;
@@ -315,7 +319,7 @@ Result Registry::RegQueryValueExA(HKey key, const std::string& name, RegType& ty
     std::shared_ptr<Key> found;
     if (const Result code = resolve(key, KeyQueryValue, found); code != Success) return code;
     if (untilZero(name).size() > LongestText) return InvalidParameter;
-    const std::shared_ptr<Value> value = found->values.find(untilZero(name));
+    const Value* value = found->values.find(untilZero(name));
     if (value) return copyData(value->type, value->data, type, data, size);
     type = RegNone;
     if (!data) size = 0;
@@ -329,14 +333,9 @@ Result Registry::RegSetValueExA(HKey key, const std::string& name, RegType type,
     if (const Result code = resolve(key, KeySetValue, found); code != Success) return code;
     if (untilZero(name).size() > LongestValue) return InvalidParameter;
     if (!data && size > 0) return NoAccess;
-    std::shared_ptr<Value> value = found->values.find(untilZero(name));
-    if (!value) {
-        value = std::make_shared<Value>();
-        value->name = untilZero(name);
-        found->values.add(value);
-    }
-    value->type = type;
-    value->data.assign(data ? data : reinterpret_cast<const std::uint8_t*>(""), size);
+    Value& value = valueIn(*found, untilZero(name));
+    value.type = type;
+    value.data.assign(data ? data : reinterpret_cast<const std::uint8_t*>(""), size);
     return Success;
 }
 

@@ -67,6 +67,8 @@ private:
     Result resolve(HKey handle, platform::AccessMask needed, std::shared_ptr<Key>& key) const;
     Result walk(HKey handle, const std::string& subKey, bool create, std::shared_ptr<Key>& key) const;
     HKey give(const std::shared_ptr<Key>& key, platform::AccessMask access);
+    // The value with this name, which is made when there is none.
+    static Value& valueIn(Key& key, std::string_view name);
     static void collect(const Key& key, const std::string& path, Contents& contents);
 
     std::map<HKey, std::shared_ptr<Key>> roots_;

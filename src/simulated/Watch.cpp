@@ -1,5 +1,7 @@
 #include "simulated/Watch.h"
 
+#include <algorithm>
+
 namespace simulated {
 
 using namespace platform;
@@ -7,8 +9,9 @@ using namespace platform;
 std::optional<Result> Watch::before(const char* function) {
     if (pauses_ > 0 || (above && above->pauses_ > 0)) return std::nullopt;
     if (onCall) onCall(function);
-    const auto calls = calls_.find(std::string_view(function));
-    ++(calls == calls_.end() ? calls_[function] : calls->second);
+    auto known = std::find_if(calls_.begin(), calls_.end(), [&](const auto& c) { return c.first == function; });
+    if (known == calls_.end()) known = calls_.insert(known, {function, 0});
+    ++known->second;
     std::optional<Result> answer = above ? above->before(function) : std::nullopt;
     if (failures_.empty()) return answer;
     for (const std::string_view key : {std::string_view(Any), std::string_view(function)}) {
@@ -34,8 +37,10 @@ int Watch::calls() const {
 }
 
 int Watch::calls(const std::string& function) const {
-    const auto found = calls_.find(function);
-    return found == calls_.end() ? 0 : found->second;
+    int sum = 0;
+    for (const auto& [called, count] : calls_)
+        if (called == function) sum += count;
+    return sum;
 }
 
 }  // namespace simulated

@@ -10,6 +10,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/Registry.h"
 
@@ -50,7 +51,7 @@ private:
         platform::Result code = platform::Success;
     };
     static constexpr const char* Any = "";
-    std::map<std::string, int, std::less<>> calls_;
+    std::vector<std::pair<const char*, int>> calls_;  // of each function, whose name stands where its literal does
     std::map<std::string, Failure, std::less<>> failures_;  // by function
     int pauses_ = 0;
     bool failed_ = false;

@@ -1,5 +1,7 @@
 #include "util/characters.h"
 
+#include <algorithm>
+
 namespace util {
 
 namespace {
@@ -55,8 +57,24 @@ std::string upper(std::string_view text) {
     return changed(text, 'a', 'A' - 'a');
 }
 
+int compareFolded(std::string_view a, std::string_view b) {
+    const auto folded = [](char c) {
+        const auto byte = static_cast<unsigned char>(c);
+        return byte >= 'A' && byte <= 'Z' ? byte + ('a' - 'A') : byte;
+    };
+    const std::size_t common = std::min(a.size(), b.size());
+    bool second = false;  // of a character of two bytes, whose like is no letter
+    for (std::size_t at = 0; at < common; ++at) {
+        const int x = second ? static_cast<unsigned char>(a[at]) : folded(a[at]);
+        const int y = second ? static_cast<unsigned char>(b[at]) : folded(b[at]);
+        if (x != y) return x - y;
+        second = !second && isLead[static_cast<unsigned char>(a[at])];
+    }
+    return a.size() < b.size() ? -1 : a.size() > b.size();
+}
+
 bool equalFolded(std::string_view a, std::string_view b) {
-    return a.size() == b.size() && lower(a) == lower(b);
+    return a.size() == b.size() && compareFolded(a, b) == 0;
 }
 
 std::string_view trimmed(std::string_view text) {

@@ -26,7 +26,8 @@ bool endsWithBackslash(std::string_view text);
 // Only the letters A to Z change: what bytes above 127 stand for depends on the code page.
 std::string lower(std::string_view text);
 std::string upper(std::string_view text);
-// Equal, ignoring the case of the letters A to Z.
+// Negative, zero or positive as `a` stands before, with or behind `b`, ignoring the case of the letters A to Z.
+int compareFolded(std::string_view a, std::string_view b);
 bool equalFolded(std::string_view a, std::string_view b);
 
 // Without the blanks at both ends.
