@@ -125,14 +125,6 @@ HWND User::control(HWND window, const std::string& className, const std::string&
     return found;
 }
 
-int User::items(HWND window) {
-    int count = 0;
-    for (const HWND child : visibleBelow(window))
-        if (lstrcmpiA(classOf(child).c_str(), WC_LISTVIEWA) == 0)
-            count += static_cast<int>(send(child, LVM_GETITEMCOUNT, 0, 0));
-    return count;
-}
-
 // Doing -----------------------------------------------------------------------------------------------------------
 
 void User::press(WORD key, WORD with) {

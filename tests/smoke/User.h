@@ -32,8 +32,6 @@ public:
 
     // The visible control of that class and text below `window`.
     HWND control(HWND window, const std::string& className, const std::string& text = {});
-    // Of all visible lists below `window`.
-    int items(HWND window);
 
     void press(WORD key, WORD with = 0);
     // Opens a menu and chooses from it, by their access keys.

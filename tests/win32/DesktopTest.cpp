@@ -5,6 +5,7 @@
 #include "platform/SystemError.h"
 #include "ui/WindowHook.h"
 #include "win32/Callbacks.h"
+#include "win32/Screen.h"
 #include "win32/System.h"
 #include "win32/SystemError.h"
 
@@ -104,30 +105,50 @@ TEST_F(DesktopTest, AFormCanBeShownAgainEvenInTheHandlerThatUnloadedIt) {
 
 TEST_F(DesktopTest, AMainWindowIsSizedByUserAndProgram) {
     EveryControl form(desktop);
+    EXPECT_EQ(form.place().width, 0);
     form.show();
+    for (const auto& [which, length] : {std::pair{ICON_SMALL, SM_CXSMICON}, {ICON_BIG, SM_CXICON}}) {
+        const LRESULT icon = SendMessageA(windowOf(form), WM_GETICON, static_cast<WPARAM>(which), 0);
+        ICONINFO parts = {};
+        GetIconInfo(reinterpret_cast<HICON>(icon), &parts);
+        BITMAP size = {};
+        GetObjectA(parts.hbmMask, sizeof size, &size);
+        EXPECT_EQ(size.bmWidth, GetSystemMetrics(length)) << which;
+    }
     RECT at = {}, work = {};
     GetWindowRect(windowOf(form), &at);
     SystemParametersInfoA(SPI_GETWORKAREA, 0, &work, 0);
     EXPECT_NEAR(at.left - work.left, work.right - at.right, 1);
+    const auto expectPlaced = [&] {
+        GetWindowRect(windowOf(form), &at);
+        const win32::Screen screen;
+        EXPECT_EQ(form.place(), (ui::Bounds{screen.twips(at.left), screen.twips(at.top),
+                                            screen.twips(at.right - at.left), screen.twips(at.bottom - at.top)}));
+    };
+    expectPlaced();
     const int width = at.right - at.left, height = at.bottom - at.top;
     SetWindowPos(windowOf(form), nullptr, 0, 0, width - 100, height + 40, SWP_NOMOVE | SWP_NOZORDER);
+    expectPlaced();
     EXPECT_EQ(form.resizes, 1);
     EXPECT_EQ(form.client().width, 6400) << "no narrower than designed";
     form.setHeight(form.height() + 600);
+    expectPlaced();
     EXPECT_EQ(form.resizes, 2);
-    GetWindowRect(windowOf(form), &at);
-    const int dots = GetDeviceCaps(GetDC(nullptr), LOGPIXELSY);
+    const int dots = win32::Screen().pixelsPerInch();
     EXPECT_EQ(at.bottom - at.top, ui::toPixels(form.height(), dots));
 
     const LONG restored = at.right - at.left;
     ShowWindow(windowOf(form), SW_SHOWMAXIMIZED);
     EXPECT_GT(form.client().width, 6400);
     form.setHeight(form.smallest().width);
-    GetWindowRect(windowOf(form), &at);
+    expectPlaced();
     EXPECT_EQ(at.right - at.left, restored) << "and not as wide as the screen";
     EXPECT_EQ(at.bottom - at.top, ui::toPixels(6400, dots));
     EXPECT_NEAR(form.client().width, 6400, 15);
-    form.unload();
+    const int resizes = form.resizes;
+    ShowWindow(windowOf(form), SW_MINIMIZE);
+    EXPECT_EQ(form.resizes, resizes);
+    EXPECT_GT(form.place().width, 6400);
     EveryControl elsewhere(desktop);
     elsewhere.setPlace(99999, -99999, 7500);
     elsewhere.show();
@@ -390,6 +411,15 @@ TEST_F(DesktopTest, EndingTheProgramLeavesEveryLoop) {
     }
 }
 
+TEST_F(DesktopTest, TheSystemsWishEndsTheProgram) {
+    EveryControl form(desktop);
+    form.show();
+    PostQuitMessage(0);
+    EXPECT_THROW(desktop.doEvents(), ui::EndProgram);
+    PostQuitMessage(0);
+    EXPECT_THROW(desktop.run(), ui::EndProgram);
+}
+
 // Somebody outside can close what is disabled. A dialog is still needed by what comes after the question.
 TEST_F(DesktopTest, ClosingTheMainWindowClosesASystemDialogAboveIt) {
     for (const bool file : {false, true}) {
@@ -432,16 +462,25 @@ TEST_F(DesktopTest, QuestionsAreAskedByTheSystem) {
     };
     SetWindowPos(windowOf(form), nullptr, GetSystemMetrics(SM_CXSCREEN) - 50, GetSystemMetrics(SM_CYSCREEN) - 50, 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER);
+    const HWND other =
+        CreateWindowA("STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
     for (const auto& [button, given] : {std::pair{IDYES, ui::Answer::Yes}, {IDNO, ui::Answer::No}}) {
+        SetActiveWindow(other);
         answer(static_cast<WPARAM>(button));
         EXPECT_EQ(desktop.messageBox("Really?", "Title", ui::MessageStyle::ExclamationYesNo), given);
+        EXPECT_EQ(GetActiveWindow(), other);
     }
+    DestroyWindow(other);
     char file[MAX_PATH] = "", before[MAX_PATH] = "", after[MAX_PATH] = "";
     GetModuleFileNameA(nullptr, file, sizeof file);
     GetCurrentDirectoryA(sizeof before, before);
-    for (const auto& [button, chosen] : {std::pair{IDOK, file}, {IDCANCEL, nullptr}}) {
+    const std::string invalid = "C:\\" + std::string(300, '?');
+    for (const auto& [button, start, chosen] : {std::tuple<int, std::string, const char*>{IDOK, file, file},
+                                                {IDCANCEL, file, nullptr},
+                                                {IDCANCEL, invalid, nullptr}}) {
+        sizable = false;
         answer(static_cast<WPARAM>(button));
-        const auto path = desktop.openFile({"Title", "Programs (*.exe)|*.exe", "exe", file});
+        const auto path = desktop.openFile({"Title", "Programs (*.exe)|*.exe", "exe", start});
         EXPECT_EQ(path.value_or("none"), chosen ? chosen : "none");
         GetCurrentDirectoryA(sizeof after, after);
         EXPECT_STREQ(after, before);

@@ -2,9 +2,20 @@
 
 #include "support/IconBytes.h"
 
-ui::Picture plainIcon() {
-    const platform::Bytes bytes = icons::image(32, 24).bytes;
-    return {ui::Picture::Kind::Icon, {bytes.data(), bytes.size()}, 32, 32};
+ui::Picture halvedIcon(int size) {
+    icons::ByteWriter out;
+    const auto side = static_cast<std::uint32_t>(size);
+    out.u32(40).u32(side).u32(2 * side).u16(1).u16(24).fill(24);
+    for (int row = size; row-- > 0;) {
+        for (int x = 0; x < size; ++x) {
+            const bool seen = row < size / 2, left = x < size / 2;
+            out.u8(seen && !left ? 255 : 0).u8(0).u8(seen && left ? 255 : 0);
+        }
+        out.alignTo(4);
+    }
+    const std::size_t maskRow = (side + 31) / 32 * 4;
+    out.fill(maskRow * (side / 2), 0xFF).fill(maskRow * (side - side / 2), 0);
+    return {ui::Picture::Kind::Icon, {out.bytes().data(), out.size()}, size, size};
 }
 
 ui::Picture plainBitmap() {

@@ -36,8 +36,8 @@ inline std::string textOf(HWND window) {
     return text;
 }
 
-// An icon of one colour, 32 by 32 pixels of 24 bits.
-ui::Picture plainIcon();
+// A square icon whose left half is red and whose right half is blue; its lower half is not seen.
+ui::Picture halvedIcon(int size);
 // A bitmap without colour table, 4 by 4 pixels of 24 bits.
 ui::Picture plainBitmap();
 

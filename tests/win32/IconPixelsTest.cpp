@@ -1,69 +1,37 @@
 // What comes out where icons, bitmaps and lines are drawn, pixel by pixel.
 #include "EveryControl.h"
-#include "support/IconBytes.h"
 #include "win32/Graphics.h"
 
 namespace {
 
 constexpr COLORREF White = RGB(255, 255, 255), Red = RGB(255, 0, 0), Blue = RGB(0, 0, 255);
 
-// A square icon whose left half is red and whose right half is blue; its lower half is not seen.
-ui::Picture halves(int size) {
-    icons::ByteWriter out;
-    const auto side = static_cast<std::uint32_t>(size);
-    out.u32(40).u32(side).u32(2 * side).u16(1).u16(24).fill(24);
-    for (int row = size; row-- > 0;) {
-        for (int x = 0; x < size; ++x) {
-            const bool seen = row < size / 2, left = x < size / 2;
-            out.u8(seen && !left ? 255 : 0).u8(0).u8(seen && left ? 255 : 0);
-        }
-        out.alignTo(4);
-    }
-    const std::size_t maskRow = (side + 31) / 32 * 4;
-    out.fill(maskRow * (side / 2), 0xFF).fill(maskRow * (side - side / 2), 0);
-    return {ui::Picture::Kind::Icon, {out.bytes().data(), out.size()}, size, size};
-}
-
 // White paper to draw on.
-class Paper {
-public:
-    Paper()
-        : context_(CreateCompatibleDC(nullptr)),
-          bitmap_(make(context_.get())),
-          selected_(context_.get(), bitmap_.get()) {
-        PatBlt(context_.get(), 0, 0, Side, Side, WHITENESS);
-    }
-    static constexpr int Side = 450;
-    HDC context() const { return context_.get(); }
-    COLORREF at(int x, int y) const { return GetPixel(context_.get(), x, y); }
+struct Paper {
+    Paper() { PatBlt(context.get(), 0, 0, Side, Side, WHITENESS); }
+    COLORREF at(int x, int y) const { return GetPixel(context.get(), x, y); }
 
-private:
-    static HBITMAP make(HDC context) {
-        BITMAPINFO info = {};
-        info.bmiHeader = {sizeof info.bmiHeader, Side, Side, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-        void* bits = nullptr;
-        return CreateDIBSection(context, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    }
-    win32::MemoryContext context_;
-    win32::Bitmap bitmap_;
-    win32::Selected selected_;
+    static constexpr int Side = 450;
+    win32::MemoryContext context{CreateCompatibleDC(nullptr)};
+    win32::Bitmap bitmap{CreateCompatibleBitmap(win32::ScreenContext(), Side, Side)};
+    win32::Selected selected{context.get(), bitmap.get()};
 };
 
-// The icon takes `size` pixels from (left, top) on, and around it everything is white.
-void expectHalves(const Paper& paper, int left, int top, int size) {
+// The icon takes `size` pixels from (left, top) on, and is alone.
+void expectHalves(const Paper& paper, int left, int top, int size, COLORREF around = White) {
     const int half = size / 2, last = size - 1;
     const std::tuple<int, int, COLORREF> pixels[] = {
         {0, 0, Red},
         {half - 1, half - 1, Red},
         {half, 0, Blue},
         {last, half - 1, Blue},
-        {half - 1, half, White},
-        {last, half, White},
-        {0, last, White},
-        {-1, 0, White},
-        {size, 0, White},
-        {0, -1, White},
-        {half - 1, size, White},
+        {half - 1, half, around},
+        {last, half, around},
+        {0, last, around},
+        {-1, 0, around},
+        {size, 0, around},
+        {0, -1, around},
+        {half - 1, size, around},
     };
     for (const auto& [x, y, colour] : pixels)
         if (left + x >= 0 && top + y >= 0) {
@@ -86,36 +54,19 @@ TEST(IconPixels, AnIconFillsItsPlaceAtEveryResolution) {
         const Paper box, list;
         win32::PictureDrawing drawing;
         const int edge = (room - size) / 2;
-        drawing.draw(box.context(), {10, 20, 10 + room, 20 + room}, halves(image), win32::Screen(dots));
+        drawing.draw(box.context.get(), {10, 20, 10 + room, 20 + room}, halvedIcon(image), win32::Screen(dots));
         expectHalves(box, 10 + edge, 20 + edge, size);
 
         const win32::Images images = win32::makeImages(room);
-        for (const ui::Picture& picture : {ui::Picture(), halves(image), plainBitmap()})
+        for (const ui::Picture& picture : {ui::Picture(), halvedIcon(image), plainBitmap()})
             win32::addPicture(images.get(), room, picture);
         for (int number = 0; number < 3; ++number)
-            ImageList_Draw(images.get(), number, list.context(), 10 + 100 * number, 20, ILD_TRANSPARENT);
+            ImageList_Draw(images.get(), number, list.context.get(), 10 + 100 * number, 20, ILD_TRANSPARENT);
         EXPECT_EQ(list.at(10 + room / 2, 20 + room / 2), White);
         expectHalves(list, 110 + edge, 20 + edge, size);
         EXPECT_EQ(list.at(210, 20), RGB(0x80, 0x80, 0x80));
     }
 }
-
-// What of the icon is on the paper: how many of its pixels, and where.
-struct Seen {
-    explicit Seen(const Paper& paper) {
-        for (LONG y = 0; y < Paper::Side; ++y)
-            for (LONG x = 0; x < Paper::Side; ++x) {
-                const COLORREF colour = paper.at(x, y);
-                red += colour == Red;
-                blue += colour == Blue;
-                if (colour != Red && colour != Blue) continue;
-                place = {std::min(place.left, x), std::min(place.top, y), std::max(place.right, x + 1),
-                         std::max(place.bottom, y + 1)};
-            }
-    }
-    int red = 0, blue = 0;
-    RECT place = {Paper::Side, Paper::Side, 0, 0};
-};
 
 TEST(IconPixels, AFormAndItsControlsAreWhereTheyBelongAtEveryResolution) {
     // In pixels of the form's drawing area, give or take the one that rounding moves: left, top, width, height.
@@ -129,10 +80,10 @@ TEST(IconPixels, AFormAndItsControlsAreWhereTheyBelongAtEveryResolution) {
         win32::Desktop desktop(c.dots);
         EveryControl form(desktop);
         const int side = c.dots / 3;
-        form.icons.add(halves(side));
+        form.icons.add(halvedIcon(side));
         form.shows.clear();
         form.shows.add({"icon", 2, {}, {}});
-        form.picture.setPicture(halves(side));
+        form.picture.setPicture(halvedIcon(side));
         form.show();
         desktop.doEvents();
         for (const auto& [control, expected] :
@@ -146,35 +97,34 @@ TEST(IconPixels, AFormAndItsControlsAreWhereTheyBelongAtEveryResolution) {
         RECT listed = {LVIR_ICON, 0, 0, 0}, inside = {};
         ask(form.shows, LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&listed));
         GetClientRect(windowOf(form.picture), &inside);
-        for (const auto& [control, around] :
-             {std::pair<ui::Control*, RECT>{&form.shows, listed}, {&form.picture, inside}}) {
+        for (const auto& [control, around, colour] :
+             {std::tuple<ui::Control*, RECT, COLORREF>{&form.shows, listed, White},
+              {&form.picture, inside, GetSysColor(COLOR_3DFACE)}}) {
             const Paper paper;
-            ask(*control, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(paper.context()), PRF_CLIENT | PRF_ERASEBKGND);
-            const Seen seen(paper);
-            EXPECT_EQ((std::vector{seen.red, seen.blue}), (std::vector{side * side / 4, side * side / 4}));
-            EXPECT_EQ(seen.place.right - seen.place.left, side) << control->name();
-            EXPECT_EQ(seen.place.left, (around.left + around.right - side) / 2) << control->name();
+            ask(*control, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(paper.context.get()), PRF_CLIENT | PRF_ERASEBKGND);
+            const LONG left = (around.left + around.right - side) / 2;
+            LONG top = 0;
+            while (top < Paper::Side && paper.at(left, top) != Red) ++top;
+            expectHalves(paper, left, top, side, colour);
         }
     }
 }
 
-TEST(IconPixels, AFormDrawsItsPicturesAndLines) {
+TEST(IconPixels, AFormDrawsItsPicturesAndLinesAndATreeItsOptions) {
     win32::Desktop desktop(96);
     EveryControl form(desktop);
     form.show();
     const auto drawn = [&](const Paper& paper) {
-        SendMessageA(windowOf(form), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(paper.context()), PRF_CLIENT);
+        SendMessageA(windowOf(form), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(paper.context.get()), PRF_CLIENT);
     };
     const RECT place = {387, 7, 420, 40};
     const Paper nothing, icon, bitmap, cleared;
     drawn(nothing);
     EXPECT_EQ(nothing.at(place.left, place.top), White);
-    form.image.setPicture(halves(32));
+    form.image.setPicture(halvedIcon(32));
     drawn(icon);
     expectHalves(icon, place.left, place.top, 32);
     form.image.setPicture(plainBitmap());
-    RECT asked = {}, common = {};
-    EXPECT_TRUE(GetUpdateRect(windowOf(form), &asked, FALSE) && IntersectRect(&common, &asked, &place));
     drawn(bitmap);
     EXPECT_EQ(bitmap.at(place.left, place.top), RGB(0x80, 0x80, 0x80));
     form.image.clear();
@@ -189,6 +139,15 @@ TEST(IconPixels, AFormDrawsItsPicturesAndLines) {
                                        {100, 100, White},
                                        {100, 102, White}})
         EXPECT_EQ(cleared.at(x, y), colour) << x << ", " << y;
+
+    const int window = COLOR_WINDOW;
+    const COLORREF before = GetSysColor(window);
+    SetSysColors(1, &window, &Red);
+    SendMessageA(windowOf(form), WM_SYSCOLORCHANGE, 0, 0);
+    const Paper option;
+    ImageList_Draw(reinterpret_cast<HIMAGELIST>(ask(form.tree, TVM_GETIMAGELIST)), 1, option.context.get(), 0, 0, 0);
+    EXPECT_EQ(option.at(0, 0), Red) << "an option of the tree, in the new colours";
+    SetSysColors(1, &window, &before);
 }
 
 }  // namespace

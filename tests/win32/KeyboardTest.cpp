@@ -14,11 +14,6 @@ namespace {
 struct KeyboardTest : EditingFixture {
     KeyboardTest() { window->show(); }
 
-    void seeError() {
-        system.desktop.expectForm<frmError>([](frmError& error) { error.cmdContinue.click(); });
-        procedure("KeyboardTest", [] { throw util::Error(51, "", "Nothing is wrong."); });
-        basErrors::ProcStack.clear();
-    }
     void press(WPARAM key) {
         PostMessageA(GetFocus(), WM_KEYDOWN, key, 1);
         program.platform.desktop.doEvents();
@@ -29,7 +24,9 @@ struct KeyboardTest : EditingFixture {
         EXPECT_EQ(GetActiveWindow(), windowOf(form));
         press(VK_TAB);
         const HWND focus = GetFocus();
-        seeError();
+        system.desktop.expectForm<frmError>([](frmError& error) { error.cmdContinue.click(); });
+        procedure("KeyboardTest", [] { throw util::Error(51, "", "Nothing is wrong."); });
+        basErrors::ProcStack.clear();
         EXPECT_EQ(GetActiveWindow(), windowOf(form));
         EXPECT_EQ(GetFocus(), focus);
         press(VK_ESCAPE);

@@ -59,15 +59,6 @@ struct LeakTest : EditingFixture {
 
     ScriptedDesktop& user = system.desktop;
 
-    void backUp() {
-        system.system.now.second = (system.system.now.second + 1) % 60;
-        user.use<frmBackup>([](frmBackup& form) { form.cmdBackup.click(); }, [&] { window->mnuFileBackup.click(); });
-    }
-    void seeError() {
-        user.use<frmError>([](frmError&) {},
-                           [] { procedure("LeakTest", [] { throw util::Error(51, "", "Nothing is wrong."); }); });
-        basErrors::ProcStack.clear();
-    }
     void expectNothingKept(const char* name, int times, const std::function<void()>& action) {
         SCOPED_TRACE(name);
         const auto repeat = [&](int count) {
@@ -91,8 +82,15 @@ TEST_F(LeakTest, WhatIsTakenIsGivenBack) {
     int turn = 0;
     expectNothingKept("clicks on zones", 1000, [&] { window->lvwZones.click(1 + turn++ % window->lvwZones.count()); });
     expectNothingKept("add", 100, [&] { add([](frmAdd&) {}); });
-    expectNothingKept("errors", 100, [&] { seeError(); });
-    expectNothingKept("backups", 100, [&] { backUp(); });
+    expectNothingKept("errors", 100, [&] {
+        user.use<frmError>([](frmError&) {},
+                           [] { procedure("LeakTest", [] { throw util::Error(51, "", "Nothing is wrong."); }); });
+        basErrors::ProcStack.clear();
+    });
+    expectNothingKept("backups", 100, [&] {
+        system.system.now.second = (system.system.now.second + 1) % 60;
+        user.use<frmBackup>([](frmBackup& form) { form.cmdBackup.click(); }, [&] { window->mnuFileBackup.click(); });
+    });
     expectNothingKept("mail", 100, [&] {
         user.use<frmOESecurity>([](frmOESecurity&) {}, [&] { window->mnuEditOESecurity.items()[0].click(); });
     });

@@ -8,6 +8,83 @@
 
 namespace {
 
+// Whether that point of a window is to be painted again.
+bool isToBePainted(HWND window, POINT at) {
+    const HRGN region = CreateRectRgn(0, 0, 0, 0);
+    GetUpdateRgn(window, region, FALSE);
+    const bool asked = PtInRegion(region, at.x, at.y);
+    DeleteObject(region);
+    return asked;
+}
+
+using RepaintingTest = WindowsTest;
+
+TEST_F(RepaintingTest, WhatHasChangedOrStoodThereIsPaintedAgain) {
+    EveryControl form(desktop);
+    form.show();
+    const HWND all = windowOf(form), frame = windowOf(form.frame), picture = windowOf(form.picture);
+    const struct {
+        const char* what;
+        std::function<void()> change;
+        HWND window;
+        POINT at;
+        bool painted = true;
+    } rows[] = {
+        {"a wider label",
+         [&] {
+             form.label.setBounds({100, 100, 1560, 225});
+         },
+         windowOf(form.label),
+         {1, 1}},
+        {"a frame's old edge",
+         [&] {
+             form.frame.setBounds({100, 4700, 2400, 900});
+         },
+         all,
+         {205, 343}},
+        {"its other edges",
+         [&] {
+             form.frame.setBounds({100, 4700, 2700, 900});
+         },
+         all,
+         {100, 371},
+         false},
+        {"its old place",
+         [&] {
+             form.frame.setBounds({400, 4600, 2700, 900});
+         },
+         all,
+         {8, 343}},
+        {"its new place",
+         [&] {
+             form.frame.setBounds({100, 4600, 2700, 900});
+         },
+         all,
+         {8, 343}},
+        {"the frame",
+         [&] {
+             form.frame.setBounds({100, 4700, 2700, 900});
+         },
+         frame,
+         {1, 20}},
+        {"a picture on a button", [&] { form.picture.setPicture(plainBitmap()); }, picture, {5, 5}},
+        {"an image", [&] { form.image.setPicture(plainBitmap()); }, all, {390, 10}},
+        {"a hidden image", [&] { form.image.setVisible(false); }, all, {390, 10}},
+        {"a line",
+         [&] {
+             form.setLines({{0, 1515, 900, 1515, ui::SystemColour::Shadow3D}});
+         },
+         all,
+         {50, 101}},
+        {"a line taken away", [&] { form.setLines({}); }, all, {50, 101}},
+    };
+    for (const auto& row : rows) {
+        desktop.doEvents();
+        row.change();
+        EXPECT_EQ(isToBePainted(row.window, row.at), row.painted) << row.what;
+    }
+}
+
 // How often each control of the main window was painted, by its name.
 std::map<std::string, int> painted;
 constexpr const char* Named = "name";
@@ -19,9 +96,9 @@ LRESULT CALLBACK countPaint(HWND window, UINT message, WPARAM w, LPARAM l) {
     return CallWindowProcA(painting, window, message, w, l);
 }
 
-using RepaintingTest = EditingFixture;
+using ResizingTest = EditingFixture;
 
-TEST_F(RepaintingTest, AStepOfResizingPaintsNothingButWhatHasMovedAndTheList) {
+TEST_F(ResizingTest, AStepOfResizingPaintsNothingButWhatHasMovedAndTheList) {
     window->show();
     std::deque<std::string> names;
     for (ui::Control* control : window->controls()) {
@@ -40,10 +117,7 @@ TEST_F(RepaintingTest, AStepOfResizingPaintsNothingButWhatHasMovedAndTheList) {
         painted.clear();
         SetWindowPos(windowOf(*window), nullptr, 0, 0, bounds.right - bounds.left + wider, bounds.bottom - bounds.top,
                      SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-        const HRGN own = CreateRectRgn(0, 0, 0, 0);
-        GetUpdateRgn(windowOf(*window), own, FALSE);
-        EXPECT_FALSE(RectInRegion(own, &icon)) << "what the form draws has not moved";
-        DeleteObject(own);
+        EXPECT_FALSE(isToBePainted(windowOf(*window), {icon.left + 5, icon.top + 5})) << "the form's, which stays";
         desktop.doEvents();
         for (const auto& [name, times] : painted) EXPECT_LE(times, atMost[name]) << name << " by " << wider;
     }
