@@ -8,14 +8,6 @@ namespace {
 
 constexpr DWORD Patience = 30000, Interval = 20;  // milliseconds
 
-// A program that hangs answers nothing; the user is not to hang with it. A window may just have gone: it answers 0.
-DWORD_PTR send(HWND window, UINT message, WPARAM w, LPARAM l) {
-    DWORD_PTR result = 0;
-    if (!SendMessageTimeoutA(window, message, w, l, SMTO_ABORTIFHUNG, Patience, &result) && IsWindow(window))
-        throw std::runtime_error("a window does not answer message " + std::to_string(message));
-    return result;
-}
-
 std::string classOf(HWND window) {
     char name[128] = "";
     GetClassNameA(window, name, sizeof name);
@@ -33,14 +25,19 @@ std::vector<HWND> visibleBelow(HWND window) {
     return found;
 }
 
-}  // namespace
-
-// Another process's text comes with the message alone; GetWindowTextA has only captions.
+// Another process's text comes with the message alone; GetWindowTextA has only captions. A program that hangs answers
+// nothing; the user is not to hang with it. A window may just have gone.
 std::string textOf(HWND window) {
     char text[512] = "";
-    send(window, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text));
+    DWORD_PTR ignored = 0;
+    if (!SendMessageTimeoutA(window, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text), SMTO_ABORTIFHUNG,
+                             Patience, &ignored) &&
+        IsWindow(window))
+        throw std::runtime_error("a window does not answer");
     return text;
 }
+
+}  // namespace
 
 User::~User() {
     if (!process_.hProcess) return;

@@ -46,6 +46,4 @@ private:
     PROCESS_INFORMATION process_ = {};
 };
 
-std::string textOf(HWND window);
-
 }  // namespace smoke

@@ -1,4 +1,5 @@
 // Forms as windows: modal and modeless, their hooks, and what handlers throw.
+#include <filesystem>
 #include <stdexcept>
 
 #include "EveryControl.h"
@@ -260,11 +261,11 @@ TEST_F(DesktopTest, ShortensWhatWouldNotFit) {
     form.show();
     desktop.doEvents();
     char text[300] = "";
-    const HMENU menu = GetMenu(windowOf(form));
-    GetMenuStringA(menu, 1, text, sizeof text, MF_BYPOSITION);
-    EXPECT_STREQ(text, "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx...");
-    GetMenuStringA(menu, 2, text, sizeof text, MF_BYPOSITION);
-    EXPECT_STREQ(text, "WWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWW...");
+    for (const auto& [place, shown] : {std::pair{1u, "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx..."},
+                                       {2u, "WWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWW..."}}) {
+        GetMenuStringA(GetMenu(windowOf(form)), place, text, sizeof text, MF_BYPOSITION);
+        EXPECT_STREQ(text, shown);
+    }
     LVITEMA item = {};
     item.pszText = text;
     item.cchTextMax = sizeof text;
@@ -300,8 +301,8 @@ TEST_F(DesktopTest, AHookStandsBeforeTheWindowProcedure) {
 }
 
 // What a handler throws comes out of our own call that made the system call it, and of nothing in between.
-TEST_F(DesktopTest, ExceptionsPassTheSystemParked) {
-    EveryControl form(desktop);
+TEST_F(DesktopTest, ExceptionsPassTheSystemParkedAndNothingIsHandledTwice) {
+    EveryControl form(desktop, Kind::Dialog);
     form.show();
     desktop.doEvents();
     const auto fail = [](auto&&...) { throw std::runtime_error("from a handler"); };
@@ -327,13 +328,8 @@ TEST_F(DesktopTest, ExceptionsPassTheSystemParked) {
     };
     for (const auto& row : table) EXPECT_THROW(row.act(), std::runtime_error) << row.where;
     EXPECT_NO_THROW(desktop.doEvents()) << "each was thrown once";
-}
 
-// Otherwise the native control or the dialog manager would do the same thing again.
-TEST_F(DesktopTest, AMessageWhoseHandlerThrowsIsNotHandledTwice) {
-    EveryControl form(desktop, Kind::Dialog);
-    form.show();
-    const auto fail = [](auto&&...) { throw std::runtime_error("from a handler"); };
+    // The native control or the dialog manager would do the same thing again.
     int reports = 0;
     form.setHook([&](const ui::WindowMessage& message) -> std::optional<std::intptr_t> {
         if (message.notification == static_cast<int>(NM_RETURN)) ++reports;
@@ -371,7 +367,6 @@ TEST_F(DesktopTest, AWindowThatCannotBeMadeIsTheSystemsError) {
     EXPECT_THROW(form.show(), platform::SystemError);
     UnhookWindowsHookEx(hook);
     EXPECT_FALSE(form.attached());
-    form.unload();
 
     SetLastError(ERROR_NO_SYSTEM_RESOURCES);
     try {
@@ -408,16 +403,11 @@ TEST_F(DesktopTest, EndingTheProgramLeavesEveryLoop) {
         EXPECT_TRUE(IsWindowEnabled(windowOf(main)));
         SendMessageA(windowOf(main.check), BM_CLICK, 0, 0);
         EXPECT_TRUE(main.events.empty()) << "on the way out nothing of the forms is called any more";
+        PostQuitMessage(0);
+        EXPECT_THROW(desktop.doEvents(), ui::EndProgram) << "the system's wish";
+        PostQuitMessage(0);
+        EXPECT_THROW(desktop.run(), ui::EndProgram);
     }
-}
-
-TEST_F(DesktopTest, TheSystemsWishEndsTheProgram) {
-    EveryControl form(desktop);
-    form.show();
-    PostQuitMessage(0);
-    EXPECT_THROW(desktop.doEvents(), ui::EndProgram);
-    PostQuitMessage(0);
-    EXPECT_THROW(desktop.run(), ui::EndProgram);
 }
 
 // Somebody outside can close what is disabled. A dialog is still needed by what comes after the question.
@@ -471,9 +461,9 @@ TEST_F(DesktopTest, QuestionsAreAskedByTheSystem) {
         EXPECT_EQ(GetActiveWindow(), other);
     }
     DestroyWindow(other);
-    char file[MAX_PATH] = "", before[MAX_PATH] = "", after[MAX_PATH] = "";
+    char file[MAX_PATH] = "";
     GetModuleFileNameA(nullptr, file, sizeof file);
-    GetCurrentDirectoryA(sizeof before, before);
+    const auto folder = std::filesystem::current_path();
     const std::string invalid = "C:\\" + std::string(300, '?');
     for (const auto& [button, start, chosen] : {std::tuple<int, std::string, const char*>{IDOK, file, file},
                                                 {IDCANCEL, file, nullptr},
@@ -482,8 +472,7 @@ TEST_F(DesktopTest, QuestionsAreAskedByTheSystem) {
         answer(static_cast<WPARAM>(button));
         const auto path = desktop.openFile({"Title", "Programs (*.exe)|*.exe", "exe", start});
         EXPECT_EQ(path.value_or("none"), chosen ? chosen : "none");
-        GetCurrentDirectoryA(sizeof after, after);
-        EXPECT_STREQ(after, before);
+        EXPECT_EQ(std::filesystem::current_path(), folder);
         EXPECT_TRUE(sizable);
     }
 }
