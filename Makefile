@@ -11,7 +11,7 @@ help:
 	@echo 'make release      dist/: Tavimor.exe for Windows 95 and later, its set-up program and its zip'
 	@echo 'make screenshots  the pictures in docs/screenshots'
 	@echo 'make lint         clang-tidy and the format of every source; tools/lint.sh FILE... of some'
-	@echo 'make fuzz         a million made-up inputs to the reader of zone backups'
+	@echo 'make fuzz         a million made-up inputs to the readers of backups, exports, icons and program files'
 	@echo 'make bench        how fast it is, natively and on Wine (WRITE=--write: into docs/performance.md)'
 	@echo 'make format       put every source into its format'
 	@echo 'make setup        install the Debian packages that all of these need'

@@ -1,8 +1,10 @@
 #!/bin/bash
 # usage: tools/fuzz.sh [INPUTS]
 #
-# Runs the readers of zone backups and of registry exports, and what makes a registry of an export, on INPUTS (1,000,000) inputs each that libFuzzer makes up,
-# under sanitizers. What it has learnt stays in build/fuzz for the next run; an input that breaks something is left there.
+# Runs every reader of bytes that others wrote on INPUTS (1,000,000) inputs that libFuzzer makes up, under sanitizers:
+# of zone backups, of registry exports (as a restore, and as a registry of its own), and those of icon files, icon groups,
+# icon images, bitmaps, string tables and resource directories, which take turns. What it has learnt stays in build/fuzz
+# for the next run; an input that breaks something is left there.
 set -eu
 cd "$(dirname "$0")/.."
 inputs=${1:-1000000}
@@ -13,7 +15,7 @@ fuzz() {
     shift 3
     mkdir -p "build/fuzz/$name-corpus"
     clang++ -std=c++20 -O1 -g -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=all -D_GLIBCXX_ASSERTIONS \
-        -Isrc "$@" -o "$program"
+        -DTAVIMOR_VERSION='""' -Isrc "$@" -o "$program"
     if ! "$program" -runs="$inputs" -max_len=2048 -timeout=10 -dict="tests/fuzz/$dictionary" \
         -artifact_prefix=build/fuzz/ -print_final_stats=1 "build/fuzz/$name-corpus" "tests/fuzz/$seeds" >"$log" 2>&1; then
         tail -n 40 "$log"
@@ -25,9 +27,9 @@ fuzz() {
     echo "$name: $run inputs without a finding"
 }
 
-fuzz zone-file tvf.dict seeds tests/fuzz/ZoneFileFuzz.cpp src/backup/ZoneFile.cpp src/util/clsStrings.cpp
-fuzz registry-export reg.dict exports tests/fuzz/RegistryExportFuzz.cpp src/backup/RegistryExport.cpp \
-    src/backup/ZonesExport.cpp src/util/characters.cpp
-fuzz exported-registry reg.dict exports tests/fuzz/ExportedRegistryFuzz.cpp src/command/ExportedRegistry.cpp \
-    src/native/Console.cpp src/backup/RegistryExport.cpp src/simulated/Registry.cpp src/simulated/Watch.cpp \
-    src/registry/*.cpp src/util/*.cpp
+fuzz zone-file tvf.dict seeds tests/fuzz/ZoneFileFuzz.cpp src/backup/ZoneFile.cpp \
+    src/util/characters.cpp src/util/clsStrings.cpp
+fuzz export reg.dict exports tests/fuzz/ExportFuzz.cpp src/command/ExportedRegistry.cpp src/native/Console.cpp \
+    src/backup/{RegistryExport,ZonesExport}.cpp src/simulated/{Registry,Watch}.cpp src/registry/*.cpp src/util/*.cpp
+fuzz stored-bytes stored.dict stored tests/fuzz/StoredBytesFuzz.cpp src/platform/*.cpp src/simulated/*.cpp src/ui/*.cpp \
+    src/util/*.cpp src/icons/{Bitmaps,FileKind,ModuleFile,cMemory,clsFileIcon}.cpp

@@ -1,10 +1,8 @@
-// Any bytes at all as a zone backup, read as the restore window reads it. What cannot be right ends the program, so
-// that the input is kept.
+// Any bytes at all as a zone backup, read as the restore window reads it.
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 
 #include "backup/ZoneFile.h"
+#include "expect.h"
 #include "util/Error.h"
 #include "util/clsStrings.h"
 #include "util/procedure.h"
@@ -15,12 +13,6 @@ void util::runProcedure(const char*, void (*step)(void* context), void* context)
 }
 
 namespace {
-
-void expect(bool held, const char* promise) {
-    if (held) return;
-    std::fprintf(stderr, "broken: %s\n", promise);
-    std::abort();
-}
 
 std::size_t endsIn(std::string_view text) {
     std::size_t ends = 0;
@@ -68,11 +60,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::vector<std::string> lines = backup::splitLines(bytes);
     checkLines(bytes, lines);
     if (lines.empty()) return 0;
-
-    const std::string& first = lines.front();
-    const std::string description = backup::descriptionOf(first);
-    expect(description == (first.size() > 5 ? first.substr(5) : ""),
-           "the description follows the first five characters");
+    const std::string description = backup::descriptionOf(lines[0]);
+    expect(description == (lines[0].size() > 5 ? lines[0].substr(5) : ""), "it follows the first five characters");
 
     clsStrings strings;
     backup::ZoneFields fields;
