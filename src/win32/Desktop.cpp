@@ -14,6 +14,11 @@ namespace win32 {
 
 namespace {
 
+static_assert(static_cast<int>(ui::MessageStyle::Exclamation) == (MB_OK | MB_ICONEXCLAMATION));
+static_assert(static_cast<int>(ui::MessageStyle::ExclamationYesNo) == (MB_YESNO | MB_ICONEXCLAMATION));
+static_assert(static_cast<int>(ui::Answer::Ok) == IDOK && static_cast<int>(ui::Answer::Yes) == IDYES &&
+              static_cast<int>(ui::Answer::No) == IDNO);
+
 // Progress bars, lists, trees and tabs. The first call registers the controls of the first version of the library only;
 // the second, which registers any, is missing in that version.
 void registerControls() {

@@ -10,6 +10,8 @@ using namespace platform;
 
 namespace {
 
+static_assert(FileAttributeDirectory == FILE_ATTRIBUTE_DIRECTORY);
+
 // An open file, closed on every way out.
 class File {
 public:

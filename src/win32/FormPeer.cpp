@@ -20,6 +20,8 @@ namespace win32 {
 
 namespace {
 
+static_assert(ui::WmNotify == WM_NOTIFY && ui::LvnBeginDrag == static_cast<int>(LVN_BEGINDRAG));
+
 // A dialog template without controls, text or font. The system wants it to stand at a multiple of 4.
 struct EmptyDialog {
     alignas(4) DLGTEMPLATE head = {};

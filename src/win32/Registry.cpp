@@ -8,6 +8,19 @@ using namespace platform;
 
 namespace {
 
+static_assert(Success == ERROR_SUCCESS && FileNotFound == ERROR_FILE_NOT_FOUND && PathNotFound == ERROR_PATH_NOT_FOUND);
+static_assert(AccessDenied == ERROR_ACCESS_DENIED && InvalidHandle == ERROR_INVALID_HANDLE);
+static_assert(OutOfMemory == ERROR_OUTOFMEMORY && InvalidParameter == ERROR_INVALID_PARAMETER);
+static_assert(DiskFull == ERROR_DISK_FULL && AlreadyExists == ERROR_ALREADY_EXISTS && MoreData == ERROR_MORE_DATA);
+static_assert(NoMoreItems == ERROR_NO_MORE_ITEMS && KeyDeleted == ERROR_KEY_DELETED);
+static_assert(ModuleNotFound == ERROR_MOD_NOT_FOUND && BadExeFormat == ERROR_BAD_EXE_FORMAT);
+static_assert(NoSuchResource == ERROR_RESOURCE_DATA_NOT_FOUND && NoSuchResource + 3 == ERROR_RESOURCE_LANG_NOT_FOUND);
+static_assert(KeyQueryValue == KEY_QUERY_VALUE && KeySetValue == KEY_SET_VALUE &&
+              KeyCreateSubKey == KEY_CREATE_SUB_KEY);
+static_assert(KeyEnumerateSubKeys == KEY_ENUMERATE_SUB_KEYS && KeyAllAccess == KEY_ALL_ACCESS);
+static_assert(RegNone == REG_NONE && RegSz == REG_SZ && RegExpandSz == REG_EXPAND_SZ && RegBinary == REG_BINARY);
+static_assert(RegDword == REG_DWORD && RegMultiSz == REG_MULTI_SZ);
+
 // Handles have 32 significant bits; the predefined ones are negative, so on 64 bits they begin with ones.
 HKEY native(HKey key) {
     return reinterpret_cast<HKEY>(static_cast<LONG_PTR>(static_cast<LONG>(key)));

@@ -12,6 +12,8 @@ using namespace platform;
 
 namespace {
 
+static_assert(PlatformWin32Nt == VER_PLATFORM_WIN32_NT);
+
 // The full path of the running program.
 std::string programFile() {
     char path[MAX_PATH + 1] = "";
