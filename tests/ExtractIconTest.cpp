@@ -58,22 +58,23 @@ TEST_F(ExtractIconTest, AReferenceIsCutWhereTheBrowserCutsIt) {
     const struct {
         const char *text, *file, *resource;
         platform::ResourceId identifier;
-        bool isUsable;
     } cases[] = {
-        {"inetcpl.cpl#00004480", "inetcpl.cpl", "00004480", std::uint16_t{4480}, true},
-        {"C:\\a b\\c.dll#MAIN", "C:\\a b\\c.dll", "MAIN", "MAIN", true},
-        {"C:\\C#\\d.dll#5", "C:\\C", "\\d.dll#5", "\\d.dll", true},
-        {"a.dll#5#6", "a.dll", "5#6", std::uint16_t{5}, true},
-        {"a.dll#", "a.dll", "", "", false},
-        {"#5", "", "5", std::uint16_t{5}, false},
+        {"inetcpl.cpl#00004480", "inetcpl.cpl", "00004480", std::uint16_t{4480}},
+        {"C:\\a b\\c.dll#MAIN", "C:\\a b\\c.dll", "MAIN", "MAIN"},
+        {"C:\\C#\\d.dll#5", "C:\\C", "\\d.dll#5", "\\d.dll"},
+        {"a.dll#5#6", "a.dll", "5#6", std::uint16_t{5}},
+        {"a.dll#65535", "a.dll", "65535", std::uint16_t{65535}},
+        {"a.dll#65536", "a.dll", "65536", "65536"},
+        {"a.dll#18a", "a.dll", "18a", "18a"},
+        {"a.dll#-1", "a.dll", "-1", "-1"},
+        {"a.dll#", "a.dll", "", ""},
+        {"#5", "", "5", std::uint16_t{5}},
     };
     for (const auto& c : cases) {
-        const auto reference = icons::parseReference(c.text);
-        ASSERT_TRUE(reference) << c.text;
-        EXPECT_EQ(reference->file, c.file);
-        EXPECT_EQ(reference->resource, c.resource);
-        EXPECT_EQ(reference->identifier(), c.identifier) << c.text;
-        EXPECT_EQ(reference->isUsable(), c.isUsable) << c.text;
+        const icons::IconReference reference = icons::parseReference(c.text).value();
+        EXPECT_EQ(reference, (icons::IconReference{c.file, c.resource}));
+        EXPECT_EQ(reference.identifier(), c.identifier) << c.text;
+        EXPECT_EQ(reference.isUsable(), *c.file && *c.resource) << c.text;
         EXPECT_EQ(icons::referenceOrDefault(system.platform(), c.text).text(), c.text) << "nothing of it is lost";
     }
     for (const char* none : {"", "a.dll", "\"a.dll\"#5", "a.dll#\"5\"", "\"a#b"}) {
@@ -106,29 +107,19 @@ IN_MEMORY_TEST_F(ExtractIconTest, AFillOpensTheFileOfManyEqualIconsOnce) {
     EXPECT_EQ(system.modules.watch.calls("LoadLibraryExA"), 3);
 }
 
-// ---- bitmaps and picture files
-
-// 24 bits for a colour, without a file header.
-Bytes bitmapOf(std::uint32_t width, std::uint32_t height) {
-    icons::ByteWriter out;
-    out.u32(40).u32(width).u32(height).u16(1).u16(24).fill(24);
-    return out.fill((width * 3 + 3) / 4 * 4 * height, 0x77).bytes();
-}
-// `gap`: bytes between header and pixels.
-Bytes bitmapFile(const Bytes& bitmap, std::uint32_t gap = 0) {
-    icons::ByteWriter out;
-    out.u8('B').u8('M').u32(0).u32(0).u32(14 + 40 + gap);
-    out.add(bitmap.substr(0, 40)).fill(gap).add(bitmap.substr(40));
-    return out.bytes();
-}
 TEST_F(ExtractIconTest, APictureComesFromAnIconABitmapOrAProgramFile) {
     const Bytes icon = icons::file(icons::usualImages(4));
     for (const char* name : {"a.ico", "a,4480.ico"}) writeFile(name, icon);
-    for (const std::uint32_t gap : {0, 10}) writeFile(gap ? "gap.bmp" : "a.bmp", bitmapFile(bitmapOf(2, 2), gap));
     addIcon("b,1.cpl", std::uint16_t{3}, {16}, 7);
     writeFile("text.ico", Bytes{'t', 'e', 'x', 't'});
-    const Bytes bytes = bitmapOf(2, 2);
-    const ui::Picture bitmap{ui::Picture::Kind::Bitmap, {bytes.data(), bytes.size()}, 2, 2};
+    // Two pixels wide and high, of 24 bits, with and without a gap before the pixels.
+    icons::ByteWriter header, file, gapped;
+    header.u32(40).u32(2).u32(2).u16(1).u16(24).fill(24);
+    const Bytes whole = header.bytes() + Bytes(16, 0x77);
+    file.u16(0x4D42).u32(0).u32(0).u32(54).add(whole);
+    writeFile("a.bmp", file.bytes());
+    writeFile("gap.bmp", gapped.u16(0x4D42).u32(0).u32(0).u32(64).add(header.fill(10).bytes()).fill(16, 0x77).bytes());
+    const ui::Picture bitmap{ui::Picture::Kind::Bitmap, whole, 2, 2};
     const std::pair<std::string, ui::Picture> cases[] = {
         {system.path("a.ico"), picture(16, 4)},
         {system.path("a,4480.ico"), picture(16, 4)},
@@ -144,33 +135,17 @@ TEST_F(ExtractIconTest, APictureComesFromAnIconABitmapOrAProgramFile) {
     for (const auto& [reference, expected] : cases)
         EXPECT_EQ(basMain::LoadPicture(program.platform, reference), expected) << reference;
     EXPECT_EQ(basMain::LoadPicture(program.platform, system.path("a.ico"), 48), picture(48, 4));
-}
 
-TEST_F(ExtractIconTest, ACutOffOrLyingBitmapFileGivesNoPicture) {
-    const Bytes whole = bitmapFile(bitmapOf(2, 2));
+    // Cut off, or saying that the pixels are elsewhere.
     const auto load = [&](const Bytes& bytes) {
         writeFile("a.bmp", bytes);
         return basMain::LoadPicture(program.platform, system.path("a.bmp"));
     };
-    for (std::size_t length = 0; length < whole.size(); ++length)
-        EXPECT_TRUE(load(whole.substr(0, length)).empty()) << length;
-    // Where the pixels are, size of the header, width, height, bits a colour, packing.
-    const std::pair<std::size_t, std::uint32_t> lies[] = {
-        {10, 0xFFFFFFFF}, {14, 0xFFFFFFFF}, {14, 12},        {18, 0}, {18, 0xFFFFFFFE},
-        {22, 0},          {22, 0x80000000}, {26, 17u << 16}, {30, 1},
-    };
-    for (const auto& [at, claim] : lies) {
-        icons::ByteWriter number;
-        number.u32(claim);
-        EXPECT_TRUE(load(Bytes(whole).replace(at, 4, number.bytes())).empty()) << at << ": " << claim;
-    }
-    EXPECT_FALSE(load(whole).empty());
-    // With all its pixels there, and a colour table.
-    constexpr std::uint32_t Longest = 0x3FFF;
-    EXPECT_FALSE(load(bitmapFile(bitmapOf(Longest, 1))).empty());
-    EXPECT_TRUE(load(bitmapFile(bitmapOf(Longest + 1, 1))).empty());
-    EXPECT_TRUE(load(bitmapFile(bitmapOf(1, Longest + 1))).empty());
-    EXPECT_TRUE(load(bitmapFile(bitmapOf(2, 2).replace(32, 2, Bytes{1, 1}), 4 * 257)).empty()) << "257 colours";
+    for (std::size_t length = 0; length < file.size(); ++length)
+        EXPECT_TRUE(load(file.bytes().substr(0, length)).empty()) << length;
+    EXPECT_TRUE(load(icons::patched(file.bytes(), 10, Bytes(4, 0xFF))).empty());
+    EXPECT_TRUE(load(icons::patched(file.bytes(), 14, {12})).empty()) << "an unsound header";
+    EXPECT_TRUE(load(icons::patched(file.bytes(), 46, {1, 1})).empty()) << "257 colours";
 }
 
 }  // namespace

@@ -48,8 +48,9 @@ std::vector<Image> usualImages(std::uint8_t seed = 0);
 // An ".ico" file.
 Bytes file(const std::vector<Image>& images);
 
-// A PNG of one opaque colour, not compressed.
-Bytes png(int width, int height);
+// A PNG of 16 pixels.
+Bytes png();
+Bytes patched(Bytes bytes, std::size_t at, const Bytes& with);
 
 // Images as an icon may hold them, sound and damaged, and whether they are to be drawn. Each sound one is 16 pixels
 // wide and high, and has a pixel that is seen.

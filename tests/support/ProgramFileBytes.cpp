@@ -1,5 +1,7 @@
 #include "support/ProgramFileBytes.h"
 
+#include <array>
+
 #include "support/IconBytes.h"
 
 namespace {
@@ -24,73 +26,62 @@ platform::Bytes headers(std::uint32_t size) {
     return out.alignTo(FileStep).bytes();
 }
 
-// A section of resources: the directories of types, names and languages, then what their entries lead to.
+// A section of resources: the directories of types, names and languages with the names and entries below them, then
+// what the entries lead to.
 class Section {
 public:
     explicit Section(const simulated::ProgramFile& program) {
-        std::uint32_t resources = 0;
-        for (const auto& type : program.types()) resources += count(type.resources);
-        const std::uint32_t types = count(program.types());
-        namesDirectory_ = 16 + 8 * types;
-        languageDirectory_ = namesDirectory_ + 16 * types + 8 * resources;
-        dataEntry_ = languageDirectory_ + 24 * resources;
-        tail_ = dataEntry_ + 16 * resources;
-
-        directory(
-            program.types(), [](const auto& type) -> const auto& { return type.id; },
-            [&](const auto& type) {
-                const std::uint32_t at = namesDirectory_;
-                namesDirectory_ += 16 + 8 * count(type.resources);
-                return at | HighBit;
-            });
-        for (const auto& type : program.types())
-            directory(
-                type.resources, [](const auto& resource) -> const auto& { return resource.name; },
-                [&](const auto&) {
-                    const std::uint32_t at = languageDirectory_;
-                    languageDirectory_ += 24;
-                    return at | HighBit;
-                });
-        for (std::uint32_t i = 0; i < resources; ++i) {
-            constexpr std::uint32_t english = 0x409;
-            directories_.fill(12).u16(0).u16(1).u32(english).u32(dataEntry_ + 16 * i);
+        using Type = simulated::ProgramFile::Type;
+        using Resource = simulated::ProgramFile::Resource;
+        std::vector<std::pair<std::size_t, const platform::Bytes*>> data;  // and where they are pointed to
+        const auto entry = [&](const platform::Bytes* bytes) {
+            data.emplace_back(out_.size(), bytes);
+            out_.u32(0).u32(static_cast<std::uint32_t>(bytes->size())).u32(0).u32(0);
+            return static_cast<std::uint32_t>(out_.size() - 16);
+        };
+        const auto english = [](const auto&) { return platform::ResourceId(std::uint16_t{0x409}); };
+        const auto languages = [&](const Resource& resource) {
+            return directory(std::array{&resource.bytes}, english, entry);
+        };
+        directory(program.types(), std::mem_fn(&Type::id),
+                  [&](const Type& type) { return directory(type.resources, std::mem_fn(&Resource::name), languages); });
+        for (const auto& [at, bytes] : data) {
+            out_.alignTo(4);
+            put(at, SectionStep + static_cast<std::uint32_t>(out_.size()));
+            out_.add(*bytes);
         }
-        for (const auto& type : program.types())
-            for (const auto& resource : type.resources) {
-                place(4);
-                entries_.u32(SectionStep + tail_ + count(data_.bytes())).u32(count(resource.bytes)).u32(0).u32(0);
-                data_.add(resource.bytes);
-            }
     }
-    platform::Bytes bytes() { return directories_.bytes() + entries_.bytes() + data_.bytes(); }
+    const platform::Bytes& bytes() { return out_.bytes(); }
 
 private:
-    template <class T>
-    static std::uint32_t count(const T& items) {
-        return static_cast<std::uint32_t>(items.size());
-    }
-    // So that the next byte of the tail is at a multiple of `step` in the file.
-    void place(std::uint32_t step) { data_.fill((step - (tail_ + count(data_.bytes())) % step) % step); }
-
-    template <class Items, class Name, class Child>
-    void directory(const Items& items, Name name, Child child) {
+    // Appends it, and then of each entry its name and what is below it. Says where it is.
+    template <class Items, class Name, class Below>
+    std::uint32_t directory(const Items& items, Name name, Below below) {
+        const std::size_t at = out_.size();
         std::uint32_t texts = 0;
         for (const auto& item : items) texts += std::holds_alternative<std::string>(name(item));
-        directories_.fill(12).u16(texts).u16(count(items) - texts);
-        for (const auto& item : items) directories_.u32(nameEntry(name(item))).u32(child(item));
+        out_.fill(12).u16(texts).u16(static_cast<std::uint32_t>(items.size()) - texts).fill(8 * items.size());
+        for (std::size_t entry = at + 16; const auto& item : items) {
+            put(entry, nameEntry(name(item)));
+            put(entry + 4, below(item));
+            entry += 8;
+        }
+        return static_cast<std::uint32_t>(at) | HighBit;
     }
     std::uint32_t nameEntry(const platform::ResourceId& id) {
         const auto* text = std::get_if<std::string>(&id);
         if (!text) return std::get<std::uint16_t>(id);
-        place(2);
-        const std::uint32_t at = tail_ + count(data_.bytes());
-        data_.u16(count(*text));
-        for (const char c : *text) data_.u16(static_cast<std::uint8_t>(c));
+        const auto at = static_cast<std::uint32_t>(out_.size());
+        out_.u16(static_cast<std::uint32_t>(text->size()));
+        for (const char c : *text) out_.u16(static_cast<std::uint8_t>(c));
         return at | HighBit;
     }
+    void put(std::size_t at, std::uint32_t number) {
+        icons::ByteWriter bytes;
+        out_.bytes().replace(at, 4, bytes.u32(number).bytes());
+    }
 
-    icons::ByteWriter directories_, entries_, data_;
-    std::uint32_t namesDirectory_, languageDirectory_, dataEntry_, tail_;  // where the next of each is
+    icons::ByteWriter out_;
 };
 
 }  // namespace
