@@ -38,7 +38,7 @@ protected:
 
 }  // namespace
 
-TEST_F(ModulesContract, ResourcesAreListedByTypeAndName) {
+TEST_F(ModulesContract, ResourcesAreListedByTypeAndNameAndReadWhole) {
     Ids types, names, none;
     EXPECT_EQ(modules.EnumResourceTypesA(module, types), Success);
     EXPECT_EQ(types, (Ids{List, RtIcon, RtString, Ten}));
@@ -46,26 +46,19 @@ TEST_F(ModulesContract, ResourcesAreListedByTypeAndName) {
     EXPECT_EQ(names, (Ids{One, std::uint16_t{7}}));
     EXPECT_EQ(modules.EnumResourceNamesA(module, RtBitmap, none), Result{1813});
     EXPECT_EQ(none, Ids{});
-    const Module byName = modules.LoadLibraryExA("SAMPLE.dll");
-    EXPECT_NE(byName, 0u);
-    modules.FreeLibrary(byName);
-}
-
-TEST_F(ModulesContract, ResourcesAreFoundByNumberNameAndNumberSign) {
-    EXPECT_EQ(bytesOf(One, RtIcon), Bytes{4});
-    EXPECT_EQ(bytesOf("#0001", "#3"), Bytes{4});
-    EXPECT_EQ(bytesOf("first", "List"), (Bytes{1, 2, 3}));
-    EXPECT_EQ(bytesOf(Named, Ten), Bytes(5000, 9));
+    const std::tuple<ResourceId, ResourceId, Bytes> resources[] = {
+        {One, RtIcon, {4}}, {"#0001", "#3", {4}}, {"first", "List", {1, 2, 3}}, {Named, Ten, Bytes(5000, 9)}};
+    for (const auto& [name, type, bytes] : resources) EXPECT_EQ(bytesOf(name, type), bytes);
     for (const auto& [type, code] : {std::pair{RtIcon, Result{1814}}, {RtBitmap, Result{1813}}}) {
         EXPECT_EQ(modules.FindResourceA(module, std::uint16_t{2}, type), 0u);
         EXPECT_EQ(modules.lastError(), code);
     }
-}
-
-TEST_F(ModulesContract, StringsAreReadWhole) {
-    const std::pair<std::uint32_t, std::string> rows[] = {
+    const std::pair<std::uint32_t, std::string> strings[] = {
         {17, "seventeen"}, {4700, "caf\xE9"}, {33, std::string(300, 's')}, {18, ""}, {9000, ""}};
-    for (const auto& [number, text] : rows) EXPECT_EQ(modules.LoadStringA(module, number), text) << number;
+    for (const auto& [number, text] : strings) EXPECT_EQ(modules.LoadStringA(module, number), text) << number;
+    const Module byName = modules.LoadLibraryExA("SAMPLE.dll");
+    EXPECT_NE(byName, 0u);
+    modules.FreeLibrary(byName);
 }
 
 TEST_F(ModulesContract, WhatIsNoProgramFileIsNotLoadedButOneMayHoldNothing) {
@@ -90,18 +83,15 @@ TEST_F(ModulesContract, WhatIsNoProgramFileIsNotLoadedButOneMayHoldNothing) {
     modules.FreeLibrary(empty);
 }
 
-TEST_F(ModulesContract, IconsAreCountedInProgramAndIconFiles) {
+TEST_F(ModulesContract, IconsAreCountedAndMadeOfEverySoundImageAndOfNoDamagedOne) {
     system.seedModules();
     const Bytes icon = icons::file({icons::image(16, 4)});
-    system.writeFile("one.ico", {reinterpret_cast<const char*>(icon.data()), icon.size()});
+    system.writeFile("one.ico", std::string(icon.begin(), icon.end()));
     for (const auto& [name, count] : {std::pair{"inetcpl.cpl", 3u}, {"one.ico", 1u}, {"absent.exe", 0u}})
         EXPECT_EQ(modules.countIcons(system.path(name)), count) << name;
-}
-
-TEST_F(ModulesContract, AnIconIsMadeOfEverySoundImageAndOfNoDamagedOne) {
     for (const auto& [what, bytes, isDrawn] : icons::storedImages()) {
-        const IconHandle icon = modules.CreateIconFromResource({bytes.data(), bytes.size()}, 16, 16);
-        EXPECT_EQ(icon != 0, isDrawn) << what;
-        modules.DestroyIcon(icon);
+        const IconHandle made = modules.CreateIconFromResource(bytes, 16, 16);
+        EXPECT_EQ(made != 0, isDrawn) << what;
+        modules.DestroyIcon(made);
     }
 }

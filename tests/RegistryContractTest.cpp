@@ -30,13 +30,31 @@ protected:
         EXPECT_EQ(registry.RegOpenKeyExA(HKeyCurrentUser, SubKey + below, access, opened), Success);
         return opened;
     }
+    struct Read {
+        Result code;
+        RegType type = 99;
+        std::uint32_t size;
+        Bytes data = Bytes(size, 0x55);  // the whole room
+    };
+    Read query(const std::string& name, std::uint32_t room) {
+        Read read{.code = 0, .size = room};
+        read.code = registry.RegQueryValueExA(key, name, read.type, read.data.data(), read.size);
+        return read;
+    }
+    Read firstValue(std::uint32_t room) {
+        char name[10];
+        std::uint32_t length = sizeof name;
+        Read read{.code = 0, .size = room};
+        read.code = registry.RegEnumValueA(key, 0, name, length, read.type, read.data.data(), read.size);
+        return read;
+    }
     // What each function answers that is asked for something missing, or to make something.
     using Codes = std::vector<Result>;
     Codes callAll(HKey at) {
         HKey other = 0;
         KeyInfo info;
         char name[300];
-        std::uint32_t nameLength = sizeof name, valueLength = sizeof name, size = 0, querySize = 0;
+        std::uint32_t nameLength = sizeof name, valueLength = sizeof name, size = 0;
         RegType type = 0;
         const std::uint8_t byte = 1;
         const auto closed = [&](Result code) {
@@ -52,7 +70,7 @@ protected:
                 registry.RegDeleteValueA(at, "absent"),
                 registry.RegEnumKeyExA(at, 9999, name, nameLength),
                 registry.RegEnumValueA(at, 9999, name, valueLength, type, nullptr, size),
-                registry.RegQueryValueExA(at, "absent", type, nullptr, querySize),
+                registry.RegQueryValueExA(at, "absent", type, nullptr, size),
                 registry.RegSetValueExA(at, "made", RegBinary, &byte, 1)};
     }
 };
@@ -119,18 +137,16 @@ TEST_F(RegistryContract, AKeyWithSubkeysIsNotDeleted) {
 
 TEST_F(RegistryContract, NamesThatAreTooLongAreRefused) {
     HKey made = 0;
-    RegType type = 0;
-    std::uint32_t size = 0;
     const std::string name(65535, 'n');
     EXPECT_EQ(registry.RegSetValueExA(key, name, RegBinary, nullptr, 0), InvalidParameter);
-    EXPECT_EQ(registry.RegQueryValueExA(key, name, type, nullptr, size), InvalidParameter);
+    EXPECT_EQ(query(name, 0).code, InvalidParameter);
     EXPECT_EQ(registry.RegDeleteValueA(key, name), InvalidParameter);
     // A path of several keys may have no more than 260 characters in all: longer ones are walked in steps.
     const std::string keys = std::string(130, 'a') + "\\" + std::string(129, 'b');
     const std::pair<std::string, Result> rows[] = {{name, InvalidParameter},
                                                    {keys, FileNotFound},
                                                    {keys + "b", MoreData},
-                                                   {std::string(257, 'n'), InvalidParameter}};
+                                                   {name.substr(0, 257), InvalidParameter}};
     for (const auto& [path, code] : rows) {
         EXPECT_EQ(registry.RegOpenKeyExA(key, path, KeyQueryValue, made), code) << path.size();
         EXPECT_EQ(registry.RegDeleteKeyA(key, path), code) << path.size();
@@ -145,17 +161,9 @@ TEST_F(RegistryContract, DataOfAnySizeAndTypeComesBackWhole) {
             SCOPED_TRACE(testing::Message() << size << " bytes of type " << type);
             const Bytes data(size, 0xE9);  // not ASCII, and text without a terminating zero
             ASSERT_EQ(registry.RegSetValueExA(key, "v", type, data.data(), size), Success);
-            RegType found = 99;
-            std::uint32_t told = size + 4;
-            Bytes read(told, 0x55);
-            EXPECT_EQ(registry.RegQueryValueExA(key, "V", found, read.data(), told), Success);
-            EXPECT_EQ(found, type);
-            EXPECT_EQ(read.substr(0, told), data);
-            if (size > 0) {
-                told = size - 1;
-                EXPECT_EQ(registry.RegQueryValueExA(key, "v", found, read.data(), told), MoreData);
-                EXPECT_EQ(told, size);
-            }
+            const Read read = query("V", size + 4), part = query("v", size ? size - 1 : 0);
+            EXPECT_TRUE(read.code == Success && read.type == type && read.data.substr(0, read.size) == data);
+            EXPECT_TRUE(part.code == (size ? MoreData : Success) && part.size == size) << part.code;
             KeyInfo info;
             EXPECT_EQ(registry.RegQueryInfoKeyA(key, info), Success);
             EXPECT_TRUE(info.longestData == size || info.longestData == 2 * size) << "text at two bytes a character";
@@ -165,17 +173,10 @@ TEST_F(RegistryContract, DataOfAnySizeAndTypeComesBackWhole) {
 TEST_F(RegistryContract, TextWithoutATerminatingZeroGetsOneWhenThereIsRoom) {
     for (const RegType type : {RegSz, RegExpandSz, RegMultiSz, RegBinary}) {
         system.set({Path, "t", type, {'a', 'b', 'c'}});
-        for (const bool enumerate : {false, true}) {
-            Bytes read(5, 0x55);
-            std::uint32_t size = 5, length = 10;
-            char name[10];
-            RegType found = 0;
-            EXPECT_EQ(enumerate ? registry.RegEnumValueA(key, 0, name, length, found, read.data(), size)
-                                : registry.RegQueryValueExA(key, "t", found, read.data(), size),
-                      Success);
-            EXPECT_EQ(size, 3u);
-            const std::uint8_t after = type == RegBinary ? 0x55 : 0;
-            EXPECT_EQ(read, (Bytes{'a', 'b', 'c', after, 0x55})) << type << " " << enumerate;
+        const std::uint8_t after = type == RegBinary ? 0x55 : 0;
+        for (const Read& read : {query("t", 5), firstValue(5)}) {
+            EXPECT_TRUE(read.code == Success && read.size == 3) << type;
+            EXPECT_EQ(read.data, (Bytes{'a', 'b', 'c', after, 0x55})) << type;
         }
     }
 }
@@ -192,22 +193,20 @@ TEST_F(RegistryContract, WhatDoesNotFitOrIsMissingIsNotGiven) {
     system.setText(Path + "\\four", "", "");
     system.setText(Path, "four", "");
     char name[10] = "";
+    RegType type = 0;
     for (const std::uint32_t room : {0u, 4u, 5u}) {
         const Result expected = room == 5 ? Success : MoreData;
-        std::uint32_t length = room, size = 0;
-        EXPECT_EQ(registry.RegEnumKeyExA(key, 0, name, length), expected) << room;
-        EXPECT_EQ(length, room == 5 ? 4 : room);
-        RegType type = 0;
-        length = room;
-        EXPECT_EQ(registry.RegEnumValueA(key, 0, name, length, type, nullptr, size), expected) << room;
+        std::uint32_t keyLength = room, length = room, none = 0;
+        EXPECT_EQ(registry.RegEnumKeyExA(key, 0, name, keyLength), expected) << room;
+        EXPECT_EQ(keyLength, room == 5 ? 4 : room);
+        EXPECT_EQ(registry.RegEnumValueA(key, 0, name, length, type, nullptr, none), expected) << room;
     }
     EXPECT_STREQ(name, "four");
     // What is missing has neither size nor handle.
-    RegType type = 99;
-    std::uint32_t size = 10;
     HKey none = 77;
+    std::uint32_t size = 10;
     EXPECT_EQ(registry.RegQueryValueExA(key, "absent", type, nullptr, size), FileNotFound);
-    EXPECT_EQ(registry.RegOpenKeyExA(key, "absent", KeyQueryValue, none), FileNotFound);
     EXPECT_EQ(size, 0u);
+    EXPECT_EQ(registry.RegOpenKeyExA(key, "absent", KeyQueryValue, none), FileNotFound);
     EXPECT_EQ(none, 0u);
 }

@@ -32,8 +32,13 @@ protected:
         for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++found;
         return found;
     }
-    void fail(const char* name) {
+    void failUnseen(const char* name) {
         procedure(name, [] { throw Error(5, "Test", "It does not work."); });
+    }
+    void fail(const char* name) {
+        expectError("It does not work.");
+        failUnseen(name);
+        system.desktop.settle();
     }
 };
 
@@ -68,18 +73,12 @@ TEST_F(Errors, EveryErrorHasANumberAndATextForPeople) {
     const auto end = [] { procedure("a.Inner", [] { throw ui::EndProgram(); }); };
     EXPECT_THROW(procedure("a.Outer", end), ui::EndProgram) << "no error, and passes every trap";
     stopReporting();
-    fail("a.BeforeTheProgramIsSetUp");
+    failUnseen("a.BeforeTheProgramIsSetUp");
     EXPECT_EQ(Err.number, 5u) << "recorded only";
 }
 
 TEST_F(Errors, ADaysFirstReportBeginsItsLog) {
-    const auto failOnce = [&] {
-        procedure("frmMain.FillListView", [&] {
-            expectError("It does not work.");
-            fail("clsRegistry.ValueOf [Get]");
-        });
-    };
-    failOnce();
+    procedure("frmMain.FillListView", [&] { fail("clsRegistry.ValueOf [Get]"); });
     const auto titled = [&](const std::string& title) { return Stars + "\r\n" + title + "\r\n" + Stars + "\r\n"; };
     EXPECT_EQ(log(), titled("Error log for: Tavimor - Created: 03-09-2000") + "\r\n" + titled("General Info") +
                          "Application:     Tavimor\r\nVersion:     " TAVIMOR_VERSION
@@ -101,42 +100,48 @@ TEST_F(Errors, ADaysFirstReportBeginsItsLog) {
     system.setText(browser + "Windows\\CurrentVersion\\Internet Settings", "MinorVersion", ";SP1;");
     system.system.now.day = 10;
     logName = "Logs\\ErrorLog-3-10-2000.log";
-    failOnce();
+    fail("a.P");
     EXPECT_EQ(count("Version:     its Version\r\nBuild:     its Build\r\nCustomized Version:     "
                     "its CustomizedVersion\r\nUpdates:     ;SP1;\r\n"),
               1);
 }
 
+// What cannot be seen for a moment, or is made by another program in between, is no reason not to log, nor for a second
+// header. The session stays where it was.
 IN_MEMORY_TEST_F(Errors, ADayHasOneLogWithOneHeader) {
-    for (const char* name : {"a.First", "a.Second"}) {
-        expectError("It does not work.");
-        fail(name);
-    }
+    system.setText(TestsKey, "Name", "value");
+    registry.cD(TestsKey);
+    fail("a.First");
+    fail("a.Second");
+    EXPECT_EQ(registry.ValueOf("Name")->text, "value");
     EXPECT_EQ(system.files.watch.calls("append"), 2);
-    EXPECT_EQ(count("General Info\r\n"), 2) << "its start and its end";
     EXPECT_EQ(count("\r\na.First\r\n"), 2) << "stale in the second dump";
+    for (const int call : {1, 2}) {
+        system.files.watch.failOn("attributes", call, platform::AccessDenied);
+        fail("a.P");
+    }
+    EXPECT_EQ(count("Start Error Information"), 4);
+    EXPECT_EQ(count("General Info\r\n"), 2) << "its start and its end";
 
     system.system.now = {2001, 12, 31, 0, 0, 9};
     logName = "Logs\\ErrorLog-12-31-2001.log";
-    expectError("It does not work.");
+    system.files.watch.reset();
+    system.files.watch.failOn("attributes", 1, platform::FileNotFound);  // and then another program makes the folder
     fail("a.Third");
     EXPECT_EQ(count("Created: 12-31-2001\r\n"), 1);
     EXPECT_EQ(count("Time:     00:00:09\r\n"), 1);
 }
 
-TEST_F(Errors, ReportingLeavesTheSessionWhereItWas) {
-    system.setText(TestsKey, "Name", "value");
-    registry.cD(TestsKey);
-    expectError("It does not work.");
-    fail("a.P");
-    EXPECT_EQ(registry.ValueOf("Name")->text, "value");
-}
-
-// Folder, file, disk: whatever refuses, the error itself is shown, once, and says that it could not be logged.
+// Folder, file, disk, memory: whatever refuses, the error itself is shown, once, and says that it could not be logged.
 IN_MEMORY_TEST_F(Errors, ALogThatCannotBeWrittenDoesNotHideTheError) {
+    const auto noMemory = [](const std::string& function) {
+        if (function == "append") throw std::bad_alloc();
+    };
     const std::pair<std::function<void()>, const char*> cases[] = {
         {[&] { system.writeFile("Logs", "a file"); }, "Cannot make the folder"},
         {[&] { system.files.watch.failOn("append", 1, platform::DiskFull); }, "Cannot write the file"},
+        {[&] { system.files.watch.onCall = noMemory; },
+         "This could not be logged to file: there is not enough memory."},
     };
     for (const auto& [arrange, says] : cases) {
         arrange();
@@ -145,58 +150,25 @@ IN_MEMORY_TEST_F(Errors, ALogThatCannotBeWrittenDoesNotHideTheError) {
             EXPECT_NE(dialog.lblInfo(6).caption().find(says), std::string::npos) << dialog.lblInfo(6).caption();
             dialog.cmdContinue.click();
         });
-        fail("a.P");
+        failUnseen("a.P");
         system.desktop.settle();
         EXPECT_EQ(Err.description, "It does not work.");
         system.platform().files.remove(system.path("Logs"));
     }
-}
-
-// What cannot be seen for a moment, or is made by another program in between, is no reason not to log, nor for a second
-// header.
-IN_MEMORY_TEST_F(Errors, AFolderOrFileThatCannotBeSeenForAMomentIsWrittenToAllTheSame) {
-    expectError("It does not work.");
-    fail("a.P");
-    for (const int call : {1, 2}) {
-        system.files.watch.failOn("attributes", call, platform::AccessDenied);
-        expectError("It does not work.");
-        fail("a.P");
-        system.desktop.settle();
-    }
-    EXPECT_EQ(count("Start Error Information"), 3);
-    EXPECT_EQ(count("Error log for:"), 1);
-
-    system.files.watch.reset();
-    system.platform().files.remove(system.path(logName));
-    system.files.watch.failOn("attributes", 1, platform::FileNotFound);  // and then another program makes the folder
-    expectError("It does not work.");
-    fail("a.P");
-    EXPECT_EQ(count("Start Error Information"), 1);
-}
-
-IN_MEMORY_TEST_F(Errors, ALogForWhichThereIsNoMemorySaysSoInWords) {
-    system.files.watch.onCall = [](const char* function) {
-        if (std::string(function) == "append") throw std::bad_alloc();
-    };
-    system.desktop.expectForm<frmError>([](frmError& dialog) {
-        EXPECT_EQ(dialog.lblInfo(6).caption(), "This could not be logged to file: there is not enough memory.");
-        dialog.cmdContinue.click();
-    });
-    fail("a.P");
     system.files.watch.onCall = nullptr;
 }
 
 TEST_F(Errors, AnErrorWhileTheDialogIsOpenGoesToTheLogAloneAndOneBeforeItIsDropped) {
     reporting.exclamation = [&] {
-        fail("basMain.DrawExclamation");
+        failUnseen("basMain.DrawExclamation");
         return ui::Picture();
     };
     system.desktop.expectForm<frmError>([&](frmError& dialog) {
         EXPECT_TRUE(errorPending());
-        fail("frmMain.tmrWatch_Timer");
+        failUnseen("frmMain.tmrWatch_Timer");
         dialog.cmdContinue.click();
     });
-    fail("a.P");
+    failUnseen("a.P");
     EXPECT_EQ(count("Start Error Information"), 2);
     EXPECT_EQ(count("Procedure:     tmrWatch_Timer"), 1);
 }

@@ -36,13 +36,12 @@ TEST_F(cResourcesTest, TypesAndNamesComeInTheOrderOfTheFile) {
 }
 
 TEST_F(cResourcesTest, TypesHaveNames) {
-    const Texts names = {"Other (0)",  "Cursor",          "Bitmap",         "Icon",       "Menu",
+    const Texts texts = {"Other (0)",  "Cursor",          "Bitmap",         "Icon",       "Menu",
                          "Dialog",     "String",          "Font Directory", "Font",       "Accelerators",
                          "RC Data",    "Message Table",   "Group Cursor",   "Other (13)", "Group Icon",
                          "Other (15)", "Version",         "Dialog Include", "Other (18)", "VXD",
                          "VXD",        "Animated Cursor", "Animated Icon",  "HTML",       "Other (24)"};
-    for (std::size_t type = 0; type < names.size(); ++type)
-        EXPECT_EQ(cResources::TypeName(static_cast<std::uint16_t>(type)), names[type]);
+    for (std::uint16_t type = 0; const std::string& text : texts) EXPECT_EQ(cResources::TypeName(type++), text);
 }
 
 IN_MEMORY_TEST_F(cResourcesTest, AFailureTellsTheSystemsOwnMessage) {

@@ -11,22 +11,15 @@ using platform::Bytes;
 
 const std::string Upper = "\\HKEY_CURRENT_USER\\SOFTWARE\\TAVIMOR TESTS";
 
-constexpr const char* Mismatch = "Type passed doesn't match Value passed.";
-constexpr const char* NoSuchType = "Type passed doesn't exist. Use STRING, DWORD or BINARY.";
-
 Bytes bytes(const std::string& text) {
     return {text.begin(), text.end()};
 }
 
-class clsRegistry_ : public testing::Test, protected Core {
-protected:
-    // The session stands in an empty key of the tests.
-    void SetUp() override {
+// The session stands in an empty key of the tests.
+struct clsRegistry_ : testing::Test, Core {
+    clsRegistry_() {
         system.makeKey(TestsKey);
         registry.cD(TestsKey);
-    }
-    void set(const std::string& name, platform::RegType type, const Bytes& data) {
-        system.set({TestsKey, name, type, data});
     }
 };
 
@@ -90,21 +83,15 @@ TEST_F(clsRegistry_, WrongMovesAreShownAndLeaveTheSessionUsable) {
 }
 
 IN_MEMORY_TEST_F(clsRegistry_, TheTopHasSixRoots) {
-    const std::pair<std::string, platform::HKey> roots[] = {
-        {"HKEY_CLASSES_ROOT", 0x80000000}, {"HKEY_CURRENT_USER", 0x80000001}, {"HKEY_LOCAL_MACHINE", 0x80000002},
-        {"HKEY_USERS", 0x80000003},        {"HKEY_DYN_DATA", 0x80000006},     {"HKEY_CURRENT_CONFIG", 0x80000005}};
-    std::vector<std::string> names;
-    for (const auto& [name, root] : roots) {
-        platform::HKey made = 0;
-        system.registry.RegCreateKeyExA(root, "Of " + name, platform::KeyQueryValue, made);
-        system.registry.RegCloseKey(made);
-        registry.cD("\\" + name);
-        registry.cD("Of " + name);
-        EXPECT_EQ(basErrors::Err.number, 0u) << name;
-        names.push_back(name);
-    }
+    const std::vector<std::string> roots{"HKEY_CLASSES_ROOT", "HKEY_CURRENT_USER", "HKEY_LOCAL_MACHINE",
+                                         "HKEY_USERS",        "HKEY_DYN_DATA",     "HKEY_CURRENT_CONFIG"};
     registry.cD("\\");
-    EXPECT_EQ(registry.DirKey(), names);
+    EXPECT_EQ(registry.DirKey(), roots);
+    for (const std::string& root : roots) {
+        system.registry.setContents({{root + "\\Of " + root + "|", ""}});
+        registry.cD("\\" + root);
+        EXPECT_EQ(registry.DirKey(), std::vector<std::string>{"Of " + root});
+    }
 }
 
 IN_MEMORY_TEST_F(clsRegistry_, FailuresOfTheSystemAreRecordedAndNotShown) {
@@ -125,32 +112,27 @@ IN_MEMORY_TEST_F(clsRegistry_, FailuresOfTheSystemAreRecordedAndNotShown) {
 }
 
 TEST_F(clsRegistry_, MakesWholeChainsAndDeletesOneLevel) {
-    const auto exists = [&](const char* below) {
-        return registry.IsValidKey(platform::HKeyCurrentUser, std::string("Software\\Tavimor Tests\\") + below);
-    };
     registry.MakeKey("A\\B\\C");
     EXPECT_EQ(registry.CurrentKey(), Upper);
     registry.DeleteKey("a\\b\\c");
     registry.DeleteKey("A");
-    EXPECT_TRUE(exists("A\\B"));
-    EXPECT_FALSE(exists("A\\B\\C"));
+    for (const auto& [key, isThere] : {std::pair{"\\A\\B", true}, {"\\A\\B\\C", false}})
+        EXPECT_EQ(registry.IsValidKey(platform::HKeyCurrentUser, "Software\\Tavimor Tests" + std::string(key)),
+                  isThere);
     EXPECT_EQ(system.registry.openHandles(), system.inMemory() ? 1u : 0u) << "the session's own";
 }
 
-IN_MEMORY_TEST_F(clsRegistry_, ReadingAndWritingInTurnOpensTheKeyOnce) {
+IN_MEMORY_TEST_F(clsRegistry_, ReadingAndWritingInTurnOpensTheKeyOnceOnAnySystem) {
+    for (const std::uint32_t platform : {0u, 1u, 2u, 3u}) {
+        system.system.version.platformId = platform;
+        EXPECT_EQ(registry.IsWindowsNT(), platform == 2);
+    }
     system.registry.watch.reset();
     for (int i = 0; i < 10; ++i) {
         registry.ValueOf("Value", ValueType::Dword, static_cast<double>(i));
         EXPECT_EQ(registry.ValueOf("Value")->number, i);
     }
     EXPECT_EQ(system.registry.watch.calls(), 22);
-}
-
-IN_MEMORY_TEST_F(clsRegistry_, ASystemIsWindowsNTByItsPlatform) {
-    for (const std::uint32_t platform : {0u, 1u, 2u, 3u}) {
-        system.system.version.platformId = platform;
-        EXPECT_EQ(registry.IsWindowsNT(), platform == 2);
-    }
 }
 
 // Values --------------------------------------------------------------------------------------------------------
@@ -178,15 +160,14 @@ TEST_F(clsRegistry_, ValuesReadAndListByWhatIsStored) {
     };
     for (const auto& [stored, data, expectedType, expected] : cases) {
         SCOPED_TRACE(expected);
-        set("Value", stored, data);
+        system.set({TestsKey, "Value", stored, data});
         ValueType type = ValueType::Binary;
         const auto value = registry.ValueOf("vALUE", type);
         const auto listed = registry.DirValue();
         ASSERT_TRUE(value && listed && listed->size() == 1 && listed->front().name == "Value");
         const std::string number = std::to_string(static_cast<std::uint32_t>(value->number));
         EXPECT_EQ(value->text + "|" + value->display + "|" + number + "|" + listed->front().text, expected);
-        EXPECT_EQ(type, expectedType);
-        EXPECT_EQ(listed->front().type, expectedType);
+        EXPECT_TRUE(type == expectedType && listed->front().type == expectedType);
     }
 }
 
@@ -195,7 +176,7 @@ IN_MEMORY_TEST_F(clsRegistry_, WhatIsMissingOrEmptyIsNothingAndWhatGoesEndsTheLi
     EXPECT_FALSE(registry.ValueOf("Value", type));
     EXPECT_FALSE(registry.DirValue());
     EXPECT_EQ(type, ValueType::String);
-    set("Value", platform::RegDword, {});
+    system.set({TestsKey, "Value", platform::RegDword, {}});
     EXPECT_FALSE(registry.ValueOf("Value"));
     EXPECT_EQ(registry.DirValue()->front().text, "00000000 (0,000,000,000)");
     for (const char* name : {"A", "B"}) {
@@ -210,39 +191,32 @@ IN_MEMORY_TEST_F(clsRegistry_, WhatIsMissingOrEmptyIsNothingAndWhatGoesEndsTheLi
 
 TEST_F(clsRegistry_, ValuesAreStoredInTheirTypeAndOthersRefused) {
     using namespace platform;
-    const struct {
-        int type;
-        Variant value;
-        const char* refusal;  // "": stored
-        RegType stored = RegNone;
-        Bytes data = {};
-    } cases[] = {
-        {0, "a\xE9"s, "", RegSz, bytes("a\xE9\0"s)},
-        {0, ""s, "", RegSz, bytes("\0"s)},
-        {1, Bytes{0, 0x10}, "", RegBinary, {0, 0x10}},
-        {2, 73728.0, "", RegDword, {0, 0x20, 1, 0}},
-        {2, 4294967295.0, "", RegDword, {0xFF, 0xFF, 0xFF, 0xFF}},
-        {0, Bytes{1}, Mismatch},
-        {1, "1 A0"s, Mismatch},
-        {2, "3"s, Mismatch},
-        {2, 4294967296.0, Mismatch},
-        {2, -1.0, Mismatch},
-        {2, 2.5, Mismatch},
-        {2, std::numeric_limits<double>::quiet_NaN(), Mismatch},
-        {3, "text"s, NoSuchType},
-        {-1, 1.0, NoSuchType},
+    const std::tuple<int, Variant, RegType, Bytes> stored[] = {
+        {0, "a\xE9"s, RegSz, bytes("a\xE9\0"s)},
+        {0, ""s, RegSz, bytes("\0"s)},
+        {1, Bytes{0, 0x10}, RegBinary, {0, 0x10}},
+        {2, 73728.0, RegDword, {0, 0x20, 1, 0}},
+        {2, 4294967295.0, RegDword, {0xFF, 0xFF, 0xFF, 0xFF}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(&c - cases);
-        if (*c.refusal) expectError(c.refusal);
-        registry.ValueOf("Value", c.type, c.value);
-        system.desktop.settle();
-        EXPECT_EQ(basErrors::Err.number, *c.refusal ? c.refusal == NoSuchType ? 0x80040004 : 0x80040003 : 0);
-        EXPECT_TRUE(!*c.refusal || basErrors::Err.source == "TVMRRegistry [Let ValueOf]") << basErrors::Err.source;
+    for (const auto& [type, value, storedType, data] : stored) {
+        registry.ValueOf("Value", type, value);
         const auto found = system.value(TestsKey, "Value");
-        EXPECT_EQ(found ? found->type : RegNone, c.stored);
-        EXPECT_EQ(found ? found->data : Bytes(), c.data);
+        EXPECT_TRUE(found && found->type == storedType && found->data == data) << &data - &std::get<3>(stored[0]);
         registry.DeleteValue("Value");
+    }
+    const std::pair<int, Variant> refused[] = {
+        {0, Bytes{1}}, {1, "1 A0"s}, {2, "3"s}, {2, 4294967296.0},
+        {2, -1.0},     {2, 2.5},     {3, "x"s}, {2, std::numeric_limits<double>::quiet_NaN()},
+        {-1, 1.0}};
+    for (const auto& [type, value] : refused) {
+        const bool exists = type >= 0 && type < 3;
+        expectError(exists ? "Type passed doesn't match Value passed."
+                           : "Type passed doesn't exist. Use STRING, DWORD or BINARY.");
+        registry.ValueOf("Value", type, value);
+        system.desktop.settle();
+        EXPECT_EQ(basErrors::Err.number, exists ? 0x80040003 : 0x80040004);
+        EXPECT_EQ(basErrors::Err.source, "TVMRRegistry [Let ValueOf]");
+        EXPECT_FALSE(system.value(TestsKey, "Value"));
     }
 }
 

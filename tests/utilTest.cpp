@@ -30,25 +30,16 @@ TEST(Util, PathsAreTakenApart) {
         EXPECT_EQ(file.Folder() + "|" + file.BaseName() + "|" + file.Extension(), parts);
         EXPECT_EQ(file.Folder() + file.Name(), path);
     }
-}
-
-TEST(Util, AFolderIsNoFile) {
-    TestSystem system;
+    for (const std::string path : {"C:\\WINDOWS", "C:\\WINDOWS\\"})
+        EXPECT_EQ(basSystem::QualifyPath(path) + basSystem::UnQualifyPath(path), "C:\\WINDOWS\\C:\\WINDOWS");
+    EXPECT_EQ(basSystem::UnQualifyPath("C:\\"), "C:\\") << "C: is another place";
+    EXPECT_EQ(basSystem::QualifyPath("") + basSystem::UnQualifyPath(""), "");
+    EXPECT_EQ(basSystem::TrimNull("a\0b\0"s) + basSystem::TrimNull("\0"s) + basSystem::TrimNull("c"), "ac");
     system.writeFile("file.txt", "text");
     for (const auto& [path, file] : {std::pair{system.programFolder(), false}, {system.path("file.txt"), true}}) {
         EXPECT_EQ(basSystem::FolderExists(system.platform(), basSystem::QualifyPath(path)), !file);
         EXPECT_EQ(basSystem::FileExists(system.platform(), path), file);
     }
-}
-
-TEST(Util, BackslashesAndZerosAtTheEnd) {
-    for (const std::string path : {"C:\\WINDOWS", "C:\\WINDOWS\\"}) {
-        EXPECT_EQ(basSystem::QualifyPath(path), "C:\\WINDOWS\\");
-        EXPECT_EQ(basSystem::UnQualifyPath(path), "C:\\WINDOWS");
-    }
-    EXPECT_EQ(basSystem::UnQualifyPath("C:\\"), "C:\\") << "C: is another place";
-    EXPECT_EQ(basSystem::QualifyPath("") + basSystem::UnQualifyPath(""), "");
-    EXPECT_EQ(basSystem::TrimNull("a\0b\0"s) + basSystem::TrimNull("\0"s) + basSystem::TrimNull("c"), "ac");
 }
 
 // Code page 932: "\x83\\" and "\x83|" are letters of kana, "\x83p" is another one than "\x83P".
@@ -59,32 +50,28 @@ TEST(Util, ACharacterOfTwoBytesIsNeitherCutNorTakenForItsSecond) {
         }
     } japanese;
     util::readLeadBytes(japanese);
-    EXPECT_EQ(basSystem::QualifyPath("C:\\\x83\\"), "C:\\\x83\\\\");
-    EXPECT_EQ(basSystem::UnQualifyPath("C:\\\x83\\"), "C:\\\x83\\");
-    EXPECT_EQ(basSystem::UnQualifyPath("C:\\\x83\\\\"), "C:\\\x83\\");
     TestSystem system;
-    EXPECT_EQ(clsFileInfo(system.platform(), "C:\\a\x83\\b.ico").Name(), "a\x83\\b.ico");
-    EXPECT_EQ(util::upper("a\x83p\x83"), "A\x83p\x83");
-    EXPECT_EQ(util::lower("A\x83P"), "a\x83P");
-    EXPECT_TRUE(util::equalFolded("A\x83p", "a\x83p"));
-    EXPECT_FALSE(util::equalFolded("\x83p", "\x83P"));
+    const std::pair<std::string, const char*> cases[] = {
+        {basSystem::QualifyPath("C:\\\x83\\"), "C:\\\x83\\\\"},
+        {basSystem::UnQualifyPath("C:\\\x83\\"), "C:\\\x83\\"},
+        {basSystem::UnQualifyPath("C:\\\x83\\\\"), "C:\\\x83\\"},
+        {clsFileInfo(system.platform(), "C:\\a\x83\\b.ico").Name(), "a\x83\\b.ico"},
+        {util::upper("a\x83p\x83"), "A\x83p\x83"},
+        {util::lower("A\x83P"), "a\x83P"},
+        {clsStrings().Replace("\x83\\a\\b", "\\", "\\\\"), "\x83\\a\\\\b"},
+    };
+    for (const auto& [is, expected] : cases) EXPECT_EQ(is, expected);
+    EXPECT_TRUE(util::equalFolded("A\x83p", "a\x83p") && !util::equalFolded("\x83p", "\x83P"));
     clsStrings strings;
     EXPECT_EQ(strings.Initialise("a\x83|b|\x83||c", "|"), 3);
     EXPECT_EQ(strings.ElementAsString(1), "a\x83|b");
     EXPECT_EQ(strings.Initialise("\"|\"|\x83|b", "|,"), 2);
-    EXPECT_EQ(strings.Replace("\x83\\a\\b", "\\", "\\\\"), "\x83\\a\\\\b");
-    ListedValue icon{"Icon", "C:\\\x83\\\\a.dll#1"};
-    const auto line = backup::exportLine(icon);
-    EXPECT_EQ(line, "\"Icon\"=\"C:\\\\\x83\\\\\\a.dll#1\"");
-    {
-        const std::string head = "REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\A]\r\n";
-        backup::RegistryExport file(head + *line + "\r\n");
-        std::optional<backup::RegistryExport::Item> item;
-        do item = file.next();
-        while (item && item->kind != backup::RegistryExport::Kind::Value);
-        ASSERT_TRUE(item);
-        EXPECT_EQ(item->value.text, icon.text);
-    }
+    const std::string line = "\"Icon\"=\"C:\\\\\x83\\\\\\a.dll#1\"";
+    EXPECT_EQ(backup::exportLine({"Icon", "C:\\\x83\\\\a.dll#1"}), line);
+    backup::RegistryExport file("REGEDIT4\r\n\r\n" + line + "\r\n");
+    auto item = file.next();
+    while (item && item->kind != backup::RegistryExport::Kind::Value) item = file.next();
+    EXPECT_TRUE(item && item->value.text == "C:\\\x83\\\\a.dll#1");
     simulated::System plain;
     util::readLeadBytes(plain);
 }

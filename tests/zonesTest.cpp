@@ -13,7 +13,7 @@ const std::string Zones = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\Curr
 const std::string Templates =
     "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\TemplatePolicies";
 
-TEST(Zones, LevelsAreConvertedBetweenNameAndNumberExactly) {
+TEST(Zones, LevelsAndZonesAreConvertedBetweenNameAndNumberExactly) {
     const struct {
         const char *name, *decimal, *hexadecimal;
         std::uint32_t number;
@@ -22,18 +22,13 @@ TEST(Zones, LevelsAreConvertedBetweenNameAndNumberExactly) {
                   {"Medium-Low", "66816", "10500", 66816},
                   {"Low", "65536", "10000", 65536},
                   {"Custom", "0", "0", 0}};
-    int place = 0;
-    for (const auto& level : levels) {
+    for (int place = 0; const auto& level : levels) {
         EXPECT_EQ(GetSecurity(level.name), level.decimal);
-        EXPECT_EQ(GetSecurity(level.decimal), level.name);
-        EXPECT_EQ(GetSecurity(level.hexadecimal), level.name);
+        for (const char* text : {level.decimal, level.hexadecimal}) EXPECT_EQ(GetSecurity(text), level.name);
         EXPECT_EQ(levelIndex(level.number), place++);
     }
     for (const char* text : {"", "high", "073728", "70000"}) EXPECT_EQ(GetSecurity(text), "") << text;
     for (const std::uint32_t number : {70000u, 1u, 0xFFFFFFFFu}) EXPECT_FALSE(levelIndex(number)) << number;
-}
-
-TEST(Zones, OnlyNumbersAsTheSystemWritesThemAreZoneNumbers) {
     for (const char* zone : {"0", "10", "4294967295"}) EXPECT_EQ(std::to_string(numberOf(zone).value()), zone);
     for (const char* zone : {"", "007", "abc", "1 ", "1,000", "4294967296"}) EXPECT_FALSE(numberOf(zone)) << zone;
 }
@@ -56,83 +51,73 @@ TEST(Zones, TheBrowsersOwnHaveTheirDefaultsAndAllOthersTheSafeOnes) {
     EXPECT_FALSE(isBuiltIn("00"));
 }
 
-class ZoneKeys : public testing::Test, protected Core {
-protected:
-    std::uint32_t number(const std::string& zone, const std::string& name) {
-        return system.dword(Zones + "\\" + zone, name).value_or(0xBAD);
-    }
+struct ZoneKeys : testing::Test, Core {
+    const std::string zone = Zones + "\\5", high = Templates + "\\High";
+    std::uint32_t number(const std::string& name) { return system.dword(zone, name).value_or(0xBAD); }
 };
 
 TEST_F(ZoneKeys, ALevelIsCopiedFromItsTemplate) {
     const std::pair<const char*, std::uint32_t> levels[] = {
         {"High", 73728}, {"Medium", 69632}, {"Medium-Low", 66816}, {"Low", 65536}};
-    std::uint32_t setting = 0;
-    for (const auto& [name, stored] : levels) {
-        const std::string key = Templates + "\\" + name, zone = Zones + "\\5";
-        const int level = static_cast<int>(setting++);
+    system.setText(zone, "DisplayName", "Mine");
+    for (std::uint32_t level = 0; const auto& [name, stored] : levels) {
+        const std::string key = Templates + "\\" + name;
+        SaveSecurityLevel(registry, "5", static_cast<int>(level));
+        system.makeKey(key);
+        EXPECT_FALSE(hasTemplate(registry, static_cast<int>(level)));
+        SaveSecurityLevel(registry, "5", static_cast<int>(level));
+        EXPECT_NE(number("CurrentLevel"), stored) << "nothing to copy";
         system.setText(key, "DisplayName", "Template");
-        system.setDword(key, "1A00", 0x80000000 + setting);
+        system.setDword(key, "1A00", 0x80000000 + level);
         system.setBinary(key, "1C00", {1, 2, 3, 4});
         system.setDword(key, "TemplateIndex", 1);
-        system.setDword(key, "templateindexes", setting);
-        system.setText(zone, "DisplayName", "Mine");
+        system.setDword(key, "templateindexes", level);
 
-        SaveSecurityLevel(registry, "5", level);
+        SaveSecurityLevel(registry, "5", static_cast<int>(level));
 
-        EXPECT_EQ(number("5", "CurrentLevel"), stored);
-        EXPECT_EQ(number("5", "1A00"), 0x80000000 + setting);
-        EXPECT_EQ(number("5", "templateindexes"), setting);
+        EXPECT_EQ(number("CurrentLevel"), stored);
+        EXPECT_EQ(number("1A00"), 0x80000000 + level);
+        EXPECT_EQ(number("templateindexes"), level++);
         EXPECT_EQ(system.text(zone, "DisplayName"), "Mine");
         EXPECT_EQ(system.values(zone).size(), 4u);
-    }
-}
-
-TEST_F(ZoneKeys, WithoutATemplateNoLevelIsCopied) {
-    system.setDword(Zones + "\\5", "CurrentLevel", 65536);
-    for (const bool empty : {false, true}) {
-        if (empty) system.makeKey(Templates + "\\High");
-        EXPECT_FALSE(hasTemplate(registry, 0));
-        SaveSecurityLevel(registry, "5", 0);
-        EXPECT_EQ(number("5", "CurrentLevel"), 65536u);
-        EXPECT_EQ(system.values(Zones + "\\5").size(), 1u);
     }
 }
 
 IN_MEMORY_TEST_F(ZoneKeys, MediumLowMayHaveTheShortNameOfRealMachines) {
     system.setDword(Templates + "\\MedLow", "1200", 7);
     SaveSecurityLevel(registry, "5", 2);
-    EXPECT_FALSE(system.exists(Zones + "\\5"));
-    system.makeKey(Zones + "\\5");
+    EXPECT_FALSE(system.exists(zone));
+    system.makeKey(zone);
     SaveSecurityLevel(registry, "5", 2);
-    EXPECT_EQ(number("5", "1200"), 7u);
-    EXPECT_EQ(number("5", "CurrentLevel"), 66816u);
+    EXPECT_EQ(number("1200"), 7u);
+    EXPECT_EQ(number("CurrentLevel"), 66816u);
     system.setDword(Templates + "\\Medium-Low", "1200", 8);
     SaveSecurityLevel(registry, "5", 2);
-    EXPECT_EQ(number("5", "1200"), 8u);
+    EXPECT_EQ(number("1200"), 8u);
     system.registry.watch.failOn("RegQueryInfoKeyA", 1, platform::OutOfMemory);
     SaveSecurityLevel(registry, "5", 2);
-    EXPECT_EQ(number("5", "1200"), 8u) << "one that cannot be read is not missing";
+    EXPECT_EQ(number("1200"), 8u) << "one that cannot be read is not missing";
 }
 
 TEST_F(ZoneKeys, ASettingThatIsNoPlainNumberIsLeftOutAndCounts) {
-    const std::string high = Templates + "\\High", zone = Zones + "\\5";
     system.setDword(high, "1200", 3);
     system.setDword(zone, "1400", 3);
     for (const platform::Bytes& data : {platform::Bytes{}, {1}, {1, 0}, {1, 0, 0, 0, 0}}) {
-        system.set({high, "1400", platform::RegDword, data});
-        system.set({high, "1800", platform::RegDword, data});
+        for (const char* name : {"1400", "1800"}) system.set({high, name, platform::RegDword, data});
         const clsRegistry::FailureWatch watch(registry);
         SaveSecurityLevel(registry, "5", 0);
         EXPECT_TRUE(watch.failed());
-        EXPECT_EQ(number("5", "1200"), 3u);
-        EXPECT_EQ(number("5", "1400"), 3u) << "as it was";
+        EXPECT_EQ(number("1200"), 3u);
+        EXPECT_EQ(number("1400"), 3u) << "as it was";
         EXPECT_FALSE(system.value(zone, "1800"));
-        EXPECT_EQ(number("5", "CurrentLevel"), 73728u);
+        EXPECT_EQ(number("CurrentLevel"), 73728u);
     }
+    system.set({zone, "Flags", platform::RegDword, {219}});
+    goToZone(registry, "5");
+    EXPECT_EQ(readFlags(registry).found, Found::OtherType);
 }
 
 IN_MEMORY_TEST_F(ZoneKeys, ANewZoneIsSafeWhateverTheTemplateHolds) {
-    const std::string high = Templates + "\\High", zone = Zones + "\\5";
     const std::function<void()> templates[] = {
         [] {},
         [&] { system.makeKey(high); },
@@ -150,26 +135,19 @@ IN_MEMORY_TEST_F(ZoneKeys, ANewZoneIsSafeWhateverTheTemplateHolds) {
         const std::vector<std::string> before = system.values(high);
         SetDefaults(registry, "5");
         for (const char* level : {"CurrentLevel", "MinLevel", "RecommendedLevel"})
-            EXPECT_EQ(number("5", level), 73728u) << level;
-        EXPECT_EQ(number("5", "Flags"), 3u);
+            EXPECT_EQ(number(level), 73728u) << level;
+        EXPECT_EQ(number("Flags"), 3u);
         EXPECT_EQ(system.text(zone, ""), "");
         EXPECT_EQ(system.values(high), before) << "a template is everybody's";
     }
 }
 
-TEST_F(ZoneKeys, ANumberThatIsNotFourBytesLongIsNone) {
-    system.set({Zones + "\\5", "Flags", platform::RegDword, {219}});
-    goToZone(registry, "5");
-    EXPECT_EQ(readFlags(registry).found, Found::OtherType);
-}
-
 IN_MEMORY_TEST_F(ZoneKeys, ANameThatIsListedTwiceIsAtNoPlace) {
-    for (const char* zone : {"0", "1", "1wide", "2"}) system.makeKey(Zones + "\\" + zone);
+    for (const char* listed : {"0", "1", "1wide", "2"}) system.makeKey(Zones + "\\" + listed);
     system.registry.listAs(Zones + "\\1wide", "1");
-    EXPECT_EQ(zoneAtIndex(registry, "0"), "0");
-    EXPECT_EQ(zoneAtIndex(registry, "1"), "");
-    EXPECT_EQ(zoneAtIndex(registry, "2"), "");
-    EXPECT_EQ(zoneAtIndex(registry, "3"), "2");
+    const char* const places[] = {"0", "", "", "2"};
+    for (int place = 0; place < 4; ++place)
+        EXPECT_EQ(zoneAtIndex(registry, std::to_string(place)), places[place]) << place;
 }
 
 }  // namespace

@@ -29,16 +29,13 @@ constexpr const char* Browser =
 }  // namespace
 
 Entry text(std::string path, std::string name, std::string_view text) {
-    Entry entry{std::move(path), std::move(name), RegSz, {}};
-    entry.data.assign(text.begin(), text.end());
-    entry.data.push_back(0);
-    return entry;
+    return {std::move(path), std::move(name), RegSz, Bytes(text.begin(), text.end()) + std::uint8_t{0}};
 }
 
 Entry dword(std::string path, std::string name, std::uint32_t number) {
-    Entry entry{std::move(path), std::move(name), RegDword, {}};
-    for (int byte = 0; byte < 4; ++byte, number >>= 8) entry.data.push_back(static_cast<std::uint8_t>(number));
-    return entry;
+    Bytes data(4, 0);
+    BufferWriter(data).write32(number);
+    return {std::move(path), std::move(name), RegDword, data};
 }
 
 std::vector<Entry> readRegistryFile(std::string_view text) {
@@ -53,15 +50,11 @@ std::vector<Entry> readRegistryFile(std::string_view text) {
             entries.push_back({path, {}, Entry::NoValue, {}});
         }
         if (!rest.starts_with('@') && !rest.starts_with('"')) continue;
-        std::string name;
-        if (rest[0] == '"')
-            name = takeQuoted(rest);
-        else
-            rest.remove_prefix(1);
-        if (rest.starts_with("=dword:")) {
+        const std::string name = rest[0] == '"' ? takeQuoted(rest) : (rest.remove_prefix(1), "");
+        if (rest.starts_with("=dword:"))
             entries.push_back(
-                dword(path, name, static_cast<std::uint32_t>(std::stoul(line.substr(line.size() - 8), nullptr, 16))));
-        } else if (rest.starts_with("=\"")) {
+                dword(path, name, static_cast<std::uint32_t>(std::stoul(line.substr(line.size() - 8), {}, 16))));
+        if (rest.starts_with("=\"")) {
             rest.remove_prefix(1);
             entries.push_back(sample::text(path, name, takeQuoted(rest)));
         }
