@@ -59,11 +59,11 @@ TEST_F(clsFileIconTest, AGroupIsLoadedWithItsImagesAsStored) {
     const std::vector<Image> images{image(16, 4), image(32, 8), image(256, 24)};
     ASSERT_EQ(loadGroup(icons::group(images, FirstImage), images), "");
     ASSERT_EQ(icon.ImageCount(), 3);
-    for (int i = 0; i < 3; ++i)
-        EXPECT_EQ(Bytes(icon.ImageBytes(i).data(), icon.ImageSize(i)), images[static_cast<std::size_t>(i)].bytes);
-    EXPECT_EQ(icon.ImageWidth(2), 256);
-    EXPECT_EQ(icon.ImageHeight(1), 32);
-    EXPECT_EQ(icon.ImageColourCount(2), 16777216);
+    for (int i = 0; const Image& stored : images) {
+        EXPECT_TRUE(std::ranges::equal(icon.ImageBytes(i), stored.bytes)) << i;
+        EXPECT_EQ(icon.ImageSize(i++), stored.bytes.size());
+    }
+    EXPECT_TRUE(icon.ImageWidth(2) == 256 && icon.ImageHeight(1) == 32 && icon.ImageColourCount(2) == 16777216);
 }
 
 IN_MEMORY_TEST_F(clsFileIconTest, AGroupThatIsRefusedSaysWhyAndKeepsNothingOfTheIconBefore) {

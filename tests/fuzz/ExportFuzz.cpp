@@ -39,7 +39,7 @@ void restore(std::string_view bytes) {
 
 void makeRegistry(std::string_view bytes) {
     native::Console console;
-    command::ExportedRegistry registry, again;
+    command::ExportedRegistry registry;
     const std::string wrong = registry.load(bytes, console);
     expect(registry.openHandles() == 0, "no key stays open");
     const auto contents = registry.contents();
@@ -47,9 +47,8 @@ void makeRegistry(std::string_view bytes) {
     for (const auto& [name, stored] : contents) held += stored.size();
     // A letter of UTF-16 has up to three bytes in UTF-8, and a number of eight digits four.
     expect(held <= 3 * bytes.size() + 64, "no more is held than the file has");
-    expect(again.load(bytes, console) == wrong && again.contents() == contents, "the same file is the same registry");
     // Imported twice in a row it is no other, unless it deletes what it brings.
-    expect(!wrong.empty() || registry.load(bytes, console).empty(), "a file that can be read can be read again");
+    expect(registry.load(bytes, console) == wrong, "a file is read the same again");
     expect(!wrong.empty() || within(bytes, "-") || registry.contents() == contents, "a second import changes nothing");
     platform::HKey key = 0;
     expect(registry.RegCreateKeyExA(platform::HKeyCurrentUser, "New", platform::KeyAllAccess, key) ==
