@@ -55,10 +55,7 @@ TEST_F(ExtractIconTest, TheProgramMayStandInAFolderWithANumberSign) {
 }
 
 TEST_F(ExtractIconTest, AReferenceIsCutWhereTheBrowserCutsIt) {
-    const struct {
-        const char *text, *file, *resource;
-        platform::ResourceId identifier;
-    } cases[] = {
+    const std::tuple<const char*, std::string, std::string, platform::ResourceId> cases[] = {
         {"inetcpl.cpl#00004480", "inetcpl.cpl", "00004480", std::uint16_t{4480}},
         {"C:\\a b\\c.dll#MAIN", "C:\\a b\\c.dll", "MAIN", "MAIN"},
         {"C:\\C#\\d.dll#5", "C:\\C", "\\d.dll#5", "\\d.dll"},
@@ -70,12 +67,12 @@ TEST_F(ExtractIconTest, AReferenceIsCutWhereTheBrowserCutsIt) {
         {"a.dll#", "a.dll", "", ""},
         {"#5", "", "5", std::uint16_t{5}},
     };
-    for (const auto& c : cases) {
-        const icons::IconReference reference = icons::parseReference(c.text).value();
-        EXPECT_EQ(reference, (icons::IconReference{c.file, c.resource}));
-        EXPECT_EQ(reference.identifier(), c.identifier) << c.text;
-        EXPECT_EQ(reference.isUsable(), *c.file && *c.resource) << c.text;
-        EXPECT_EQ(icons::referenceOrDefault(system.platform(), c.text).text(), c.text) << "nothing of it is lost";
+    for (const auto& [text, file, resource, identifier] : cases) {
+        const icons::IconReference reference = icons::parseReference(text).value();
+        EXPECT_EQ(reference, (icons::IconReference{file, resource}));
+        EXPECT_EQ(reference.identifier(), identifier) << text;
+        EXPECT_EQ(reference.isUsable(), !file.empty() && !resource.empty()) << text;
+        EXPECT_EQ(icons::referenceOrDefault(system.platform(), text).text(), text) << "nothing of it is lost";
     }
     for (const char* none : {"", "a.dll", "\"a.dll\"#5", "a.dll#\"5\"", "\"a#b"}) {
         EXPECT_FALSE(icons::parseReference(none)) << none;

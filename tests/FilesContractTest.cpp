@@ -40,28 +40,26 @@ TEST_F(FilesContract, WhatIsWrittenIsReadBackAndAppendedTo) {
 
 TEST_F(FilesContract, AMissingFileAMissingFolderAndAFolderAreToldApart) {
     ASSERT_EQ(files.createFolder(system.path("Logs")), Success);
-    const struct {
-        const char* name;
-        Result used, made, listed;
-    } rows[] = {
+    const std::tuple<const char*, Result, Result, Result> rows[] = {
+        // used, made, listed
         {"absent\\file", PathNotFound, PathNotFound, PathNotFound},
         {"absent", FileNotFound, Success, FileNotFound},
         {"Logs", AccessDenied, AccessDenied, Success},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        const std::string path = system.path(row.name);
+    for (const auto& [name, used, made, listed] : rows) {
+        SCOPED_TRACE(name);
+        const std::string path = system.path(name);
         FoundFile found;
         Files::Search search = 99;
-        EXPECT_EQ(files.findFirst(path, search, found), row.listed);
-        EXPECT_EQ(search == 0, row.listed != Success);
+        EXPECT_EQ(files.findFirst(path, search, found), listed);
+        EXPECT_EQ(search == 0, listed != Success);
         files.findClose(search);
-        EXPECT_EQ(files.attributes(path, bits), row.listed);
-        EXPECT_EQ(files.read(path, bytes), row.used);
-        EXPECT_EQ(files.remove(path), row.used);
-        EXPECT_EQ(files.create(path, "", written), row.made);
-        EXPECT_EQ(files.append(path, "", written), row.made);
-        EXPECT_EQ(files.createFolder(path), row.made == PathNotFound ? PathNotFound : AlreadyExists);
+        EXPECT_EQ(files.attributes(path, bits), listed);
+        EXPECT_EQ(files.read(path, bytes), used);
+        EXPECT_EQ(files.remove(path), used);
+        EXPECT_EQ(files.create(path, "", written), made);
+        EXPECT_EQ(files.append(path, "", written), made);
+        EXPECT_EQ(files.createFolder(path), made == PathNotFound ? PathNotFound : AlreadyExists);
     }
     EXPECT_TRUE(bits & FileAttributeDirectory);
     EXPECT_EQ(files.attributes(system.path("absent"), bits), Success);

@@ -35,14 +35,12 @@ TEST(ImageLayout, SaysWhereThePartsOfAnImageAre) {
 }
 
 TEST(ImageLayout, ASmallImageIsEnlargedByAWholeFactorAndALargeOneShrunk) {
-    const struct {
-        platform::ImageLayout image;
-        int room, width, height;
-    } cases[] = {{{32, 32}, 32, 32, 32}, {{16, 16}, 32, 32, 32}, {{24, 24}, 32, 24, 24}, {{24, 24}, 64, 48, 48},
-                 {{48, 48}, 32, 32, 32}, {{16, 8}, 64, 64, 32},  {{64, 16}, 32, 32, 8},  {{256, 1}, 16, 16, 1}};
-    for (const auto& c : cases) {
-        const auto [width, height] = platform::sizeIn(c.image, c.room);
-        EXPECT_TRUE(width == c.width && height == c.height) << c.image.width << " in " << c.room;
+    const std::tuple<platform::ImageLayout, int, int, int> cases[] = {
+        {{32, 32}, 32, 32, 32}, {{16, 16}, 32, 32, 32}, {{24, 24}, 32, 24, 24}, {{24, 24}, 64, 48, 48},
+        {{48, 48}, 32, 32, 32}, {{16, 8}, 64, 64, 32},  {{64, 16}, 32, 32, 8},  {{256, 1}, 16, 16, 1}};
+    for (const auto& [image, room, width, height] : cases) {
+        const platform::ImageSize size = platform::sizeIn(image, room);
+        EXPECT_TRUE(size.width == width && size.height == height) << image.width << " in " << room;
     }
 }
 

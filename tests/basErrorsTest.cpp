@@ -20,14 +20,13 @@ const std::string Stars(60, '*');
 class Errors : public testing::Test, protected Core {
 protected:
     std::string logName = "Logs\\ErrorLog-3-9-2000.log";
-    std::string log() { return system.readFile(logName).value_or("no log"); }
     static std::string trace() {
         std::string text;
         for (const char* name : ProcStack) text += std::string(name) + " ";
         return text;
     }
     int count(const std::string& part) {
-        const std::string text = log();
+        const std::string text = system.readFile(logName).value_or("no log");
         int found = 0;
         for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++found;
         return found;
@@ -80,20 +79,20 @@ TEST_F(Errors, EveryErrorHasANumberAndATextForPeople) {
 TEST_F(Errors, ADaysFirstReportBeginsItsLog) {
     procedure("frmMain.FillListView", [&] { fail("clsRegistry.ValueOf [Get]"); });
     const auto titled = [&](const std::string& title) { return Stars + "\r\n" + title + "\r\n" + Stars + "\r\n"; };
-    EXPECT_EQ(log(), titled("Error log for: Tavimor - Created: 03-09-2000") + "\r\n" + titled("General Info") +
-                         "Application:     Tavimor\r\nVersion:     " TAVIMOR_VERSION
-                         "\r\n\r\n"
-                         "Operating System:     Not implemented\r\n\r\n"
-                         "Internet Explorer Info:\r\n------------------------------\r\n"
-                         "Version:     No setting\r\nBuild:     No setting\r\n"
-                         "Customized Version:     Not a custom version\r\nUpdates:     No setting\r\n" +
-                         titled("End General Info") + "\r\n" + titled("Start Error Information") +
-                         "Time:     14:05:07\r\nModule:     clsRegistry\r\nProcedure:     ValueOf [Get]\r\n"
-                         "Line Number:     0\r\nError Number:     5\r\n"
-                         "Error Description:     It does not work.\r\n" +
-                         titled("End Error Information") + "Start Stack Dump\r\n" + Stars +
-                         "\r\nclsRegistry.ValueOf [Get]\r\nfrmMain.FillListView\r\n" + titled("End Stack Dump") +
-                         "\r\n");
+    EXPECT_EQ(system.readFile(logName),
+              titled("Error log for: Tavimor - Created: 03-09-2000") + "\r\n" + titled("General Info") +
+                  "Application:     Tavimor\r\nVersion:     " TAVIMOR_VERSION
+                  "\r\n\r\n"
+                  "Operating System:     Not implemented\r\n\r\n"
+                  "Internet Explorer Info:\r\n------------------------------\r\n"
+                  "Version:     No setting\r\nBuild:     No setting\r\n"
+                  "Customized Version:     Not a custom version\r\nUpdates:     No setting\r\n" +
+                  titled("End General Info") + "\r\n" + titled("Start Error Information") +
+                  "Time:     14:05:07\r\nModule:     clsRegistry\r\nProcedure:     ValueOf [Get]\r\n"
+                  "Line Number:     0\r\nError Number:     5\r\n"
+                  "Error Description:     It does not work.\r\n" +
+                  titled("End Error Information") + "Start Stack Dump\r\n" + Stars +
+                  "\r\nclsRegistry.ValueOf [Get]\r\nfrmMain.FillListView\r\n" + titled("End Stack Dump") + "\r\n");
     const std::string browser = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\";
     for (const char* name : {"Version", "Build", "CustomizedVersion"})
         system.setText(browser + "Internet Explorer", name, std::string("its ") + name);

@@ -28,10 +28,7 @@ struct clsRegistry_ : testing::Test, Core {
 TEST_F(clsRegistry_, MovesAsInADirectoryTree) {
     system.makeKey(TestsKey + "\\Zigzag\\Leaf");
     system.makeKey("HKEY_LOCAL_MACHINE\\Software\\Microsoft");
-    const struct {
-        std::vector<const char*> moves;
-        std::string key;
-    } cases[] = {
+    const std::pair<std::vector<const char*>, std::string> cases[] = {
         {{"  \\hkey_current_user\\software\\ "}, "\\HKEY_CURRENT_USER\\SOFTWARE"},
         {{"HKEY_CURRENT_USER", "software", "Tavimor Tests", "zigzag\\leaf", "."}, Upper + "\\ZIGZAG\\LEAF"},
         {{"HKEY_CURRENT_USER\\Software\\Tavimor Tests\\Zigzag", ".."}, Upper},
@@ -39,11 +36,11 @@ TEST_F(clsRegistry_, MovesAsInADirectoryTree) {
         {{"HKEY_CURRENT_USER", ".."}, ""},
         {{"HKEY_CURRENT_USER\\Software", "\\", "\\"}, ""},
     };
-    for (const auto& c : cases) {
+    for (const auto& [moves, key] : cases) {
         registry.cD("\\");
-        for (const char* move : c.moves) registry.cD(move);
-        EXPECT_EQ(registry.CurrentKey(), c.key);
-        EXPECT_EQ(registry.HasKeys(), !c.key.ends_with("LEAF"));
+        for (const char* move : moves) registry.cD(move);
+        EXPECT_EQ(registry.CurrentKey(), key);
+        EXPECT_EQ(registry.HasKeys(), !key.ends_with("LEAF"));
         EXPECT_EQ(registry.DirKey().has_value(), registry.HasKeys());
     }
 }

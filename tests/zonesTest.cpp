@@ -14,18 +14,16 @@ const std::string Templates =
     "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\TemplatePolicies";
 
 TEST(Zones, LevelsAndZonesAreConvertedBetweenNameAndNumberExactly) {
-    const struct {
-        const char *name, *decimal, *hexadecimal;
-        std::uint32_t number;
-    } levels[] = {{"High", "73728", "12000", 73728},
-                  {"Medium", "69632", "11000", 69632},
-                  {"Medium-Low", "66816", "10500", 66816},
-                  {"Low", "65536", "10000", 65536},
-                  {"Custom", "0", "0", 0}};
-    for (int place = 0; const auto& level : levels) {
-        EXPECT_EQ(GetSecurity(level.name), level.decimal);
-        for (const char* text : {level.decimal, level.hexadecimal}) EXPECT_EQ(GetSecurity(text), level.name);
-        EXPECT_EQ(levelIndex(level.number), place++);
+    const std::tuple<const char*, const char*, const char*, std::uint32_t> levels[] = {
+        {"High", "73728", "12000", 73728},
+        {"Medium", "69632", "11000", 69632},
+        {"Medium-Low", "66816", "10500", 66816},
+        {"Low", "65536", "10000", 65536},
+        {"Custom", "0", "0", 0}};
+    for (int place = 0; const auto& [name, decimal, hexadecimal, number] : levels) {
+        EXPECT_EQ(GetSecurity(name), decimal);
+        for (const char* text : {decimal, hexadecimal}) EXPECT_EQ(GetSecurity(text), name);
+        EXPECT_EQ(levelIndex(number), place++);
     }
     for (const char* text : {"", "high", "073728", "70000"}) EXPECT_EQ(GetSecurity(text), "") << text;
     for (const std::uint32_t number : {70000u, 1u, 0xFFFFFFFFu}) EXPECT_FALSE(levelIndex(number)) << number;

@@ -57,24 +57,21 @@ struct Services {
     }
 };
 
-bool isDrawn(const clsFileIcon& icon, int image) {
-    return platform::iconLayout(icon.ImageBytes(image), true).has_value();
-}
-
-void readIcon(ByteSpan bytes, bool fromProgram) {
+template <bool FromProgram>
+void readIcon(ByteSpan bytes) {
     static Services services;
     clsFileIcon icon(services.platform), again(services.platform);
-    services.load(icon, bytes, fromProgram);
+    services.load(icon, bytes, FromProgram);
     if (icon.ImageCount() == 0) return;
-    bool canBeDrawn = false;
+    int drawn = 0;
     for (int image = 0; image < icon.ImageCount(); ++image) {
         expect(icon.ImageBytes(image).size() <= bytes.size(), "an image is no longer than its file");
-        canBeDrawn |= isDrawn(icon, image);
+        drawn += platform::iconLayout(icon.ImageBytes(image), true).has_value();
     }
     try {
-        expect(isDrawn(icon, icon.ImageForWidth(32)), "the best image can be drawn");
+        expect(platform::iconLayout(icon.ImageBytes(icon.ImageForWidth(32)), true).has_value(), "the best is drawn");
     } catch (const util::Error&) {
-        expect(!canBeDrawn, "there is a best image if one can be drawn");
+        expect(drawn == 0, "there is a best image if one can be drawn");
     }
     const std::string saved = services.save(icon);
     again.LoadIcon(Saved);
@@ -97,12 +94,14 @@ void readIconImage(ByteSpan bytes) {
 
 // ---- bitmaps, strings and directories
 
-void checkBitmap(const ui::Picture& picture) {
-    if (picture.empty()) return;
-    const auto layout = platform::bitmapLayout(picture.image());
-    expect(layout && layout->pixels <= layout->end && layout->end == picture.image().size(), "a picture is whole");
-    expect(layout->width == picture.width() && layout->height == picture.height(), "and as large as it says");
-    expect(icons::bitmapFromResource(picture.image()) == picture, "and is read as it is");
+void readBitmap(ByteSpan bytes) {
+    for (const ui::Picture& picture : {icons::bitmapFromResource(bytes), icons::bitmapFromFile(bytes)}) {
+        if (picture.empty()) continue;
+        const auto layout = platform::bitmapLayout(picture.image());
+        expect(layout && layout->pixels <= layout->end && layout->end == picture.image().size(), "a picture is whole");
+        expect(layout->width == picture.width() && layout->height == picture.height(), "and as large as it says");
+        expect(icons::bitmapFromResource(picture.image()) == picture, "and is read as it is");
+    }
 }
 
 void readStrings(ByteSpan block) {
@@ -153,25 +152,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size == 0) return 0;
     // A copy of just that size, so that reading past its end is seen.
     const std::vector<std::uint8_t> exact(data + 1, data + size);
-    switch (data[0] % 6) {
-        case 0:
-            readIcon(exact, false);
-            break;
-        case 1:
-            readIcon(exact, true);
-            break;
-        case 2:
-            readIconImage(exact);
-            break;
-        case 3:
-            checkBitmap(icons::bitmapFromResource(exact));
-            checkBitmap(icons::bitmapFromFile(exact));
-            break;
-        case 4:
-            readStrings(exact);
-            break;
-        default:
-            readResourceTree(exact);
-    }
+    constexpr void (*readers[])(ByteSpan) = {readIcon<false>, readIcon<true>, readIconImage,
+                                             readBitmap,      readStrings,    readResourceTree};
+    readers[data[0] % std::size(readers)](exact);
     return 0;
 }

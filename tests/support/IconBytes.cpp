@@ -67,13 +67,7 @@ std::vector<StoredImage> storedImages() {
     const auto unmasked = [&](int count) { return bits(count).substr(0, bits(count).size() - mask); };
     const auto cut = [](const Bytes& bytes) { return bytes.substr(0, bytes.size() - 1); };
     const Bytes drawing = png();
-    return {
-        {"1 bit", bits(1), true},
-        {"4 bits", bits(4), true},
-        {"8 bits", bits(8), true},
-        {"16 bits", bits(16), true},
-        {"24 bits", bits(24), true},
-        {"32 bits", bits(32), true},
+    std::vector<StoredImage> images{
         {"more than there has to be", bits(4) + Bytes{1, 2, 3}, true},
         {"16 of 256 colours", patched(bits(8), used, {16}).erase(header, 240 * 4), true},
         {"a palette for 24 bits", patched(bits(24), used, {2}).insert(header, 8, 0), true},
@@ -116,6 +110,8 @@ std::vector<StoredImage> storedImages() {
         {"the signature of a PNG", drawing.substr(0, 8), false},
         {"nothing", {}, false},
     };
+    for (const int count : {1, 4, 8, 16, 24, 32}) images.push_back({"as it should be", bits(count), true});
+    return images;
 }
 
 Bytes group(const std::vector<Image>& images, std::uint16_t firstId) {
