@@ -63,7 +63,6 @@ TEST_F(ExtractIconTest, AReferenceIsCutWhereTheBrowserCutsIt) {
         {"a.dll#65535", "a.dll", "65535", std::uint16_t{65535}},
         {"a.dll#65536", "a.dll", "65536", "65536"},
         {"a.dll#18a", "a.dll", "18a", "18a"},
-        {"a.dll#-1", "a.dll", "-1", "-1"},
         {"a.dll#", "a.dll", "", ""},
         {"#5", "", "5", std::uint16_t{5}},
     };

@@ -32,20 +32,17 @@ protected:
     }
     struct Read {
         Result code;
-        RegType type = 99;
+        RegType type;
         std::uint32_t size;
-        Bytes data = Bytes(size, 0x55);  // the whole room
+        Bytes data;  // the whole room
     };
-    Read query(const std::string& name, std::uint32_t room) {
-        Read read{.code = 0, .size = room};
-        read.code = registry.RegQueryValueExA(key, name, read.type, read.data.data(), read.size);
-        return read;
-    }
-    Read firstValue(std::uint32_t room) {
-        char name[10];
-        std::uint32_t length = sizeof name;
-        Read read{.code = 0, .size = room};
-        read.code = registry.RegEnumValueA(key, 0, name, length, read.type, read.data.data(), read.size);
+    // A value by its name, or the one that is listed first.
+    Read read(std::uint32_t room, const char* name = nullptr) {
+        Read read{0, 99, room, Bytes(room, 0x55)};
+        char listed[10];
+        std::uint32_t length = sizeof listed;
+        read.code = name ? registry.RegQueryValueExA(key, name, read.type, read.data.data(), read.size)
+                         : registry.RegEnumValueA(key, 0, listed, length, read.type, read.data.data(), read.size);
         return read;
     }
     // What each function answers that is asked for something missing, or to make something.
@@ -139,7 +136,7 @@ TEST_F(RegistryContract, NamesThatAreTooLongAreRefused) {
     HKey made = 0;
     const std::string name(65535, 'n');
     EXPECT_EQ(registry.RegSetValueExA(key, name, RegBinary, nullptr, 0), InvalidParameter);
-    EXPECT_EQ(query(name, 0).code, InvalidParameter);
+    EXPECT_EQ(read(0, name.c_str()).code, InvalidParameter);
     EXPECT_EQ(registry.RegDeleteValueA(key, name), InvalidParameter);
     // A path of several keys may have no more than 260 characters in all: longer ones are walked in steps.
     const std::string keys = std::string(130, 'a') + "\\" + std::string(129, 'b');
@@ -161,8 +158,8 @@ TEST_F(RegistryContract, DataOfAnySizeAndTypeComesBackWhole) {
             SCOPED_TRACE(testing::Message() << size << " bytes of type " << type);
             const Bytes data(size, 0xE9);  // not ASCII, and text without a terminating zero
             ASSERT_EQ(registry.RegSetValueExA(key, "v", type, data.data(), size), Success);
-            const Read read = query("V", size + 4), part = query("v", size ? size - 1 : 0);
-            EXPECT_TRUE(read.code == Success && read.type == type && read.data.substr(0, read.size) == data);
+            const Read all = read(size + 4, "V"), part = read(size ? size - 1 : 0, "v");
+            EXPECT_TRUE(all.code == Success && all.type == type && all.data.substr(0, all.size) == data);
             EXPECT_TRUE(part.code == (size ? MoreData : Success) && part.size == size) << part.code;
             KeyInfo info;
             EXPECT_EQ(registry.RegQueryInfoKeyA(key, info), Success);
@@ -173,11 +170,9 @@ TEST_F(RegistryContract, DataOfAnySizeAndTypeComesBackWhole) {
 TEST_F(RegistryContract, TextWithoutATerminatingZeroGetsOneWhenThereIsRoom) {
     for (const RegType type : {RegSz, RegExpandSz, RegMultiSz, RegBinary}) {
         system.set({Path, "t", type, {'a', 'b', 'c'}});
-        const std::uint8_t after = type == RegBinary ? 0x55 : 0;
-        for (const Read& read : {query("t", 5), firstValue(5)}) {
-            EXPECT_TRUE(read.code == Success && read.size == 3) << type;
-            EXPECT_EQ(read.data, (Bytes{'a', 'b', 'c', after, 0x55})) << type;
-        }
+        const Bytes room{'a', 'b', 'c', static_cast<std::uint8_t>(type == RegBinary ? 0x55 : 0), 0x55};
+        for (const Read& text : {read(5, "t"), read(5)})
+            EXPECT_TRUE(text.code == Success && text.size == 3 && text.data == room) << type;
     }
 }
 
