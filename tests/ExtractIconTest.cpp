@@ -48,10 +48,9 @@ TEST_F(ExtractIconTest, TheProgramMayStandInAFolderWithANumberSign) {
     system.platform().files.createFolder(system.path("C#"));
     system.system.folder = system.path("C#");
     addIcon(Own, std::uint16_t{1}, {32}, 3);
-    const std::string own = system.path("Tavimor.exe") + "#1";
-    EXPECT_EQ(extract(own), picture(32, 3));
-    const icons::IconReference reference = icons::referenceOrDefault(system.platform(), own);
-    EXPECT_EQ(reference, (icons::IconReference{system.path("Tavimor.exe"), "1"}));
+    const icons::IconReference own{system.path("Tavimor.exe"), "1"};
+    EXPECT_EQ(extract(own.text()), picture(32, 3));
+    EXPECT_EQ(icons::referenceOrDefault(system.platform(), own.text()), own);
 }
 
 TEST_F(ExtractIconTest, AReferenceIsCutWhereTheBrowserCutsIt) {
@@ -108,20 +107,15 @@ TEST_F(ExtractIconTest, APictureComesFromAnIconABitmapOrAProgramFile) {
     for (const char* name : {"a.ico", "a,4480.ico"}) writeFile(name, icon);
     addIcon("b,1.cpl", std::uint16_t{3}, {16}, 7);
     writeFile("text.ico", Bytes{'t', 'e', 'x', 't'});
-    // Two pixels wide and high, of 24 bits, with and without a gap before the pixels.
-    icons::ByteWriter header, file, gapped;
-    header.u32(40).u32(2).u32(2).u16(1).u16(24).fill(24);
-    const Bytes whole = header.bytes() + Bytes(16, 0x77);
-    file.u16(0x4D42).u32(0).u32(0).u32(54).add(whole);
+    icons::ByteWriter file;
+    file.u16(0x4D42).fill(8).u32(54).u32(40).u32(2).u32(2).u16(1).u16(24).fill(24).fill(16, 0x77);
     writeFile("a.bmp", file.bytes());
-    writeFile("gap.bmp", gapped.u16(0x4D42).u32(0).u32(0).u32(64).add(header.fill(10).bytes()).fill(16, 0x77).bytes());
-    const ui::Picture bitmap{ui::Picture::Kind::Bitmap, whole, 2, 2};
+    const ui::Picture bitmap{ui::Picture::Kind::Bitmap, file.bytes().substr(14), 2, 2};
     const std::pair<std::string, ui::Picture> cases[] = {
         {system.path("a.ico"), picture(16, 4)},
         {system.path("a,4480.ico"), picture(16, 4)},
         {system.path("b,1.cpl,3"), picture(16, 7)},
         {system.path("a.bmp"), bitmap},
-        {system.path("gap.bmp"), bitmap},
         {system.path("zones.cpl,4480"), picture(16, LibrarySeed)},
         {"zones.cpl,4481", {}},
         {"zones.cpl,", {}},
@@ -131,17 +125,8 @@ TEST_F(ExtractIconTest, APictureComesFromAnIconABitmapOrAProgramFile) {
     for (const auto& [reference, expected] : cases)
         EXPECT_EQ(basMain::LoadPicture(program.platform, reference), expected) << reference;
     EXPECT_EQ(basMain::LoadPicture(program.platform, system.path("a.ico"), 48), picture(48, 4));
-
-    // Cut off, or saying that the pixels are elsewhere.
-    const auto load = [&](const Bytes& bytes) {
-        writeFile("a.bmp", bytes);
-        return basMain::LoadPicture(program.platform, system.path("a.bmp"));
-    };
-    for (std::size_t length = 0; length < file.size(); ++length)
-        EXPECT_TRUE(load(file.bytes().substr(0, length)).empty()) << length;
-    EXPECT_TRUE(load(icons::patched(file.bytes(), 10, Bytes(4, 0xFF))).empty());
-    EXPECT_TRUE(load(icons::patched(file.bytes(), 14, {12})).empty()) << "an unsound header";
-    EXPECT_TRUE(load(icons::patched(file.bytes(), 46, {1, 1})).empty()) << "257 colours";
+    writeFile("a.bmp", file.bytes().substr(0, 69));
+    EXPECT_TRUE(basMain::LoadPicture(program.platform, system.path("a.bmp")).empty());
 }
 
 }  // namespace

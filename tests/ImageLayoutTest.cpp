@@ -84,6 +84,20 @@ TEST(ImageLayout, ABitmapMayHaveALongerHeaderAndItsTopRowFirst) {
         EXPECT_TRUE(bitmapFromResource(header(width, height, 24) + Bytes(200'000, 0)).empty()) << width;
 }
 
+TEST(ImageLayout, TheBitmapOfAFileMayHaveItsPixelsFartherOn) {
+    const Bytes start{'B', 'M', 0, 0, 0, 0, 0, 0, 0, 0, 54, 0, 0, 0}, pixels(16, 0x77);
+    const Bytes bitmap = header(2, 2, 24) + pixels, file = start + bitmap;
+    for (const Bytes& whole : {file, icons::patched(start, 10, {64}) + header(2, 2, 24) + Bytes(10, 0) + pixels}) {
+        EXPECT_TRUE(std::ranges::equal(icons::bitmapFromFile(whole).image(), bitmap)) << whole.size();
+        for (std::size_t length = 0; length < whole.size(); ++length)
+            EXPECT_TRUE(icons::bitmapFromFile(ByteSpan(whole).first(length)).empty()) << length;
+    }
+    // Pixels elsewhere, a header that is too short, a colour table in the place of the pixels.
+    for (const Bytes& wrong : {icons::patched(file, 10, Bytes(4, 0xFF)), icons::patched(file, 14, {12}),
+                               icons::patched(file, 46, {255}), icons::patched(file, 0, {'b'})})
+        EXPECT_TRUE(icons::bitmapFromFile(wrong).empty());
+}
+
 TEST(ImageLayout, RunLengthsOfSixteenColoursAreUnpackedAndNothingIsReadOrWrittenBesideThem) {
     const std::pair<Bytes, Bytes> cases[] = {
         {{0, 5, 0x12, 0x34, 0x50, 0, 0, 0, 3, 0x67, 2, 0x89, 0, 1}, {0x12, 0x34, 0x50, 0, 0x67, 0x68, 0x90, 0}},
