@@ -1,7 +1,7 @@
+#include <gtest/gtest.h>
 #include "backup/BackupFile.h"
 #include "backup/ExportFile.h"
 #include "backup/ZoneFile.h"
-#include "support/BackupFixture.h"
 #include "util/Error.h"
 #include "util/clsStrings.h"
 
@@ -14,9 +14,7 @@ TEST(BackupName, IsDateAndTimeWithoutLeadingZerosButForTheHour) {
     EXPECT_EQ(partnerOf("C:\\B\\A.TVF") + partnerOf("ab"), "C:\\B\\A.regreg");
 }
 
-class ExportLine : public BackupFixture {};
-
-TEST_F(ExportLine, CarriesNumbersAndTextAndDoublesBackslashesInTheIconOnly) {
+TEST(ExportLine, CarriesNumbersAndTextAndDoublesBackslashesInTheIconOnly) {
     const std::pair<ListedValue, const char*> cases[] = {
         {{"1200", "00000003 (0,000,000,003)", ValueType::Dword, 3}, R"("1200"=dword:00000003)"},
         {{"Icon", R"(C:\WINDOWS\a.dll#1)", ValueType::String}, R"("Icon"="C:\\WINDOWS\\a.dll#1")"},
@@ -29,8 +27,7 @@ TEST_F(ExportLine, CarriesNumbersAndTextAndDoublesBackslashesInTheIconOnly) {
         {{"{7839DA25-F5FE-11D0-883B-0080C726DCBB}", "1 A0", ValueType::Binary}, "(none)"},
     };
     for (const auto& [value, expected] : cases) {
-        const auto line = exportLine(value);
-        EXPECT_EQ(line.value_or("(none)"), expected) << value.name;
+        EXPECT_EQ(exportLine(value).value_or("(none)"), expected) << value.name;
     }
 }
 

@@ -1,8 +1,6 @@
 // Every action of the user with each call of the system failing in turn, with each kind of code that it can give: the
 // program lives on, loses no handle, writes nothing that it would not have written, tells the user when not all is as
 // it should be, and does the same action right the next time.
-#include <gtest/gtest.h>
-
 #include <cstdio>
 #include <cstring>
 #include <set>
@@ -12,7 +10,7 @@
 #include "backup/frmRestore.h"
 #include "errors/ErrorReporter.h"
 #include "mail/frmOESecurity.h"
-#include "support/EditingFixture.h"
+#include "support/User.h"
 #include "util/trace.h"
 
 namespace {
@@ -20,7 +18,6 @@ namespace {
 using namespace platform;
 using Contents = simulated::Registry::Contents;
 using BackupFiles = std::map<std::string, std::string>;
-using Texts = std::vector<std::string>;
 
 // A machine with the first few zones and, of the browser's data, one setting that stands for all: each further value
 // would cost a few hundred runs and take no new path.
@@ -50,75 +47,76 @@ std::vector<sample::Entry> machine(char zones) {
     return entries;
 }
 
-// The program on a machine, and a user who reads whatever comes up and goes on.
-class World {
+// The program on a machine as it is started, and a user who reads whatever comes up and goes on.
+class World : public User {
 public:
-    TestSystem system;
     basMain::Running running;
     std::function<void()> begin = [] {};  // called by an action where failures may begin
 
     World() {
         system.seedModules();
         system.setBrowserVersion("5.00.2614.3500");
-        system.desktop.patient = true;
+        desktop.patient = true;
     }
-    ~World() { end(); }
+    ~World() override { end(); }
+    void TestBody() override {}
     void start() { basMain::Main(system.platform(), running); }
     void end() {
         if (running.window) running.window->unload();
         running.window.reset();
         running.application.reset();
     }
-    frmMain& window() { return *running.window; }
-    ScriptedDesktop& user() { return system.desktop; }
+    frmMain& window() override { return *running.window; }
+    // What is done with the zone then may fail: also reading what is saved.
+    void select(const std::string& zone) override {
+        User::select(zone);
+        begin();
+    }
 
     Contents contents() { return system.registry.contents(); }
     BackupFiles files() {
         BackupFiles files;
-        for (const std::string& name : system.filesIn(system.path("Backups")))
-            files[name] = system.readFile("Backups\\" + name).value_or("");
+        for (const std::string& name : system.filesIn(system.path("Backups"))) files[name] = file(name);
         return files;
     }
     void restore(const Contents& contents, const BackupFiles& files) {
         simulated::Files& disk = system.files;
         const simulated::Watch::Pause pause(system.watch);
         system.registry.setContents(contents);
-        for (const auto& [name, bytes] : this->files()) disk.remove(system.path("Backups\\" + name));
-        for (const auto& [name, bytes] : files) disk.addFile(system.path("Backups\\" + name), bytes);
+        for (const auto& [name, bytes] : this->files()) removeFile(name);
+        for (const auto& [name, bytes] : files) disk.addFile(inBackups(name), bytes);
         disk.remove(system.path("Logs\\ErrorLog-3-9-2000.log"));
         basErrors::ProcStack.clear();  // trapped errors leave names
-        user().settle();
-        user().told.clear();
+        desktop.settle();
+        desktop.told.clear();
     }
     // The user sees that there is nothing to click.
     bool has(bool something) {
-        if (!something) user().told.push_back("nothing there");
+        if (!something) desktop.told.push_back("nothing there");
         return something;
     }
-    void select(const std::string& zone) {
-        for (int i = 1; i <= window().lvwZones.count(); ++i)
-            if (window().lvwZones.item(i).tag == zone) return window().lvwZones.click(i);
-    }
-    // Opens the dialog of zone 1 at a page. Failures begin before, so that what could not be read is applied, too.
-    void edit(int page, const std::function<void(frmEdit&)>& script) {
-        select("1");
-        begin();
-        user().use<frmEdit>(
-            [&](frmEdit& form) {
-                form.TabStrip1.choose(page);
-                script(form);
-            },
-            [&] { window().cmdZoneOption(0).click(); });
-    }
-    void restoreOld(const std::function<void(frmRestore&)>& script) {
-        user().use<frmRestore>(
-            [&](frmRestore& form) {
-                if (has(form.ListView1.count() > 0)) form.ListView1.click(1);
-                script(form);
-            },
-            [&] { window().mnuFileRestore.click(); });
+    void restoreOld(const Script<frmRestore>& script) {
+        const auto choose = [&](frmRestore& form) {
+            if (has(form.ListView1.count() > 0)) form.ListView1.click(1);
+            script(form);
+        };
+        desktop.use<frmRestore>(choose, [&] { window().mnuFileRestore.click(); });
         system.endPrograms();
         window().tmrImport.tick();
+    }
+    void openSettingsOf1(const Script<frmSecurity>& script) {
+        editPage("1", SecurityPage, [&](frmEdit& form) {
+            openSettings(form, script);
+            EXPECT_EQ(form.pointer(), ui::Pointer::Default);
+        });
+    }
+    void backUp() {
+        begin();
+        const auto fill = [](frmBackup& form) {
+            form.txtDescription.type("Today");
+            form.pressEnter();
+        };
+        desktop.use<frmBackup>(fill, [&] { window().mnuFileBackup.click(); });
     }
 };
 
@@ -129,136 +127,92 @@ struct Action {
     char zones = 2;
 };
 
-void typeOver(ui::TextBox& box, const char* text) {
-    box.selectAll();
-    box.type(text);
-}
-
-void saveDefaults(World& world) {
-    world.edit(1, [&](frmEdit& form) {
-        typeOver(form.general.details.txtZoneName, "Another");
-        form.general.cmdGeneral(0).click();
-    });
-}
-
-void saveLevels(World& world) {
-    world.edit(3, [&](frmEdit& form) {
-        for (const int index : {RecommendedLevel, CurrentLevel}) {
-            form.levels.cboSetting(index).choose(0);
-            form.levels.cmdApply(index).click();
-        }
-    });
-}
-
-// Reads fail here as well, and the user applies every page all the same.
-void editEveryPage(World& world) {
-    world.select("1");
-    world.begin();
-    world.user().use<frmEdit>(
-        [](frmEdit& form) {
-            typeOver(form.general.details.txtZoneName, "Another");
-            typeOver(form.general.details.txtZoneDescription, "New");
-            form.general.cmdGeneral(1).click();
-            form.TabStrip1.choose(2);
-            form.flags.chkProperties(7).click();
-            form.flags.cmdFlags(1).click();
-            form.TabStrip1.choose(3);
-            form.levels.cboSetting(MinimumLevel).choose(0);
-            form.levels.cmdApply(MinimumLevel).click();
-        },
-        [&] { world.window().cmdZoneOption(0).click(); });
-}
-
-void chooseIcon(World& world) {
-    world.edit(1, [&](frmEdit& form) {
-        world.user().expectFile(world.system.path("shell32.dll"));
-        world.user().use<frmIconSelector>(
-            [&](frmIconSelector& selector) {
-                selector.tmrLoad.tick();
-                if (world.has(selector.lvwIcons.count() == 2)) selector.lvwIcons.click(2);
-                selector.tmrUnload.tick();
-            },
-            [&] { form.general.details.picIcon.click(); });
-        if (world.has(form.general.details.icon().file == world.system.path("shell32.dll")))
-            form.general.cmdGeneral(1).click();
-    });
-}
-
-void openSettings(World& world, const std::function<void(frmSecurity&)>& script) {
-    world.edit(3, [&](frmEdit& form) {
-        world.user().use<frmSecurity>(script, [&] { form.levels.cmdSecurity.click(); });
-        EXPECT_EQ(form.pointer(), ui::Pointer::Default);
-    });
-}
-
-void addZone(World& world) {
-    world.begin();
-    world.user().use<frmAdd>(
-        [](frmAdd& form) {
-            typeOver(form.details.txtZoneName, "New");
-            typeOver(form.details.txtZoneDescription, "A new zone");
-            form.pressEnter();
-        },
-        [&] { world.window().mnuEditAdd.click(); });
-}
-
-void deleteZone(World& world) {
-    world.select("5");
-    world.begin();
-    world.user().expectMessage("sites|Suppliers", ui::Answer::Yes);
-    world.window().cmdZoneOption(2).click();
-}
-
-void backUp(World& world) {
-    world.begin();
-    world.user().use<frmBackup>(
-        [](frmBackup& form) {
-            form.txtDescription.type("Today");
-            form.pressEnter();
-        },
-        [&] { world.window().mnuFileBackup.click(); });
-}
-
-void chooseMailZone(World& world) {
-    world.begin();
-    world.user().use<frmOESecurity>(
-        [&](frmOESecurity& form) {
-            if (world.has(form.lsvOEZones.count() == 2)) form.lsvOEZones.click(2);
-        },
-        [&] { world.window().mnuEditOESecurity.items()[0].click(); });
-}
-
 const Action Actions[] = {
     {"start", [](World& world) { world.begin(), world.start(); }, true},
-    {"click on a zone", [](World& world) { world.begin(), world.select("0"); }},
-    {"every page", editEveryPage},
-    {"icon", chooseIcon},
-    {"defaults", saveDefaults},
-    {"levels", saveLevels},
-    {"open the settings", [](World& world) { openSettings(world, [](frmSecurity&) {}); }},
+    {"click on a zone", [](World& world) { world.begin(), world.User::select("0"); }},
+    {"every page",
+     [](World& world) {
+         world.edit("1", [](frmEdit& form) {
+             User::typeOver(form.general.details.txtZoneName, "Another");
+             User::typeOver(form.general.details.txtZoneDescription, "New");
+             form.general.cmdGeneral(1).click();
+             form.TabStrip1.choose(User::FlagsPage);
+             form.flags.chkProperties(7).click();
+             form.flags.cmdFlags(1).click();
+             form.TabStrip1.choose(User::SecurityPage);
+             form.levels.cboSetting(MinimumLevel).choose(0);
+             form.levels.cmdApply(MinimumLevel).click();
+         });
+     }},
+    {"icon",
+     [](World& world) {
+         const std::string file = world.system.path("shell32.dll");
+         world.edit("1", [&](frmEdit& form) {
+             world.chooseIcon(form, file, 2);
+             if (world.has(form.general.details.icon().file == file)) form.general.cmdGeneral(1).click();
+         });
+     }},
+    {"defaults",
+     [](World& world) {
+         world.edit("1", [](frmEdit& form) {
+             User::typeOver(form.general.details.txtZoneName, "Another");
+             form.general.cmdGeneral(0).click();
+         });
+     }},
+    {"levels",
+     [](World& world) {
+         world.editPage("1", User::SecurityPage, [](frmEdit& form) {
+             for (const int index : {RecommendedLevel, CurrentLevel}) {
+                 form.levels.cboSetting(index).choose(0);
+                 form.levels.cmdApply(index).click();
+             }
+         });
+     }},
+    {"open the settings", [](World& world) { world.openSettingsOf1([](frmSecurity&) {}); }},
     {"setting",
      [](World& world) {
-         openSettings(world, [&](frmSecurity& form) {
+         world.openSettingsOf1([&](frmSecurity& form) {
              if (world.has(form.TVMRTreeView1.count() >= 4)) form.TVMRTreeView1.click(4);
          });
      }},
-    {"add a zone", addZone},
-    {"delete a zone", deleteZone, false, 7},
-    {"back up", backUp},
+    {"add a zone",
+     [](World& world) {
+         world.begin();
+         world.add([](frmAdd& form) {
+             User::typeOver(form.details.txtZoneName, "New");
+             User::typeOver(form.details.txtZoneDescription, "A new zone");
+             form.pressEnter();
+         });
+     }},
+    {"delete a zone",
+     [](World& world) {
+         world.select("5");
+         world.desktop.expectMessage("sites|Suppliers", ui::Answer::Yes);
+         world.window().cmdZoneOption(2).click();
+     },
+     false, 7},
+    {"back up", [](World& world) { world.backUp(); }},
     {"restore",
      [](World& world) { world.begin(), world.restoreOld([](frmRestore& form) { form.cmdRestore.click(); }); }},
     {"restore without an export",
      [](World& world) {
          world.restoreOld([&](frmRestore& form) {
-             world.system.files.remove(world.system.path("Backups\\old.reg"));
+             world.removeFile("old.reg");
              world.begin();
-             world.user().expectMessage("restored in part|0|2", ui::Answer::No);
+             world.desktop.expectMessage("restored in part|0|2", ui::Answer::No);
              form.cmdRestore.click();
          });
      }},
     {"delete a backup",
      [](World& world) { world.restoreOld([&](frmRestore& form) { world.begin(), form.cmdDelete.click(); }); }},
-    {"mail zone", chooseMailZone},
+    {"mail zone",
+     [](World& world) {
+         world.begin();
+         const auto choose = [&](frmOESecurity& form) {
+             if (world.has(form.lsvOEZones.count() == 2)) form.lsvOEZones.click(2);
+         };
+         world.desktop.use<frmOESecurity>(choose, [&] { world.window().mnuEditOESecurity.items()[0].click(); });
+     }},
 };
 
 // One code for each way that a function's callers can take: the system has more, which nobody tells apart. None for
@@ -331,7 +285,7 @@ public:
     explicit Trial(const Action& action) : action_(action) {
         world_.system.import(machine(action.zones));
         world_.start();
-        backUp(world_);
+        world_.backUp();
         before_ = world_.contents();
         for (const auto& [name, bytes] : world_.files()) files_["old" + name.substr(name.size() - 4)] = bytes;
 
@@ -366,7 +320,7 @@ private:
         if (action_.starts) world_.end();
         world_.restore(before_, files_);
         if (world_.running.window) world_.window().RebuildList();
-        EXPECT_EQ(world_.user().told, Texts());
+        EXPECT_EQ(world_.desktop.told, World::Texts());
         action_.run(world_);
     }
 
@@ -385,14 +339,14 @@ private:
         run();
         EXPECT_EQ(difference(world_.contents(), course_.after), "") << "the next time";
         EXPECT_EQ(difference(world_.files(), course_.files), "") << "the next time";
-        EXPECT_EQ(world_.user().told, Texts()) << "the next time";
+        EXPECT_EQ(world_.desktop.told, World::Texts()) << "the next time";
     }
 
     void check(bool silent, bool misled) {
         expectReleased(1);  // the session's current key
         EXPECT_FALSE(errors::errorPending());
-        EXPECT_LE(world_.system.desktop.forms().size(), 1u);
-        EXPECT_LE(world_.user().told.size(), 3u);
+        EXPECT_LE(world_.desktop.forms().size(), 1u);
+        EXPECT_LE(world_.desktop.told.size(), 3u);
         EXPECT_TRUE(!world_.running.window || world_.window().pointer() == ui::Pointer::Default);
 
         const Contents now = world_.contents();
@@ -400,7 +354,7 @@ private:
             EXPECT_TRUE(misled || (course_.held.contains(name) && course_.held[name].contains(data)))
                 << name << " is " << data;
         for (const auto& [name, held] : course_.held) EXPECT_TRUE(now.contains(name) || held.contains("-")) << name;
-        if (silent || !world_.user().told.empty()) return;
+        if (silent || !world_.desktop.told.empty()) return;
         EXPECT_EQ(difference(now, course_.after), "") << "nobody was told";
         EXPECT_EQ(difference(world_.files(), course_.files), "") << "nobody was told";
     }

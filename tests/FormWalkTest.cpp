@@ -7,7 +7,7 @@
 #include "backup/frmRestore.h"
 #include "errors/frmError.h"
 #include "mail/frmOESecurity.h"
-#include "support/EditingFixture.h"
+#include "support/User.h"
 #include "support/texts.h"
 #include "ui/CheckBox.h"
 #include "ui/ComboBox.h"
@@ -53,17 +53,11 @@ const std::pair<const char*, std::function<FormPointer(forms::Context&)>> Forms[
      }},
 };
 
-class EveryForm : public testing::TestWithParam<int> {
-protected:
-    void SetUp() override {
-        system_.seedZones();
-        basErrors::ProcStack.clear();  // what the tests before have left there, the error dialog would show
-        basErrors::Err.clear();
-    }
+struct EveryForm : User, testing::WithParamInterface<int> {
+    EveryForm() { system.seedZones(); }
 
     // Runs `check` on the form as it is first seen, and on each page of its tab strip.
-    template <class Check>
-    void onEachPage(Check check) {
+    void onEachPage(const std::function<void()>& check) {
         ui::TabStrip* tabs = nullptr;
         for (ui::Control* control : form_->controls())
             if (auto* strip = dynamic_cast<ui::TabStrip*>(control)) tabs = strip;
@@ -74,9 +68,7 @@ protected:
             check();
         }
     }
-
     void expectWhole();
-
     std::vector<ui::Control*> showing() const {
         std::vector<ui::Control*> all;
         for (ui::Control* control : form_->controls())
@@ -84,10 +76,13 @@ protected:
         return all;
     }
 
-    TestSystem system_;
-    app::Application program_{system_.platform()};
-    FormPointer form_ = Forms[GetParam()].second(program_);
+    FormPointer form_ = Forms[GetParam()].second(program);
 };
+
+template <class... Kinds>
+bool isOneOf(const ui::Control& control) {
+    return (dynamic_cast<const Kinds*>(&control) || ...);
+}
 
 char accessKey(const std::string& caption) {
     for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
@@ -114,18 +109,11 @@ std::vector<std::string> captionsOf(const Items& items) {
 
 // What a user operates, and so must be able to reach with Tab.
 bool operable(const ui::Control& control) {
-    if (dynamic_cast<const ui::PictureButton*>(&control)) return true;
-    return !dynamic_cast<const ui::Label*>(&control) && !dynamic_cast<const ui::Image*>(&control) &&
-           !dynamic_cast<const ui::Frame*>(&control) && !dynamic_cast<const ui::ProgressBar*>(&control);
+    return isOneOf<ui::PictureButton>(control) || !isOneOf<ui::Label, ui::Image, ui::Frame, ui::ProgressBar>(control);
 }
 
 bool overlap(const ui::Bounds& a, const ui::Bounds& b) {
     return a.left < b.right() && b.left < a.right() && a.top < b.bottom() && b.top < a.bottom();
-}
-
-// What shows nothing that tells what it is for: programs that read windows aloud take the label made before it.
-bool needsLabel(const ui::Control& control) {
-    return dynamic_cast<const ui::TextBox*>(&control) || dynamic_cast<const ui::ComboBox*>(&control);
 }
 
 template <class Named>
@@ -152,14 +140,14 @@ void EveryForm::expectWhole() {
             const bool givesWay = a->name() == "zzzpicLogo" && form_->client().height < 5000;
             const ui::Control* page = a->container();
             const ui::Size within = page ? ui::Size{page->width(), page->height()} : form_->client();
-            const ui::Twips line = dynamic_cast<const ui::Frame*>(page) ? 60 : 0;  // painted over what stands there
+            const ui::Twips line = page && isOneOf<ui::Frame>(*page) ? 60 : 0;  // painted over what stands there
             const bool whole = a->left() >= line && a->top() >= 0 && a->bounds().right() <= within.width - line &&
                                a->bounds().bottom() <= within.height;
             EXPECT_TRUE(whole || givesWay) << called(*a) << " is cut off";
             for (const ui::Control* b : controls) {
                 if (a >= b || page != b->container()) continue;
                 // The pages of a tab strip lie on it.
-                if (dynamic_cast<const ui::TabStrip*>(a) || dynamic_cast<const ui::TabStrip*>(b)) continue;
+                if (isOneOf<ui::TabStrip>(*a) || isOneOf<ui::TabStrip>(*b)) continue;
                 EXPECT_FALSE(overlap(a->bounds(), b->bounds())) << called(*a) << " and " << called(*b);
             }
         }
@@ -220,7 +208,9 @@ TEST_P(EveryForm, IsReachedWholeWithTabAndNamedByLabels) {
         for (const ui::Control* control : showing()) {
             EXPECT_EQ(control->tabStop(), operable(*control)) << called(*control);
             stops += control->tabStop();
-            EXPECT_TRUE(!needsLabel(*control) || dynamic_cast<const ui::Label*>(before)) << called(*control);
+            // What shows nothing that tells what it is for: programs that read windows aloud take the label before it.
+            const bool needsLabel = isOneOf<ui::TextBox, ui::ComboBox>(*control);
+            EXPECT_TRUE(!needsLabel || (before && isOneOf<ui::Label>(*before))) << called(*control);
             before = control;
         }
         EXPECT_GT(stops, 0);
@@ -229,12 +219,10 @@ TEST_P(EveryForm, IsReachedWholeWithTabAndNamedByLabels) {
 
 TEST_P(EveryForm, OverlapsNothingAndCutsNothingOff) {
     expectWhole();
-}
-
-// 640 by 480 pixels with 120 to the inch.
-IN_MEMORY_TEST_P(EveryForm, FitsOnASmallScreenWithLargeFonts) {
-    system_.screen.screen = {7680, 5760};
-    form_ = Forms[GetParam()].second(program_);
+    if (!system.inMemory()) return;
+    // 640 by 480 pixels with 120 to the inch.
+    system.screen.screen = {7680, 5760};
+    form_ = Forms[GetParam()].second(program);
     form_->load();
     EXPECT_LE(form_->width(), 7680);
     EXPECT_LE(form_->height(), 5340) << "which the task bar leaves";
@@ -247,13 +235,13 @@ TEST_P(EveryForm, ShowsItsCaptionsWhole) {
         for (ui::Control* control : showing()) {
             const auto* label = dynamic_cast<ui::Label*>(control);
             ui::Twips room = control->width();
-            if (dynamic_cast<ui::CommandButton*>(control)) room -= ButtonBorder;
-            if (dynamic_cast<ui::CheckBox*>(control)) room -= BoxMark;
-            if (dynamic_cast<ui::Frame*>(control)) room -= FrameEdge;
+            if (isOneOf<ui::CommandButton>(*control)) room -= ButtonBorder;
+            if (isOneOf<ui::CheckBox>(*control)) room -= BoxMark;
+            if (isOneOf<ui::Frame>(*control)) room -= FrameEdge;
             const std::string text = captionOf(*control);
             if (text.empty()) continue;
             // A system without the program's font has a wider one.
-            const ui::Size needed = program_.platform.desktop.textSize(text, room * 4 / 5, label && label->bold());
+            const ui::Size needed = desktop.textSize(text, room * 4 / 5, label && label->bold());
             EXPECT_LE(needed.width, room * 4 / 5) << called(*control) << " \"" << text << "\"";
             EXPECT_LE(needed.height, control->height()) << called(*control) << " \"" << text << "\"";
         }
@@ -263,7 +251,7 @@ TEST_P(EveryForm, ShowsItsCaptionsWhole) {
 TEST_P(EveryForm, BindsEscapeAndEnter) {
     const bool dialog = form_->kind() == ui::Form::Kind::Dialog;
     for (ui::Control* control : form_->controls())
-        EXPECT_TRUE(!dialog || !dynamic_cast<ui::CommandButton*>(control) || form_->defaultButton());
+        EXPECT_TRUE(!dialog || !isOneOf<ui::CommandButton>(*control) || form_->defaultButton());
     form_->load();
     form_->pressEscape();
     EXPECT_EQ(form_->loaded(), !dialog);  // the main window is closed by its menu and its box

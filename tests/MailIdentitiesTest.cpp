@@ -1,7 +1,6 @@
-#include "app/frmMain.h"
 #include "mail/frmOESecurity.h"
 #include "mail/identities.h"
-#include "support/BackupFixture.h"
+#include "support/User.h"
 
 namespace {
 
@@ -11,33 +10,32 @@ const std::string Settings = First + "\\Software\\Microsoft\\Outlook Express\\5.
 
 }  // namespace
 
-class MailIdentities : public BackupFixture {
-protected:
-    frmMain window{program};
+struct MailIdentities : User {
+    MailIdentities() { system.seedZones(); }
 
-    void SetUp() override { system.seedZones(); }
-    void TearDown() override { window.unload(); }
-    ui::MenuItem& item(int index) { return window.mnuEditOESecurity.items()[static_cast<std::size_t>(index)]; }
+    const std::deque<ui::MenuItem>& menu() { return window().mnuEditOESecurity.items(); }
     // Chooses the first identity in the menu.
-    void open(const std::function<void(frmOESecurity&)>& script) {
-        desktop.expectForm<frmOESecurity>(script);
-        item(0).click();
+    void open(const Script<frmOESecurity>& script) {
+        desktop.use<frmOESecurity>(script, [&] { window().mnuEditOESecurity.items()[0].click(); });
+    }
+    // The zone it is in, and whether it is locked there.
+    std::string settings() {
+        return system.shown(Settings, "Security Zone").value_or("none") +
+               (system.dword(Settings, "Security Zone Locked") == 1 ? " locked" : "");
     }
 };
 
 TEST_F(MailIdentities, AreMenuItemsInTheRegistrysOrderAndWithoutAnyTheDesignedOneStaysDisabled) {
-    window.load();
-    EXPECT_EQ(item(0).caption(), "(no identities)");
-    EXPECT_FALSE(item(0).enabled());
-    window.unload();
+    EXPECT_EQ(menu()[0].caption(), "(no identities)");
+    EXPECT_FALSE(menu()[0].enabled());
+    closeWindow();
     const std::pair<const char*, const char*> cases[] = {
         {"Tom & \"Jerry\"", "Tom && \"Jerry\""}, {"", "Missing Name"}, {"-", "&-"}};
     for (const auto& c : cases)
         system.setText(Identities + "\\{" + std::to_string(&c - cases) + "}", "Username", c.first);
-    window.load();
-    ASSERT_EQ(window.mnuEditOESecurity.items().size(), std::size(cases));
+    ASSERT_EQ(menu().size(), std::size(cases));
     for (std::size_t i = 0; i < std::size(cases); ++i) {
-        const ui::MenuItem& identity = item(static_cast<int>(i));
+        const ui::MenuItem& identity = menu()[i];
         EXPECT_EQ(identity.tag(), "{" + std::to_string(i) + "}");
         EXPECT_EQ(identity.caption(), cases[i].second);
         EXPECT_TRUE(identity.enabled());
@@ -46,86 +44,66 @@ TEST_F(MailIdentities, AreMenuItemsInTheRegistrysOrderAndWithoutAnyTheDesignedOn
 }
 
 TEST_F(MailIdentities, ShowTheZoneTheyAreIn) {
-    system.makeKey(Settings);
     system.setText(First, "Username", "Tom & Jerry");
-    window.load();
-    for (const auto& [zone, name] : {std::pair{-1, "Missing Name"}, {33, "Missing Name"}, {3, "Internet"}}) {
-        if (zone >= 0) system.setDword(Settings, "Security Zone", static_cast<std::uint32_t>(zone));
-        open([&, zone = zone, name = name](frmOESecurity& form) {
+    expectError("frmMain.mnuOEUser_Click", "no mail settings");
+    window().mnuEditOESecurity.items()[0].click();
+    system.makeKey(Settings);
+    for (const auto& [zone, name] : {std::pair{"none", "Missing Name"}, {"#33", "Missing Name"}, {"#3", "Internet"}}) {
+        if (*zone == '#') system.setDword(Settings, "Security Zone", static_cast<std::uint32_t>(std::atoi(zone + 1)));
+        open([&, name = name](frmOESecurity& form) {
             EXPECT_EQ(form.lblIdentity.caption(), "Tom & Jerry");
-            EXPECT_EQ(form.lblZone.caption(), std::string(name) + " zone") << zone;
+            EXPECT_EQ(form.lblZone.caption(), std::string(name) + " zone");
             EXPECT_EQ(form.lsvOEZones.selected(), 0);
             EXPECT_EQ(form.lsvOEZones.item(5).text, "Restricted sites");
-            form.pressEscape();
         });
-        EXPECT_EQ(system.dword(Settings, "Security Zone").value_or(99), zone < 0 ? 99u : unsigned(zone));
+        EXPECT_EQ(settings(), zone);
     }
-}
-
-TEST_F(MailIdentities, WithoutMailSettingsAreAnError) {
-    system.makeKey(First);
-    window.load();
-    expectError("frmMain.mnuOEUser_Click", "no mail settings");
-    item(0).click();
 }
 
 TEST_F(MailIdentities, AreMovedAndLockedByAClickOrByEnterButNotByLookingAround) {
     system.setDword(Settings, "Security Zone", 3);
     for (const char* odd : {"007", "abc"}) system.makeKey(zoneKey(odd));
-    window.load();
-    const auto moved = [&](unsigned zone) {
-        EXPECT_EQ(system.dword(Settings, "Security Zone"), zone);
-        EXPECT_EQ(system.dword(Settings, "Security Zone Locked").value_or(99), zone == 3 ? 99u : 1u);
-    };
     open([&](frmOESecurity& form) {
         form.lsvOEZones.choose(2);
-        moved(3);
+        EXPECT_EQ(settings(), "#3");
+        int restricted = 0;
         for (int item = 1; item <= form.lsvOEZones.count(); ++item) {
             const std::string key = form.lsvOEZones.item(item).tag;
+            if (key == "4") restricted = item;
             if (key.size() == 1) continue;
             desktop.expectMessage("mail, no number|" + key);
             form.lsvOEZones.click(item);
             EXPECT_TRUE(form.loaded());
-            moved(3);
+            EXPECT_EQ(settings(), "#3");
         }
-        for (int item = 1; item <= form.lsvOEZones.count(); ++item)
-            if (form.lsvOEZones.item(item).tag == "4") form.lsvOEZones.choose(item);
+        form.lsvOEZones.choose(restricted);
         form.lsvOEZones.activate();
         EXPECT_FALSE(form.loaded());
     });
-    moved(4);
+    EXPECT_EQ(settings(), "#4 locked");
     system.deleteTree(zoneKey("007"));
-    open([](frmOESecurity& form) { form.lsvOEZones.click(2); });
-    moved(1);
+    open([&](frmOESecurity& form) {
+        system.setText(zoneKey("1"), "DisplayName", "Other");
+        desktop.expectMessage("mail, changed");
+        form.lsvOEZones.click(2);
+        EXPECT_EQ(settings(), "#4 locked") << "the chosen zone has become another";
+        EXPECT_EQ(form.lsvOEZones.item(2).text, "Other");
+        form.lsvOEZones.click(2);
+    });
+    EXPECT_EQ(settings(), "#1 locked");
 }
 
 IN_MEMORY_TEST_F(MailIdentities, ThatCannotBeReadArePassedOver) {
     for (const char* name : {"a", "b", "c"}) system.setText(Identities + "\\" + name, "Username", name);
     std::set<std::string> seen;
+    desktop.patient = true;
     for (int refused = 1; refused < 40; ++refused) {
-        desktop.patient = true;
+        closeWindow();
         system.registry.watch.failOn("RegOpenKeyExA", refused, platform::FileNotFound);
-        frmMain other(program);
-        other.load();
-        system.registry.watch.reset();
         std::string all;
-        for (const ui::MenuItem& identity : other.mnuEditOESecurity.items()) all += identity.caption();
+        for (const ui::MenuItem& identity : menu()) all += identity.caption();
         seen.insert(all);
-        other.unload();
+        system.registry.watch.reset();
     }
     EXPECT_EQ(seen, (std::set<std::string>{"(no identities)", "abc", "bc", "ac", "ab"}));
-}
-
-TEST_F(MailIdentities, StayWhereTheyAreWhenTheChosenZoneHasBecomeAnother) {
-    system.setDword(Settings, "Security Zone", 3);
-    window.load();
-    open([&](frmOESecurity& form) {
-        system.setText(zoneKey("4"), "DisplayName", "Other");
-        desktop.expectMessage("mail, changed");
-        form.lsvOEZones.click(5);
-        EXPECT_EQ(system.dword(Settings, "Security Zone"), 3u);
-        EXPECT_EQ(form.lsvOEZones.item(5).text, "Other");
-        form.lsvOEZones.click(5);
-    });
-    EXPECT_EQ(system.dword(Settings, "Security Zone"), 4u);
 }

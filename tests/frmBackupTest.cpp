@@ -1,7 +1,7 @@
 #include "backup/frmBackup.h"
 
 #include "backup/BackupFile.h"
-#include "support/BackupFixture.h"
+#include "support/User.h"
 
 namespace {
 
@@ -11,21 +11,20 @@ const std::string Head =
 
 }  // namespace
 
-struct BackupDialog : BackupFixture {
+struct BackupDialog : User {
     // The test system's clock: 9 March 2000, 14:05:07.
     const std::string name = "3-9-2000 1457";
 
-    // `failing`: a procedure whose failure the user is told of.
-    void backUp(const std::string& description, const std::string& failing = {}) {
+    // `failing`: a procedure whose failure the user is told of, and how.
+    void backUp(const std::string& description, const std::string& failing = {},
+                const std::string& message = "is incomplete") {
         use<frmBackup>([&](frmBackup& form) {
-            if (!failing.empty()) expectError(failing, "is incomplete");
+            if (!failing.empty()) expectError(failing, message);
             form.txtDescription.type(description);
             form.pressEnter();
-            if (failing.empty()) return;
-            EXPECT_TRUE(form.loaded());
+            EXPECT_EQ(form.loaded(), !failing.empty());
             EXPECT_TRUE(form.cmdBackup.enabled());
             EXPECT_EQ(form.txtDescription.text(), description);
-            form.pressEscape();
         });
     }
     std::string exported() { return file(name + ".reg"); }
@@ -57,10 +56,7 @@ TEST_F(BackupDialog, WritesNothingWhenItIsCancelled) {
           +[](frmBackup& form) { form.closeBox(); }})
         use<frmBackup>([&](frmBackup& form) {
             const int line = form.cmdBackup.top() - form.cmdBackup.height() / 2;
-            EXPECT_EQ(form.lines(),
-                      (std::vector<ui::Line>{
-                          {0, line, form.client().width, line, ui::SystemColour::Shadow3D},
-                          {0, line + 20, form.client().width - 5, line + 20, ui::SystemColour::Highlight3D}}));
+            EXPECT_EQ(form.lines()[0], (ui::Line{0, line, form.client().width, line, ui::SystemColour::Shadow3D}));
             form.txtDescription.type("x");
             leave(form);
             EXPECT_FALSE(form.loaded());
@@ -73,10 +69,9 @@ TEST_F(BackupDialog, KeepsOfTheZonesKeyItselfOnlyAnEmptyDefaultValue) {
         system.setText(Zones, "", text);
         system.setDword(Zones, "SelfHealCount", 1);
         backUp(text.empty() ? "" : "   ");
-        EXPECT_TRUE(exported().ends_with(Head + (text.empty() ? "@=\"\"\r\n\r\n" : "\r\n"))) << exported();
-        EXPECT_TRUE(zoneFile().ends_with("Desc=" + name + "\r\n")) << "named by its time";
-        system.platform().files.remove(system.path("Backups\\" + name + ".reg"));
-        system.platform().files.remove(system.path("Backups\\" + name + ".tvf"));
+        EXPECT_EQ(exported(), Head + (text.empty() ? "@=\"\"\r\n\r\n" : "\r\n"));
+        EXPECT_EQ(zoneFile(), "Desc=" + name + "\r\n") << "named by its time";
+        for (const char* end : {".reg", ".tvf"}) removeFile(name + end);
     }
 }
 
@@ -96,25 +91,13 @@ TEST_F(BackupDialog, TakesTheNameOfTheFirstSecondFromNowOnThatIsFree) {
     EXPECT_EQ(file("12-31-1999 235958.TVF") + file("12-31-1999 235959.reg"), "");
 }
 
-TEST_F(BackupDialog, TellsOnceWhatIsInTheWayOfItsFolder) {
+TEST_F(BackupDialog, TellsOnceWhatIsInTheWay) {
     system.writeFile("Backups", "");
-    use<frmBackup>([&](frmBackup& form) {
-        expectError("frmBackup.SaveRegFile", "a file of that name is in the way");
-        form.txtDescription.type("kept");
-        form.pressEnter();
-        EXPECT_EQ(form.txtDescription.text(), "kept");
-        form.pressEscape();
-    });
-}
-
-TEST_F(BackupDialog, FailsWhenAZoneGoesWhileItIsWritten) {
-    for (const char* zone : {"0", "1"}) system.setText(zoneKey(zone), "DisplayName", zone);
+    backUp("kept", "frmBackup.SaveRegFile", "a file of that name is in the way");
+    system.platform().files.remove(system.path("Backups"));
+    for (const char* zone : {"0", "1"}) addZone(zone);
     desktop.onDoEvents = [&] { system.deleteTree(zoneKey("1")); };
-    use<frmBackup>([&](frmBackup& form) {
-        expectError("frmBackup.SaveRegFile", "The zone \"1\" is gone");
-        form.pressEnter();
-        form.pressEscape();
-    });
+    backUp("kept", "frmBackup.SaveRegFile", "The zone \"1\" is gone");
     EXPECT_EQ(zoneFile(), "(no file)");
 }
 
@@ -151,30 +134,28 @@ TEST_F(BackupDialog, LetsTheWindowsLiveWhileItWritesButLooksForEventsNoMoreOften
 
 TEST_F(BackupDialog, TakesNoInputWhileItWritesAndKeepsEveryWindowOpen) {
     system.seedZones();
-    frmBackup form(program);
     int looks = 0;
-    desktop.onDoEvents = [&] {
-        ++looks;
-        EXPECT_EQ(form.pointer(), ui::Pointer::Hourglass);
-        EXPECT_TRUE(desktop.busy());
+    use<frmBackup>([&](frmBackup& form) {
+        desktop.onDoEvents = [&] {
+            ++looks;
+            EXPECT_EQ(form.pointer(), ui::Pointer::Hourglass);
+            EXPECT_TRUE(desktop.busy());
+            form.cmdBackup.click();
+            form.cmdCancel.click();
+            form.pressEnter();
+            form.pressEscape();
+            form.closeBox();
+            EXPECT_TRUE(form.loaded());
+            program.registry.cD("\\HKEY_LOCAL_MACHINE");  // and something else uses the session
+        };
+        form.txtDescription.type("whole");
         form.cmdBackup.click();
-        form.cmdCancel.click();
-        form.pressEnter();
-        form.pressEscape();
-        form.closeBox();
-        EXPECT_TRUE(form.loaded());
-        program.registry.cD("\\HKEY_LOCAL_MACHINE");  // and something else uses the session
-    };
-    desktop.expectForm<frmBackup>([](frmBackup& shown) {
-        shown.txtDescription.type("whole");
-        shown.cmdBackup.click();
-        EXPECT_FALSE(shown.loaded());
+        EXPECT_FALSE(form.loaded());
+        EXPECT_EQ(form.pointer(), ui::Pointer::Default);
     });
-    form.showModal();
     EXPECT_GT(looks, 0);
     EXPECT_TRUE(exported().ends_with("\r\n\r\n"));
     EXPECT_TRUE(zoneFile().ends_with(";3\r\n")) << exported() << zoneFile();
-    EXPECT_EQ(form.pointer(), ui::Pointer::Default);
     EXPECT_FALSE(desktop.busy());
 }
 

@@ -1,25 +1,15 @@
 #include "editing/frmEdit.h"
 
-#include "support/EditingFixture.h"
+#include "support/User.h"
 #include "ui/ComboBox.h"
 #include "ui/Picture.h"
-#include "ui/TextBox.h"
 #include "zones/Templates.h"
 
 namespace {
 
-struct frmEditTest : EditingFixture {
-    static void typeOver(ui::TextBox& box, const std::string& text) {
-        box.selectAll();
-        box.type(text);
-    }
-    std::string saved(const std::string& zone, const char* name) {
-        return system.text(key(zone), name).value_or("none");
-    }
-    std::uint32_t number(const std::string& zone, const char* name) {
-        return system.dword(key(zone), name).value_or(None);
-    }
-    static constexpr std::uint32_t None = 0xFFFFFFFF;
+struct frmEditTest : User {
+    frmEditTest() { system.seedAll(); }
+
     // The boxes' sum.
     static unsigned shown(frmEdit& form) {
         unsigned sum = 0;
@@ -29,6 +19,9 @@ struct frmEditTest : EditingFixture {
     static std::string level(frmEdit& form, int index) {
         return form.levels.stored[static_cast<std::size_t>(index)].caption() + "|" +
                form.levels.cboSetting(index).text() + (form.levels.cmdApply(index).enabled() ? "|apply" : "");
+    }
+    void setLevels(const std::string& zone, std::uint32_t level) {
+        for (const LevelRow& row : LevelRows) system.setDword(zoneKey(zone), row.value, level);
     }
 };
 
@@ -48,13 +41,15 @@ TEST_F(frmEditTest, OffersDefaultsToBuiltInZonesAndHidingToAllButTheInternet) {
 }
 
 IN_MEMORY_TEST_F(frmEditTest, RepairsAMinimumLevelOfZeroInZone0WhicheverZoneIsEdited) {
-    for (const auto& [stored, repaired] : {std::pair{None, None}, {70000u, 70000u}, {0u, 65536u}}) {
-        if (stored != None) system.setDword(key("0"), "MinLevel", stored);
+    edit("2", [](frmEdit&) {});
+    EXPECT_EQ(stored("0", "MinLevel"), "none");
+    for (const auto& [before, repaired] : {std::pair{70000u, "#70000"}, {0u, "#65536"}}) {
+        system.setDword(zoneKey("0"), "MinLevel", before);
         edit("2", [](frmEdit&) {});
-        EXPECT_EQ(number("0", "MinLevel"), repaired);
+        EXPECT_EQ(stored("0", "MinLevel"), repaired);
     }
-    EXPECT_EQ(number("0", "RecommendedLevel"), 65536);
-    system.setDword(key("0"), "MinLevel", 0);
+    EXPECT_EQ(stored("0", "RecommendedLevel"), "#65536");
+    system.setDword(zoneKey("0"), "MinLevel", 0);
     select("2");
     system.registry.watch.failOn("RegSetValueExA", 1, platform::AccessDenied);
     edit("2", [](frmEdit&) {});  // a repair that is refused is not told
@@ -66,38 +61,47 @@ TEST_F(frmEditTest, SavesNamesAndDescriptionsAsTyped) {
     for (const std::string& name : {"  " + every + " ", std::string(300, 'x')}) {
         edit("2", [&](frmEdit& form) {
             ZoneDetails& details = form.general.details;
-            EXPECT_EQ(details.txtZoneName.text(), window->lblZoneName.caption());
-            EXPECT_EQ(details.picIcon.picture(), window->picZoneIcon.picture());
+            EXPECT_EQ(details.txtZoneName.text(), window().lblZoneName.caption());
+            EXPECT_EQ(details.picIcon.picture(), window().picZoneIcon.picture());
             typeOver(details.txtZoneName, name);
             typeOver(details.txtZoneDescription, name);
             form.pressEnter();
         });
-        EXPECT_EQ(saved("2", "DisplayName"), name.substr(0, 259));
-        EXPECT_EQ(saved("2", "Description"), name.substr(0, 199));
-        EXPECT_EQ(saved("2", "Icon"), "inetcpl.cpl#00004480");
-        EXPECT_EQ(window->lvwZones.item(3).text, name.substr(0, 259));
+        EXPECT_EQ(stored("2", "DisplayName"), name.substr(0, 259));
+        EXPECT_EQ(stored("2", "Description"), name.substr(0, 199));
+        EXPECT_EQ(stored("2", "Icon"), "inetcpl.cpl#00004480");
+        EXPECT_EQ(window().lvwZones.item(3).text, name.substr(0, 259));
     }
 }
 
-TEST_F(frmEditTest, RefusesABlankNameOrDescription) {
+TEST_F(frmEditTest, RefusesNamesAndDescriptionsThatAreBlankOrTooLongForTheBrowser) {
+    const std::string name(260, 'n'), description(200, 'd');
+    system.setText(zoneKey("2"), "DisplayName", name);
+    system.setText(zoneKey("2"), "Description", description);
     edit("2", [&](frmEdit& form) {
         ZoneDetails& details = form.general.details;
-        const auto expectRefusal = [&](ui::TextBox& box, const std::string& lacking) {
-            const std::string before = box.text();
+        EXPECT_EQ(details.txtZoneName.text(), name);
+        EXPECT_EQ(details.txtZoneDescription.text(), description);
+        const auto expectRefusal = [&](ui::TextBox& box, int button, const std::string& message) {
+            details.picIcon.setFocus();
+            desktop.expectMessage(message);
+            form.general.cmdGeneral(button).click();
+            EXPECT_TRUE(box.focused());
+            EXPECT_EQ(box.selectionLength(), static_cast<int>(box.text().size()));
+            EXPECT_EQ(stored("2", "DisplayName") + stored("2", "Description"), name + description);
+        };
+        for (const auto& [box, what] :
+             {std::pair{&details.txtZoneName, "name"}, {&details.txtZoneDescription, "description"}}) {
+            expectRefusal(*box, Apply, std::string("long ") + what);
             for (const char* blank : {"", "   "})
                 for (const int button : {Default, Apply}) {
-                    typeOver(box, blank);
-                    details.picIcon.setFocus();
-                    system.desktop.expectMessage(lacking);
-                    form.general.cmdGeneral(button).click();
-                    EXPECT_TRUE(box.focused());
-                    EXPECT_EQ(box.selectionLength(), static_cast<int>(box.text().size()));
+                    typeOver(*box, blank);
+                    expectRefusal(*box, button, std::string("no ") + what);
                 }
-            typeOver(box, before);
-        };
-        expectRefusal(details.txtZoneName, "no name");
-        expectRefusal(details.txtZoneDescription, "no description");
-        EXPECT_EQ(saved("2", "Description"), details.txtZoneDescription.text());
+            typeOver(*box, "Short");
+        }
+        form.general.cmdGeneral(Default).click();
+        EXPECT_EQ(stored("2", "DisplayName"), "Trusted sites");
     });
 }
 
@@ -112,119 +116,90 @@ TEST_F(frmEditTest, WritesAnIconOnlyForAZoneThatHasNoneThatCanBeUsed) {
         {"missing.dll#18", "missing.dll#18"},
         {"C:\\my#icons\\x.dll#0018", "C:\\my#icons\\x.dll#0018"},
     };
-    for (const auto& [stored, kept] : cases) {
-        system.setText(key("5"), "Icon", stored);
+    for (const auto& [icon, kept] : cases) {
+        system.setText(zoneKey("5"), "Icon", icon);
         edit("5", [&](frmEdit& form) { form.general.cmdGeneral(Apply).click(); });
-        EXPECT_EQ(saved("5", "Icon"), kept) << stored;
+        EXPECT_EQ(stored("5", "Icon"), kept) << icon;
     }
     edit("2", [&](frmEdit& form) {
-        system.setText(key("2"), "Icon", "shell32.dll#18");
+        system.setText(zoneKey("2"), "Icon", "shell32.dll#18");
         form.general.cmdGeneral(Apply).click();
-        EXPECT_EQ(saved("2", "Icon"), "shell32.dll#18") << "which another program has chosen meanwhile";
-        system.setText(key("2"), "Description", "another's");
+        EXPECT_EQ(stored("2", "Icon"), "shell32.dll#18") << "which another program has chosen meanwhile";
+        system.setText(zoneKey("2"), "Description", "another's");
         form.general.cmdGeneral(Default).click();
     });
-    EXPECT_EQ(saved("2", "Icon"), "inetcpl.cpl#00004480");
-    EXPECT_EQ(saved("2", "Description"),
+    EXPECT_EQ(stored("2", "Icon"), "inetcpl.cpl#00004480");
+    EXPECT_EQ(stored("2", "Description"),
               "This zone contains Web sites that you trust not to damage your computer or data.");
 }
 
-TEST_F(frmEditTest, RefusesAnIconFileThatAReferenceCannotName) {
-    edit("2", [&](frmEdit& form) {
-        system.desktop.expectFile("C:\\my#icons\\x.dll");
-        system.desktop.expectMessage("icon path|C:\\my#icons\\x.dll");
-        form.general.details.picIcon.click();
-        form.general.cmdGeneral(Apply).click();
-    });
-    EXPECT_EQ(saved("2", "Icon"), "inetcpl.cpl#00004480");
-}
-
-TEST_F(frmEditTest, ShowsWhatIsTooLongForTheBrowserWholeAndDoesNotSaveIt) {
-    const std::string name(260, 'n'), description(200, 'd');
-    system.setText(key("2"), "DisplayName", name);
-    system.setText(key("2"), "Description", description);
-    window->RebuildList();
-    edit("2", [&](frmEdit& form) {
-        ZoneDetails& details = form.general.details;
-        EXPECT_EQ(details.txtZoneName.text(), name);
-        EXPECT_EQ(details.txtZoneDescription.text(), description);
-        const auto expectRefusal = [&](ui::TextBox& box, const std::string& message) {
-            system.desktop.expectMessage(message);
-            form.general.cmdGeneral(Apply).click();
-            EXPECT_TRUE(box.focused());
-            EXPECT_EQ(saved("2", "DisplayName") + saved("2", "Description"), name + description);
-        };
-        expectRefusal(details.txtZoneName, "long name");
-        typeOver(details.txtZoneName, "Short");
-        expectRefusal(details.txtZoneDescription, "long description");
-        form.general.cmdGeneral(Default).click();
-        EXPECT_EQ(saved("2", "DisplayName"), "Trusted sites");
-    });
-}
-
 TEST_F(frmEditTest, AZoneWithoutValuesKeepsWhatItHasWhenItIsSavedUnchanged) {
-    system.deleteTree(key("5"));
-    system.setDword(key("5"), "1200", 3);
-    window->RebuildList();
+    system.deleteTree(zoneKey("5"));
+    system.setDword(zoneKey("5"), "1200", 3);
     edit("5", [&](frmEdit& form) {
         form.pressEnter();
         form.TabStrip1.choose(FlagsPage);
         form.pressEnter();
     });
-    EXPECT_EQ(saved("5", "DisplayName"), "Missing Name");
-    EXPECT_EQ(saved("5", "Description"), "Missing Description");
-    EXPECT_EQ(number("5", "Flags"), 3u);
-    EXPECT_EQ(number("5", "1200"), 3u);
-    EXPECT_EQ(system.values(key("5")).size(), 5u) << "no level";
+    auto saved = system.tree(zoneKey("5"));
+    EXPECT_TRUE(saved.erase("|Icon"));
+    EXPECT_EQ(saved, (TestSystem::Tree{{"", ""},
+                                       {"|1200", "#3"},
+                                       {"|Description", "Missing Description"},
+                                       {"|DisplayName", "Missing Name"},
+                                       {"|Flags", "#3"}}));
 }
 
 // Told once; until it can be read nothing of the page can be pressed.
 IN_MEMORY_TEST_F(frmEditTest, DoesNotSaveWhatCouldNotBeRead) {
     const struct {
         const char *zone, *value, *message;
-        int page;
-    } cases[] = {
-        {"2", "DisplayName", "names unreadable", GeneralTab}, {"2", "Description", "names unreadable", GeneralTab},
-        {"2", "Icon", "names unreadable", GeneralTab},        {"2", "Flags", "flags unreadable", FlagsPage},
-        {"3", "Flags", "flags unreadable", FlagsPage},        {"2", "MinLevel", "levels unreadable", SecurityPage}};
+        int page, buttons;
+    } cases[] = {{"2", "DisplayName", "names unreadable", GeneralTab, 2},
+                 {"2", "Description", "names unreadable", GeneralTab, 2},
+                 {"2", "Icon", "names unreadable", GeneralTab, 2},
+                 {"2", "Flags", "flags unreadable", FlagsPage, 10},
+                 {"3", "Flags", "flags unreadable", FlagsPage, 9},
+                 {"2", "MinLevel", "levels unreadable", SecurityPage, 3}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.zone + std::string(c.value));
-        const auto before = system.value(key(c.zone), c.value);
-        if (before->type == platform::RegDword)
-            system.setText(key(c.zone), c.value, "65536");
+        const auto before = *system.value(zoneKey(c.zone), c.value);
+        if (before.type == platform::RegDword)
+            system.setText(before.path, c.value, "65536");
         else
-            system.setDword(key(c.zone), c.value, 7);
-        const auto damaged = system.value(key(c.zone), c.value);
-        window->RebuildList();
-        if (c.page == GeneralTab) system.desktop.expectMessage(c.message);
+            system.setDword(before.path, c.value, 7);
+        const std::string damaged = stored(c.zone, c.value);
+        window().RebuildList();
+        if (c.page == GeneralTab) desktop.expectMessage(c.message);
         edit(c.zone, [&](frmEdit& form) {
-            if (c.page != GeneralTab) system.desktop.expectMessage(c.message);
-            std::vector<ui::Control*> controls;
-            for (const int i : {0, 1, 2})
-                if (c.page == SecurityPage) controls.push_back(&form.levels.cmdApply(i));
-            for (const int i : {Default, Apply})
-                if (c.page == GeneralTab) controls.push_back(&form.general.cmdGeneral(i));
-            for (const int i : {Default, Apply})
-                if (c.page == FlagsPage)
-                    controls.insert(controls.end(), {&form.flags.cmdFlags(i), &form.flags.chkProperties(i)});
-            for (const bool readable : {false, false, true}) {
-                if (readable) system.set(*before);
+            if (c.page != GeneralTab) desktop.expectMessage(c.message);
+            const auto choose = [&] {
                 form.TabStrip1.choose(c.page);
                 for (const int i : {0, 1, 2}) form.levels.cboSetting(i).choose(High);
-                for (const ui::Control* control : controls) EXPECT_EQ(control->enabled(), readable) << control->name();
-                if (!readable) form.levels.cboSetting(MinimumLevel).setFocus();
-                if (!readable) form.pressEnter();
-                EXPECT_EQ(system.value(key(c.zone), c.value)->data, (readable ? before : damaged)->data);
+                int buttons = 0;  // and boxes that can be pressed
+                for (const ui::Control* control : form.controls())
+                    buttons +=
+                        control->showing() && control->enabled() && control != &form.cmdClose &&
+                        control != &form.levels.cmdSecurity &&
+                        (dynamic_cast<const ui::CommandButton*>(control) || dynamic_cast<const ui::CheckBox*>(control));
+                return buttons;
+            };
+            for (int twice = 0; twice < 2; ++twice) {
+                EXPECT_EQ(choose(), 0);
+                form.levels.cboSetting(MinimumLevel).setFocus();
+                form.pressEnter();
+                EXPECT_EQ(stored(c.zone, c.value), damaged);
             }
-            EXPECT_TRUE(c.page != FlagsPage || form.flags.chkProperties(5).enabled() == (*c.zone != '3'));
+            system.set(before);
+            EXPECT_EQ(choose(), c.buttons);
             if (c.page == SecurityPage) return;
             form.pressEnter();
-            EXPECT_EQ(system.value(key(c.zone), c.value)->data, before->data) << "saved as it was";
+            EXPECT_EQ(system.value(before.path, c.value)->data, before.data) << "saved as it was";
         });
     }
     edit("2", [&](frmEdit& form) {
         system.registry.watch.failOn("RegEnumKeyExA", 1, platform::OutOfMemory);
-        system.desktop.expectMessage("levels unreadable");
+        desktop.expectMessage("levels unreadable");
         form.TabStrip1.choose(SecurityPage);
         EXPECT_FALSE(form.levels.cmdApply(MinimumLevel).enabled());
     });
@@ -232,55 +207,41 @@ IN_MEMORY_TEST_F(frmEditTest, DoesNotSaveWhatCouldNotBeRead) {
 
 // Another program -----------------------------------------------------------------------------------------------
 
-TEST_F(frmEditTest, ChangesNothingInAZoneThatHasBecomeAnotherSinceItWasShown) {
-    edit("5", [&](frmEdit& form) {
-        for (const char* value : {"MinLevel", "CurrentLevel", "Flags"}) system.setDword(key("5"), value, 65536);
-        system.setText(key("5"), "DisplayName", "Other");
-        const std::pair<int, ui::CommandButton*> buttons[] = {{GeneralTab, &form.general.cmdGeneral(Apply)},
-                                                              {SecurityPage, &form.levels.cmdApply(MinimumLevel)},
-                                                              {SecurityPage, &form.levels.cmdApply(CurrentLevel)},
-                                                              {FlagsPage, &form.flags.cmdFlags(Apply)}};
-        for (const auto& [page, button] : buttons) {
-            form.TabStrip1.choose(page);
-            form.levels.cboSetting(MinimumLevel).choose(Medium);
-            form.levels.cboSetting(CurrentLevel).choose(Medium);
-            system.desktop.expectMessage("changed, not saved");
-            button->click();
-        }
-        EXPECT_EQ(saved("5", "DisplayName"), "Other");
-        EXPECT_EQ(number("5", "Flags"), 65536u);
-        EXPECT_EQ(number("5", "MinLevel"), 65536u);
-        EXPECT_EQ(number("5", "CurrentLevel"), 65536u);
-    });
-    EXPECT_EQ(window->lvwZones.item(6).text, "Other") << "the list has been read again";
-}
-
-TEST_F(frmEditTest, TellsTheUserThatTheZoneIsGone) {
-    edit("5", [&](frmEdit& form) {
-        removeZone("5");
-        system.desktop.expectMessage("gone, not saved");
-        form.general.cmdGeneral(Apply).click();
-        system.desktop.expectMessage("gone");
-        form.TabStrip1.choose(FlagsPage);
-        form.flags.cmdFlags(Apply).click();
-        form.TabStrip1.choose(SecurityPage);
-        form.levels.cboSetting(CurrentLevel).choose(Low);
-        system.desktop.expectMessage("gone, not saved");
-        form.levels.cmdApply(CurrentLevel).click();
-    });
-    EXPECT_FALSE(system.exists(key("5"))) << "nothing has made it again";
+TEST_F(frmEditTest, ChangesNothingInAZoneThatHasBecomeAnotherOrIsGoneSinceItWasShown) {
+    for (const bool gone : {false, true}) {
+        TestSystem::Tree before;
+        edit("5", [&](frmEdit& form) {
+            if (gone) system.deleteTree(zoneKey("5"));
+            if (!gone) system.setText(zoneKey("5"), "DisplayName", "Other");
+            before = system.tree(zoneKey("5"));
+            const std::tuple<int, ui::CommandButton*, const char*> buttons[] = {
+                {GeneralTab, &form.general.cmdGeneral(Apply), "gone, not saved"},
+                {FlagsPage, &form.flags.cmdFlags(Apply), "gone"},
+                {SecurityPage, &form.levels.cmdApply(MinimumLevel), "gone, not saved"},
+                {SecurityPage, &form.levels.cmdApply(CurrentLevel), "gone, not saved"}};
+            for (const auto& [page, button, message] : buttons) {
+                desktop.expectMessage(gone ? message : "changed, not saved");
+                form.TabStrip1.choose(page);
+                form.flags.chkProperties(0).click();
+                for (const int level : {MinimumLevel, CurrentLevel}) form.levels.cboSetting(level).choose(Low);
+                button->click();
+            }
+        });
+        EXPECT_EQ(system.tree(zoneKey("5")), before);
+        EXPECT_EQ(names()[5], gone ? "Under review" : "Other") << "the list has been read again";
+    }
 }
 
 IN_MEMORY_TEST_F(frmEditTest, KnowsTheZoneByTheNameThatItHasSaved) {
     edit("5", [&](frmEdit& form) {
-        EXPECT_EQ(form.lblZone.caption(), saved("5", "DisplayName"));
+        EXPECT_EQ(form.lblZone.caption(), stored("5", "DisplayName"));
         typeOver(form.general.details.txtZoneName, "Renamed");
         form.pressEnter();
         EXPECT_EQ(form.lblZone.caption(), "Renamed");
         // The name is the first that is written.
         typeOver(form.general.details.txtZoneName, "Again");
         system.registry.watch.failOn("RegSetValueExA", 2, platform::AccessDenied);
-        system.desktop.expectMessage("saved in part");
+        desktop.expectMessage("saved in part");
         form.pressEnter();
         EXPECT_EQ(form.lblZone.caption(), "Again");
         form.TabStrip1.choose(FlagsPage);
@@ -288,19 +249,24 @@ IN_MEMORY_TEST_F(frmEditTest, KnowsTheZoneByTheNameThatItHasSaved) {
     });
 }
 
-TEST_F(frmEditTest, AnIconIsChosenFromAFileAndSavedWithApply) {
-    const std::string file = system.path("explorer.exe");
+TEST_F(frmEditTest, AnIconIsChosenFromAFileThatAReferenceCanNameAndSavedWithApply) {
+    const std::string file = system.path("explorer.exe"), before = "inetcpl.cpl#00004480";
     edit("2", [&](frmEdit& form) {
         ui::PictureButton& picture = form.general.details.picIcon;
-        const ui::Picture before = picture.picture();
-        system.desktop.expectFile(std::nullopt, "inetcpl.cpl");
+        const ui::Picture first = picture.picture();
+        desktop.expectFile(std::nullopt, "inetcpl.cpl");
         picture.click();
-        EXPECT_EQ(picture.picture(), before);
-        chooseIcon(form, file, 1);
-        EXPECT_NE(picture.picture(), before);
-        EXPECT_EQ(saved("2", "Icon"), "inetcpl.cpl#00004480");
+        EXPECT_EQ(picture.picture(), first);
+        desktop.expectFile("C:\\my#icons\\x.dll");
+        desktop.expectMessage("icon path|C:\\my#icons\\x.dll");
+        picture.click();
         form.general.cmdGeneral(Apply).click();
-        EXPECT_EQ(saved("2", "Icon"), file + "#100");
+        EXPECT_EQ(stored("2", "Icon"), before);
+        chooseIcon(form, file, 1);
+        EXPECT_NE(picture.picture(), first);
+        EXPECT_EQ(stored("2", "Icon"), before);
+        form.general.cmdGeneral(Apply).click();
+        EXPECT_EQ(stored("2", "Icon"), file + "#100");
     });
 }
 
@@ -309,19 +275,19 @@ TEST_F(frmEditTest, AnIconIsChosenFromAFileAndSavedWithApply) {
 TEST_F(frmEditTest, ShowsFlagsAndTheirDefaultsAndWritesTheBoxesWithApplyAlone) {
     editPage("1", FlagsPage, [&](frmEdit& form) {
         for (const unsigned stored : {0xFFu, 0x55u, 0x100u}) {
-            system.setDword(key("1"), "Flags", stored);
+            system.setDword(zoneKey("1"), "Flags", stored);
             form.TabStrip1.choose(FlagsPage);
             EXPECT_EQ(shown(form), stored & 0xFF);
         }
         form.flags.cmdFlags(Default).click();
         EXPECT_EQ(shown(form), 219u);
-        EXPECT_EQ(number("1", "Flags"), 0x100u);
+        EXPECT_EQ(stored("1", "Flags"), "#256");
         for (const int box : {7, 6, 4, 1}) form.flags.chkProperties(box).click();
         form.pressEnter();
-        EXPECT_EQ(number("1", "Flags"), 9u) << "the bits above the boxes are gone";
-        EXPECT_EQ(window->lblFlags.caption(), "9");
+        EXPECT_EQ(stored("1", "Flags"), "#9") << "the bits above the boxes are gone";
+        EXPECT_EQ(window().lblFlags.caption(), "9");
 
-        system.deleteValue(key("1"), "Flags");
+        system.deleteValue(zoneKey("1"), "Flags");
         form.TabStrip1.choose(FlagsPage);
         EXPECT_EQ(shown(form), 3u);
     });
@@ -332,8 +298,8 @@ TEST_F(frmEditTest, ShowsFlagsAndTheirDefaultsAndWritesTheBoxesWithApplyAlone) {
 TEST_F(frmEditTest, ShowsTheLevelsAsStored) {
     editPage("1", SecurityPage, [&](frmEdit& form) {
         EXPECT_EQ(level(form, CurrentLevel), "Medium-Low|Medium-Low");
-        for (const LevelRow& row : LevelRows) system.setDword(key("1"), row.value, 0);
-        system.setDword(key("1"), "MinLevel", 70000);
+        setLevels("1", 0);
+        system.setDword(zoneKey("1"), "MinLevel", 70000);
         form.TabStrip1.choose(SecurityPage);
         EXPECT_EQ(level(form, RecommendedLevel), "Medium-Low|Medium-Low") << "custom is no level to recommend";
         EXPECT_EQ(level(form, MinimumLevel), "Low|Low");
@@ -343,9 +309,9 @@ TEST_F(frmEditTest, ShowsTheLevelsAsStored) {
 }
 
 TEST_F(frmEditTest, ReadsTheLevelsOfTheZoneAtThePlaceOfItsNumber) {
-    system.makeKey(key("10"));
-    removeZone("4");
-    window->RebuildList();
+    system.makeKey(zoneKey("10"));
+    system.deleteTree(zoneKey("4"));
+    window().RebuildList();
     // At these places stand the zones 10 and 2, and none.
     for (const auto& [zone, shownLevel] : {std::pair{"2", "|"}, {"3", "Low|Low"}, {"10", "|"}})
         editPage(zone, SecurityPage, [&, zone = zone, shownLevel = shownLevel](frmEdit& form) {
@@ -368,10 +334,11 @@ TEST_F(frmEditTest, TurnsItsPagesByKeyboard) {
 }
 
 TEST_F(frmEditTest, WritesTheChosenRecommendedAndMinimumLevels) {
-    const std::tuple<const char*, int, unsigned, unsigned> cases[] = {
-        {"2", MediumLow, 66816, 66816}, {"1", DefaultEntry, 66816, 65536}, {"5", DefaultEntry, 73728, 73728}};
+    const std::tuple<const char*, int, const char*, const char*> cases[] = {{"2", MediumLow, "#66816", "#66816"},
+                                                                            {"1", DefaultEntry, "#66816", "#65536"},
+                                                                            {"5", DefaultEntry, "#73728", "#73728"}};
     for (const auto& [zone, entry, recommended, minimum] : cases) {
-        for (const LevelRow& row : LevelRows) system.setDword(key(zone), row.value, 70000);
+        setLevels(zone, 70000);
         editPage(zone, SecurityPage, [&, entry = entry](frmEdit& form) {
             for (const int index : {RecommendedLevel, MinimumLevel}) {
                 form.levels.cboSetting(index).setFocus();
@@ -380,9 +347,9 @@ TEST_F(frmEditTest, WritesTheChosenRecommendedAndMinimumLevels) {
                 EXPECT_FALSE(form.levels.cmdApply(index).enabled());
             }
         });
-        EXPECT_EQ(number(zone, "RecommendedLevel"), recommended) << zone;
-        EXPECT_EQ(number(zone, "MinLevel"), minimum) << zone;
-        EXPECT_EQ(number(zone, "CurrentLevel"), 70000u);
+        EXPECT_EQ(stored(zone, "RecommendedLevel"), recommended) << zone;
+        EXPECT_EQ(stored(zone, "MinLevel"), minimum) << zone;
+        EXPECT_EQ(stored(zone, "CurrentLevel"), "#70000");
     }
 }
 
@@ -391,47 +358,43 @@ IN_MEMORY_TEST_F(frmEditTest, AppliesATemplateAsCurrentLevel) {
         ui::ComboBox& box = form.levels.cboSetting(CurrentLevel);
         box.choose(Medium);
         system.registry.watch.failOn("RegSetValueExA", 1, platform::AccessDenied);
-        system.desktop.expectMessage("saved in part");
+        desktop.expectMessage("saved in part");
         form.levels.cmdApply(CurrentLevel).click();
         ASSERT_TRUE(form.levels.cmdApply(CurrentLevel).enabled()) << "can be tried again";
         form.levels.cmdApply(CurrentLevel).click();
-        EXPECT_EQ(number("2", "1800"), 1u);
-        EXPECT_EQ(window->lblCurrent.caption(), "Medium");
+        EXPECT_EQ(stored("2", "1800"), "#1");
+        EXPECT_EQ(window().lblCurrent.caption(), "Medium");
         EXPECT_EQ(level(form, CurrentLevel), "Low|Medium") << "the label waits for the page to be chosen again";
         form.TabStrip1.choose(SecurityPage);
         EXPECT_EQ(level(form, CurrentLevel), "Medium|Medium");
 
         system.deleteTree(std::string(zones::TemplatesKey) + "\\High");
         box.choose(High);
-        system.desktop.expectMessage("no template|High");
+        desktop.expectMessage("no template|High");
         form.levels.cmdApply(CurrentLevel).click();
         EXPECT_TRUE(form.levels.cmdApply(CurrentLevel).enabled());
         box.choose(Low);
         system.registry.watch.failOn("RegEnumValueA", 1, platform::OutOfMemory);
-        system.desktop.expectMessage("template unreadable|Low");
+        desktop.expectMessage("template unreadable|Low");
         form.levels.cmdApply(CurrentLevel).click();
-        EXPECT_EQ(number("2", "CurrentLevel"), 69632u);
+        EXPECT_EQ(stored("2", "CurrentLevel"), "#69632");
     });
 }
 
 TEST_F(frmEditTest, EnterAppliesTheBoxThatHasTheFocusAndOtherwiseCloses) {
-    editPage("2", SecurityPage, [&](frmEdit& form) {
-        form.levels.cboSetting(CurrentLevel).choose(High);
-        form.levels.cboSetting(MinimumLevel).setFocus();
-        form.levels.cboSetting(MinimumLevel).choose(Medium);
-        form.pressEnter();
-        EXPECT_EQ(number("2", "MinLevel"), 69632u);
-        form.TabStrip1.setFocus();
-        form.pressEnter();
-        EXPECT_FALSE(form.loaded());
-    });
-    EXPECT_EQ(number("2", "CurrentLevel"), 65536u);
-    editPage("2", SecurityPage, [&](frmEdit& form) {
-        form.levels.cboSetting(CurrentLevel).setFocus();
-        form.levels.cboSetting(CurrentLevel).choose(Medium);
-        form.levels.cmdSecurity.setFocus();
-        form.pressEnter();
-        EXPECT_FALSE(form.loaded());
-    });
-    EXPECT_EQ(number("2", "CurrentLevel"), 65536u);
+    const std::function<ui::Control&(frmEdit&)> elsewhere[] = {
+        [](frmEdit& form) -> ui::Control& { return form.TabStrip1; },
+        [](frmEdit& form) -> ui::Control& { return form.levels.cmdSecurity; }};
+    for (const auto& other : elsewhere)
+        editPage("2", SecurityPage, [&](frmEdit& form) {
+            form.levels.cboSetting(CurrentLevel).choose(High);
+            form.levels.cboSetting(MinimumLevel).setFocus();
+            form.levels.cboSetting(MinimumLevel).choose(Medium);
+            form.pressEnter();
+            EXPECT_EQ(stored("2", "MinLevel"), "#69632");
+            other(form).setFocus();
+            form.pressEnter();
+            EXPECT_FALSE(form.loaded());
+            EXPECT_EQ(stored("2", "CurrentLevel"), "#65536");
+        });
 }

@@ -1,7 +1,7 @@
 #include "backup/frmRestore.h"
 
 #include "backup/BackupFile.h"
-#include "support/BackupFixture.h"
+#include "support/User.h"
 #include "ui/Picture.h"
 
 namespace {
@@ -13,18 +13,24 @@ const char* const GoodFile =
 
 }  // namespace
 
-struct RestoreDialog : BackupFixture {
+struct RestoreDialog : User {
+    backup::Restoration restoration{program};
+
     static std::string levels(const frmRestore& form) {
         return form.lblCurrent.caption() + "|" + form.lblMin.caption() + "|" + form.lblRec.caption() + "|" +
                form.lblFlags.caption();
     }
-    // Opens the dialog on one backup and selects that.
-    void preview(const std::string& bytes, const std::function<void(frmRestore&)>& script) {
+    // "names of the zones: the selected one's name|description|levels", and whether there is an icon.
+    static std::string shown(const frmRestore& form) {
+        std::string all;
+        for (const std::string& zone : texts(form.lvwZones)) all += zone + " ";
+        return all + ": " + form.lblZoneName.caption() + "|" + form.lblZoneCaption.caption() + "|" + levels(form) +
+               (form.picZoneIcon.picture().empty() ? "" : " icon");
+    }
+    // Opens the dialog on one backup.
+    void preview(const std::string& bytes, const Script<frmRestore>& script) {
         addFile("x.tvf", bytes);
-        use<frmRestore>([&](frmRestore& form) {
-            script(form);
-            form.pressEscape();
-        });
+        use<frmRestore>(script, restoration);
     }
 };
 
@@ -39,12 +45,13 @@ TEST_F(RestoreDialog, ListsBackupsByTheirDescription) {
     Texts expected;  // in the system's order
     for (const std::string& name : system.filesIn(system.path("Backups"), "*.tvf"))
         if (name == "b.tvf" || name == "a.TVF") expected.push_back(name == "b.tvf" ? one : "Two");
-    use<frmRestore>([&](frmRestore& form) {
-        EXPECT_EQ(texts(form.ListView1), expected);
-        form.cmdRestore.click();  // nothing is selected yet
-        EXPECT_TRUE(form.loaded());
-        form.closeBox();
-    });
+    use<frmRestore>(
+        [&](frmRestore& form) {
+            EXPECT_EQ(texts(form.ListView1), expected);
+            form.cmdRestore.click();  // nothing is selected yet
+            EXPECT_TRUE(form.loaded());
+        },
+        restoration);
     EXPECT_EQ(system.files.openSearches(), 0);
 }
 
@@ -61,13 +68,10 @@ TEST_F(RestoreDialog, PreviewsTheFirstZoneAndThenTheOneClicked) {
     system.seedModules();
     preview(GoodFile, [](frmRestore& form) {
         form.ListView1.choose(1);
-        EXPECT_EQ(texts(form.lvwZones), (Texts{"Internet", "Trusted"}));
-        EXPECT_EQ(form.lblZoneName.caption() + "|" + form.lblZoneCaption.caption(), "Internet|All other sites");
-        EXPECT_EQ(levels(form), "Medium|Low|High|1");
+        EXPECT_EQ(shown(form), "Internet Trusted : Internet|All other sites|Medium|Low|High|1 icon");
         const ui::Picture first = form.picZoneIcon.picture();
         form.lvwZones.click(2);
-        EXPECT_EQ(form.lblZoneName.caption(), "Trusted");
-        EXPECT_EQ(levels(form), "Custom|Custom|**Missing**|71");
+        EXPECT_EQ(shown(form), "Internet Trusted : Trusted|Sites you trust|Custom|Custom|**Missing**|71 icon");
         EXPECT_EQ(form.picZoneIcon.picture(), form.ilsZoneIcons.picture(form.lvwZones.item(2).image));
         EXPECT_NE(form.picZoneIcon.picture(), first);
         form.ListView1.click(1);  // again: nothing piles up
@@ -93,75 +97,54 @@ TEST_F(RestoreDialog, ReadsEveryTruncatedFileAndTellsWhenThereAreNoZonesInIt) {
 }
 
 TEST_F(RestoreDialog, KeepsTheLevelsShownWhenATagHasNotSevenFields) {
-    const std::string mega(1000000, 'x');
-    preview("Desc=x\r\ni#1;n;d;69632;65536;73728;1\r\nI#1;N;\"D\r\n" + mega, [](frmRestore& form) {
+    preview("Desc=x\r\ni#1;n;d;69632;65536;73728;1\r\nI#1;N;\"D\r\n" + std::string(1000000, 'x'), [](frmRestore& form) {
         form.ListView1.click(1);
         form.lvwZones.choose(2);
-        EXPECT_EQ(form.lblZoneName.caption(), "N");
-        EXPECT_EQ(levels(form), "Medium|Low|High|1");
+        EXPECT_EQ(form.lblZoneName.caption() + "|" + levels(form), "N|Medium|Low|High|1");
     });
 }
 
 TEST_F(RestoreDialog, DeletesBothFilesOfABackupAndDisablesItsButtonsAfterTheLast) {
     system.seedModules();
-    addFile("A.TVF", GoodFile);
-    addFile("A.reg", "REGEDIT4");
-    use<frmRestore>([&](frmRestore& form) {
+    addFile("x.reg", "REGEDIT4");
+    preview(GoodFile, [&](frmRestore& form) {
         form.cmdDelete.click();  // nothing is selected yet
         EXPECT_EQ(system.filesIn(system.path("Backups")).size(), 2u);
         form.ListView1.click(1);
         form.cmdDelete.click();
         EXPECT_TRUE(system.filesIn(system.path("Backups")).empty());
         EXPECT_EQ(form.ListView1.count(), 0);
-        EXPECT_EQ(form.lvwZones.count(), 0);
-        EXPECT_EQ(form.lblZoneName.caption() + form.lblZoneCaption.caption(), "");
-        EXPECT_TRUE(form.picZoneIcon.picture().empty());
+        EXPECT_EQ(shown(form), ": |||||");
         form.cmdDelete.click();  // nothing is selected any more
         form.tmrWatch.tick();
-        EXPECT_FALSE(form.cmdRestore.enabled());
-        EXPECT_FALSE(form.cmdDelete.enabled());
-        form.closeBox();
+        EXPECT_FALSE(form.cmdRestore.enabled() || form.cmdDelete.enabled());
     });
 }
 
-IN_MEMORY_TEST_F(RestoreDialog, ListsAgainAndSelectsNothingWhenABackupCannotBeDeletedAsAWhole) {
+IN_MEMORY_TEST_F(RestoreDialog, ShowsNothingMoreWhenABackupCannotBeReadOrDeletedAsAWhole) {
+    system.seedModules();
     preview(GoodFile, [&](frmRestore& form) {
+        const auto expectNothing = [&](const char* procedure, const char* file, ui::CommandButton* button) {
+            expectError(procedure, file);
+            button ? button->click() : form.ListView1.click(1);
+            EXPECT_EQ(shown(form), ": |||||");
+        };
+        form.ListView1.click(1);
+        system.files.watch.failOn("read", 1, platform::AccessDenied);
+        expectNothing("frmRestore.FillList", "x.tvf", nullptr);
         form.ListView1.click(1);
         addFile("y.tvf", GoodFile);
-        expectError("frmRestore.cmdDelete_Click", "x.reg");
-        form.cmdDelete.click();
-        EXPECT_EQ(file("x.tvf"), GoodFile);
+        expectNothing("frmRestore.cmdDelete_Click", "x.reg", &form.cmdDelete);
         EXPECT_EQ(form.ListView1.count(), 2) << "listed again";
-        EXPECT_EQ(form.lvwZones.count(), 0);
-        system.platform().files.remove(inBackups("y.tvf"));
+        removeFile("y.tvf");
         addFile("x.reg", "");
         form.ListView1.click(1);
         system.files.watch.failOn("remove", 2, platform::AccessDenied);
-        expectError("frmRestore.cmdDelete_Click", "x.tvf");
-        form.cmdDelete.click();
+        expectNothing("frmRestore.cmdDelete_Click", "x.tvf", &form.cmdDelete);
         EXPECT_EQ(file("x.reg") + file("x.tvf"), std::string("(no file)") + GoodFile);
         EXPECT_EQ(form.ListView1.count(), 1);
         form.cmdRestore.click();
         EXPECT_TRUE(form.loaded()) << "nothing is selected";
-    });
-}
-
-IN_MEMORY_TEST_F(RestoreDialog, ShowsNothingOfTheBackupBeforeWhenOneCannotBeRead) {
-    preview(GoodFile, [&](frmRestore& form) {
-        const auto shown = [&] {
-            return form.lblZoneName.caption() + form.lblZoneCaption.caption() + levels(form) +
-                   std::to_string(form.lvwZones.count()) + (form.picZoneIcon.picture().empty() ? "" : "icon");
-        };
-        form.ListView1.click(1);
-        EXPECT_NE(shown(), "|||0");
-        system.files.watch.failOn("read", 1, platform::AccessDenied);
-        expectError("frmRestore.FillList", "x.tvf");
-        form.ListView1.click(1);
-        EXPECT_EQ(shown(), "|||0");
-        form.ListView1.click(1);
-        addFile("x.reg", "");
-        form.cmdDelete.click();
-        EXPECT_EQ(shown(), "|||0");
     });
 }
 

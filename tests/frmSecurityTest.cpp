@@ -1,13 +1,16 @@
 #include "editing/frmSecurity.h"
 
-#include "support/EditingFixture.h"
+#include "support/User.h"
 #include "ui/TreeView.h"
 
 namespace {
 
 const std::string Settings = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\SO";
+const std::string Enabled = "Group\n-Setting\n--(o)Enable[1201,0]\n--( )Disable[1201,3]\n";
 
-struct frmSecurityTest : EditingFixture {
+struct frmSecurityTest : User {
+    frmSecurityTest() { system.seedAll(); }
+
     // A key below the settings description, with its text.
     std::string describe(const std::string& path, const std::string& text) {
         system.setText(Settings + "\\" + path, "Text", text);
@@ -25,10 +28,13 @@ struct frmSecurityTest : EditingFixture {
         describe("A\\S", "Setting");
         option("A\\S\\1", "Enable", "1201", 0);
         option("A\\S\\2", "Disable", "1201", 3);
-        system.setDword(key("2"), "1201", 0);
+        system.setDword(zoneKey("2"), "1201", 0);
+    }
+    void customise(const std::string& zone, const Script<frmSecurity>& script) {
+        editPage(zone, SecurityPage, [&](frmEdit& form) { openSettings(form, script); });
     }
     // The tree as text: one level in for each parent, options as "( )" or "(o)" with their tags.
-    std::string tree(const std::string& zone) {
+    std::string tree(const std::string& zone = "2") {
         std::string all;
         customise(zone, [&](frmSecurity& form) { all = treeOf(form); });
         return all;
@@ -58,7 +64,7 @@ TEST_F(frmSecurityTest, ShowsTheBrowsersSettingsWithTheZonesOptions) {
             if (!node.selected) continue;
             ++selected;
             const std::string name = node.tag.substr(0, node.tag.find(','));
-            EXPECT_EQ(name + "," + std::to_string(*system.dword(key("5"), name)), node.tag);
+            EXPECT_EQ(name + "," + std::to_string(*system.dword(zoneKey("5"), name)), node.tag);
         }
         EXPECT_EQ(tree.visibleNode(), 1);
         EXPECT_LE(system.registry.watch.calls(), 1500) << "from the click on the zone";
@@ -66,16 +72,28 @@ TEST_F(frmSecurityTest, ShowsTheBrowsersSettingsWithTheZonesOptions) {
     EXPECT_EQ((std::vector{groups, settings, options, selected}), (std::vector{7, 22, 68, 22}));
 }
 
-TEST_F(frmSecurityTest, SelectsNoOptionForAValueThatIsMissingOrUnknown) {
+TEST_F(frmSecurityTest, SelectsTheOptionWithTheZonesNumberAlone) {
     describeOne();
     const std::string none = "Group\n-Setting\n--( )Enable[1201,0]\n--( )Disable[1201,3]\n";
-    system.setDword(key("2"), "1201", 7);
-    EXPECT_EQ(tree("2"), none);
-    system.setText(key("2"), "1201", "0");
-    EXPECT_EQ(tree("2"), none);
-    system.setDword(key("6"), "1201", 0);
-    removeZone("1");
-    window->RebuildList();
+    system.setText(zoneKey("2"), "1201", "0");
+    EXPECT_EQ(tree(), none);
+    system.setDword(zoneKey("2"), "1201", 65536);
+    EXPECT_EQ(tree(), none);
+    const std::string disable = Settings + "\\A\\S\\2", shown = "--(o)Disable[1201,65536]\n";
+    const auto lastOption = [&] { return tree().substr(none.find("--( )Dis")); };
+    for (const auto& [checked, expected] : {std::pair{"65536", shown}, {"0x3", std::string("--Disable\n")}}) {
+        system.setText(disable, "CheckedValue", checked);
+        EXPECT_EQ(lastOption(), expected);
+    }
+    for (const auto& [checked, expected] :
+         {std::pair{platform::Bytes{0, 0, 1, 0}, shown}, {platform::Bytes{3}, std::string("--Disable\n")}}) {
+        system.setBinary(disable, "CheckedValue", checked);
+        EXPECT_EQ(lastOption(), expected);
+    }
+    describeOne();
+    system.setDword(zoneKey("6"), "1201", 0);
+    system.deleteTree(zoneKey("1"));
+    window().RebuildList();
     EXPECT_EQ(tree("6"), none) << "as many zones as its number";
 }
 
@@ -92,38 +110,23 @@ TEST_F(frmSecurityTest, ShowsThreeLevelsAndMakesOptionsOfWhatIsComplete) {
     system.setText(Settings + "\\A\\S\\7", "CheckedValue", "one");
     option("B\\U\\1", "", "1A00", 0x80000000);
     customise("2", [&](frmSecurity& form) {
-        EXPECT_EQ(treeOf(form),
-                  "Group\n-Setting\n--(o)Enable[1201,0]\n--( )Disable[1201,3]\n--No value\n--No name\n--Odd name\n"
-                  "--Text for a number\n\n-\n--( )[1A00,2147483648]\n");
+        EXPECT_EQ(treeOf(form), Enabled +
+                                    "--No value\n--No name\n--Odd name\n"
+                                    "--Text for a number\n\n-\n--( )[1A00,2147483648]\n");
         for (int i = 5; i <= 8; ++i) form.TVMRTreeView1.click(i);
     });
-    EXPECT_EQ(system.dword(key("2"), "CurrentLevel"), 65536u) << "what is no option cannot be chosen";
-}
-
-TEST_F(frmSecurityTest, TakesCheckedValuesAsNumbersBytesAndTexts) {
-    describeOne();
-    const auto options = [&] { return tree("2").substr(std::string("Group\n-Setting\n--( )Enable[1201,0]\n").size()); };
-    system.setDword(key("2"), "1201", 65536);
-    const std::string disable = Settings + "\\A\\S\\2";
-    system.setText(disable, "CheckedValue", "65536");
-    EXPECT_EQ(options(), "--(o)Disable[1201,65536]\n");
-    system.setBinary(disable, "CheckedValue", {0x00, 0x00, 0x01, 0x00});
-    EXPECT_EQ(options(), "--(o)Disable[1201,65536]\n");
-    system.setBinary(disable, "CheckedValue", {0x03});
-    EXPECT_EQ(options(), "--Disable\n");
-    system.setText(disable, "CheckedValue", "0x3");
-    EXPECT_EQ(options(), "--Disable\n");
+    EXPECT_EQ(stored("2", "CurrentLevel"), "#65536") << "what is no option cannot be chosen";
 }
 
 IN_MEMORY_TEST_F(frmSecurityTest, PassesOverWhatCannotBeEnteredAndShowsTheRest) {
     describeOne();
     describe("B", "Second");
-    system.desktop.patient = true;
+    desktop.patient = true;
     std::map<std::string, std::size_t> told;  // messages, by what was shown
     int refused = 0;
     for (bool failed = true; failed; ++refused) {
         ASSERT_LT(refused, 50);
-        system.desktop.told.clear();
+        desktop.told.clear();
         std::string shown;
         editPage("2", SecurityPage, [&](frmEdit& form) {
             system.registry.watch.failOn("RegOpenKeyExA", refused + 1, platform::FileNotFound);
@@ -132,7 +135,7 @@ IN_MEMORY_TEST_F(frmSecurityTest, PassesOverWhatCannotBeEnteredAndShowsTheRest) 
         failed = system.registry.watch.failed();
         system.registry.watch.reset();
         std::erase(shown, '\n');
-        told[shown] += system.desktop.told.size();
+        told[shown] += desktop.told.size();
     }
     EXPECT_EQ(told, (std::map<std::string, std::size_t>{
                         {"", 0},
@@ -145,14 +148,14 @@ IN_MEMORY_TEST_F(frmSecurityTest, PassesOverWhatCannotBeEnteredAndShowsTheRest) 
                         {"Group-Setting--(o)Enable[1201,0]--( )Disable[1201,3]", 1},
                         {"Group-Setting--(o)Enable[1201,0]--( )Disable[1201,3]Second", 0},
                     }));
-    system.desktop.settle();
+    desktop.settle();
 }
 
 TEST_F(frmSecurityTest, StaysAmongTheSettingsWhateverTheirKeysAreCalled) {
     describeOne();
     for (const char* name : {" ", "..", ".", "1 "}) option(std::string("A\\S\\") + name, name, "1200", 1);
     describe("B", "Last");
-    const std::string shown = tree("2");
+    const std::string shown = tree();
     EXPECT_TRUE(shown.starts_with("Group\n-Setting\n--")) << shown;
     for (const char* text : {"--(o)Enable[1201,0]\n", "--( )Disable[1201,3]\n", "--( ) [1200,1]\n", "--( )..[1200,1]\n",
                              "--( )1 [1200,1]\n"})
@@ -182,7 +185,7 @@ TEST_F(frmSecurityTest, TakesACaptionThatIsNoTextFromAProgramFile) {
     for (const auto& [text, reference, caption] : cases) {
         const std::string setting = describe("A\\S", text);
         system.setText(setting, "PlugUIText", reference);
-        EXPECT_EQ(tree("2"), "\n-" + caption + "\n") << reference;
+        EXPECT_EQ(tree(), "\n-" + caption + "\n") << reference;
     }
     EXPECT_EQ(system.modules.loaded(), 0);
 }
@@ -192,70 +195,60 @@ TEST_F(frmSecurityTest, ShowsAGroupsPictureWhereThereIsOne) {
     system.setText(describe("B", "File"), "Bitmap", "%windir%\\missing.bmp");
     system.setText(describe("C", "Icon"), "Bitmap", "shell32.dll,18");
     system.setText(describe("D", "Two quotes"), "Bitmap", "\"a\"b,1");
-    EXPECT_EQ(tree("2"), "Group\n-Setting\n--(o)Enable[1201,0]\n--( )Disable[1201,3]\nFile\nIcon*\nTwo quotes\n");
+    EXPECT_EQ(tree(), Enabled + "File\nIcon*\nTwo quotes\n");
 }
 
 TEST_F(frmSecurityTest, WritesAClickedOptionAtOnceAndMakesTheZoneCustom) {
     describeOne();
+    const std::string disabled = "Group\n-Setting\n--( )Enable[1201,0]\n--(o)Disable[1201,3]\n";
     editPage("2", SecurityPage, [&](frmEdit& form) {
         openSettings(form, [&](frmSecurity& settings) {
             EXPECT_EQ(form.pointer(), ui::Pointer::Hourglass);
             settings.TVMRTreeView1.choose(4);
-            EXPECT_EQ(system.dword(key("2"), "1201"), 0u) << "the arrow keys only look";
+            EXPECT_EQ(stored("2", "1201"), "#0") << "the arrow keys only look";
             settings.TVMRTreeView1.activate();
-            EXPECT_EQ(treeOf(settings), "Group\n-Setting\n--( )Enable[1201,0]\n--(o)Disable[1201,3]\n");
-            EXPECT_EQ(system.dword(key("2"), "1201"), 3u);
-            EXPECT_EQ(system.dword(key("2"), "CurrentLevel"), 0u);
+            EXPECT_EQ(treeOf(settings) + stored("2", "1201") + stored("2", "CurrentLevel"), disabled + "#3#0");
             EXPECT_EQ(form.levels.stored[CurrentLevel].caption(), "Custom");
-            EXPECT_EQ(window->lblCurrent.caption(), "Custom");
-            system.setText(key("2"), "DisplayName", "Other");
-            system.desktop.expectMessage("changed, not saved");
+            EXPECT_EQ(window().lblCurrent.caption(), "Custom");
+            system.setText(zoneKey("2"), "DisplayName", "Other");
+            desktop.expectMessage("changed, not saved");
             settings.TVMRTreeView1.click(3);
-            EXPECT_EQ(treeOf(settings), "Group\n-Setting\n--( )Enable[1201,0]\n--(o)Disable[1201,3]\n");
-            EXPECT_EQ(system.dword(key("2"), "1201"), 3u) << "the zone has become another";
+            EXPECT_EQ(treeOf(settings) + stored("2", "1201"), disabled + "#3") << "the zone has become another";
         });
         EXPECT_EQ(form.pointer(), ui::Pointer::Default);
         EXPECT_TRUE(form.levels.cmdApply(CurrentLevel).enabled()) << "back to a level";
     });
-}
-
-TEST_F(frmSecurityTest, WorksOnTheEditedZoneAlsoAfterTheMainWindowHasMovedOn) {
-    describeOne();
+    // Also after the main window has moved on.
     edit("4", [&](frmEdit& form) {
         form.general.cmdGeneral(1).click();
-        EXPECT_EQ(window->selection().zone, "1");
         form.TabStrip1.choose(SecurityPage);
         openSettings(form, [&](frmSecurity& settings) { settings.TVMRTreeView1.click(3); });
-        EXPECT_EQ(window->selection().zone, "1");
+        EXPECT_EQ(window().selection().zone, "1");
     });
-    EXPECT_EQ(system.dword(key("4"), "1201"), 0u);
-    EXPECT_EQ(system.dword(key("1"), "CurrentLevel"), 66816u);
+    EXPECT_EQ(stored("4", "1201") + stored("1", "CurrentLevel"), "#0#66816");
 }
 
 IN_MEMORY_TEST_F(frmSecurityTest, ShowsWhatIsInForceWhenAWriteIsRefused) {
     describeOne();
     customise("2", [&](frmSecurity& form) {
-        for (const int refused : {1, 2}) {
-            system.setDword(key("2"), "1201", 0);
-            system.setDword(key("2"), "CurrentLevel", 65536);
-            system.registry.watch.failOn("RegSetValueExA", refused, platform::AccessDenied);
-            system.desktop.expectMessage("saved in part");
+        const ui::TreeView& tree = form.TVMRTreeView1;
+        const auto click = [&](const char* message) {
+            desktop.expectMessage(message);
             form.TVMRTreeView1.click(4);
-            EXPECT_EQ(system.dword(key("2"), "CurrentLevel"), refused == 1 ? 65536u : 0u) << "the level comes first";
-            EXPECT_EQ(system.dword(key("2"), "1201"), refused == 1 ? 3u : 0u);
-            EXPECT_EQ(form.TVMRTreeView1.node(4).selected, refused == 1);
-            EXPECT_EQ(form.TVMRTreeView1.node(3).selected, refused == 2);
-            EXPECT_EQ(form.TVMRTreeView1.current(), 4) << "the tree stays where it is";
-        }
-        system.deleteValue(key("2"), "1201");
+            EXPECT_EQ(tree.current(), 4) << "the tree stays where it is";
+            return stored("2", "CurrentLevel") + stored("2", "1201") + (tree.node(3).selected ? " Enable" : "") +
+                   (tree.node(4).selected ? " Disable" : "");
+        };
+        system.registry.watch.failOn("RegSetValueExA", 1, platform::AccessDenied);
+        EXPECT_EQ(click("saved in part"), "#65536#3 Disable") << "the level comes first";
+        system.setDword(zoneKey("2"), "1201", 0);
         system.registry.watch.failOn("RegSetValueExA", 2, platform::AccessDenied);
-        system.desktop.expectMessage("saved in part");
-        form.TVMRTreeView1.click(4);
-        EXPECT_FALSE(form.TVMRTreeView1.node(3).selected);
-        EXPECT_FALSE(form.TVMRTreeView1.node(4).selected);
-        removeZone("2");
-        system.desktop.expectMessage("gone, not saved");
-        form.TVMRTreeView1.click(4);
+        EXPECT_EQ(click("saved in part"), "#0#0 Enable");
+        system.deleteValue(zoneKey("2"), "1201");
+        system.registry.watch.failOn("RegSetValueExA", 2, platform::AccessDenied);
+        EXPECT_EQ(click("saved in part"), "#0none");
+        system.deleteTree(zoneKey("2"));
+        click("gone, not saved");
     });
-    EXPECT_FALSE(system.exists(key("2")));
+    EXPECT_FALSE(system.exists(zoneKey("2")));
 }

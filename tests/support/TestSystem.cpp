@@ -192,6 +192,36 @@ std::optional<std::uint32_t> TestSystem::dword(const std::string& path, const st
     return number;
 }
 
+std::string TestSystem::shown(const sample::Entry& entry) {
+    std::string bytes(entry.data.begin(), entry.data.end());
+    if (entry.type == RegSz && bytes.ends_with('\0')) return bytes.substr(0, bytes.size() - 1);
+    if (entry.type == RegSz) return bytes;
+    std::uint32_t number = 0;
+    if (entry.type == RegDword && bytes.size() == 4) {
+        std::memcpy(&number, bytes.data(), sizeof number);
+        return "#" + std::to_string(number);
+    }
+    bytes = "hex";
+    for (const std::uint8_t byte : entry.data) bytes += " " + std::to_string(byte);
+    return bytes;
+}
+
+std::optional<std::string> TestSystem::shown(const std::string& path, const std::string& name) {
+    const auto found = value(path, name);
+    return found ? std::optional(shown(*found)) : std::nullopt;
+}
+
+TestSystem::Tree TestSystem::tree(const std::string& path) {
+    Tree all;
+    if (!exists(path)) return all;
+    all[""];
+    for (const std::string& name : values(path)) all["|" + name] = *shown(path, name);
+    for (const std::string& key : keys(path))
+        for (const auto& [name, held] : tree(path + "\\" + key))
+            all[key + (name.empty() || name[0] == '|' ? "" : "\\") + name] = held;
+    return all;
+}
+
 // --- files and program files
 
 void TestSystem::writeFile(const std::string& name, std::string_view bytes) {
@@ -251,6 +281,12 @@ void TestSystem::seedModules() {
         }
         addProgram(file, program);
     }
+}
+
+void TestSystem::seedAll() {
+    seedZones();
+    seedBrowser();
+    seedModules();
 }
 
 void TestSystem::setBrowserVersion(const std::string& version) {

@@ -66,6 +66,12 @@ public:
     std::optional<sample::Entry> value(const std::string& path, const std::string& name);
     std::optional<std::string> text(const std::string& path, const std::string& name);  // without its zero
     std::optional<std::uint32_t> dword(const std::string& path, const std::string& name);
+    // A text, "#" and a number, or "hex" and other data's bytes.
+    static std::string shown(const sample::Entry& entry);
+    std::optional<std::string> shown(const std::string& path, const std::string& name);
+    // What is below a key, keys and values: {{"", ""}, {"|name", "#3"}, {"key", ""}, {"key|name", "text"}}.
+    using Tree = std::map<std::string, std::string>;
+    Tree tree(const std::string& path);
 
     // --- files and program files
 
@@ -84,6 +90,7 @@ public:
     void seedBrowser();  // what sandbox/browser.reg holds, two more zones and the browser's version among it
     // Program files with the icons that the built-in zones name, and the program's own: icons of 16, 32 and 48 pixels.
     void seedModules();
+    void seedAll();
     // As the browser's library and the registry tell it: "5.00.2614.3500". "": no browser.
     void setBrowserVersion(const std::string& version);
     // Ends the programs that were started; a real system's are waited for.
