@@ -3,6 +3,7 @@
 // it should be, and does the same action right the next time.
 #include <cstdio>
 #include <cstring>
+#include <regex>
 #include <set>
 
 #include "app/basMain.h"
@@ -22,20 +23,16 @@ using BackupFiles = std::map<std::string, std::string>;
 // A machine with the first few zones and, of the browser's data, one setting that stands for all: each further value
 // would cost a few hundred runs and take no new path.
 std::vector<sample::Entry> machine(char zones) {
+    static const std::regex unwanted(R"(\\TemplatePolicies\\(?!High$)|\\SO\\(?!ACTIVEX$|ACTIVEX\\DL_SIGNED)|)"
+                                     R"(\\Domains\\(?!.*supplier))");
     auto entries = sample::builtInZones();
     for (auto& entry : sample::readRegistryFile(sample::browserFile())) entries.push_back(entry);
     std::erase_if(entries, [&](const sample::Entry& entry) {
-        const auto after = [&](const char* text) {
-            const std::size_t at = entry.path.find(text);
-            return at == std::string::npos ? "" : entry.path.substr(at + std::strlen(text));
-        };
-        const std::string zone = after("\\Zones\\"), group = after("\\SO\\"), level = after("\\TemplatePolicies\\");
-        if (!zone.empty() && zone[0] >= '0' + zones) return true;
-        if (!zone.empty() && zone[0] < '5' && zones > 5)
+        const std::size_t at = entry.path.find("\\Zones\\");
+        const char zone = at == std::string::npos ? '0' : entry.path[at + 7];
+        if (zone >= '0' + zones || std::regex_search(entry.path, unwanted)) return true;
+        if (at != std::string::npos && zone < '5' && zones > 5)
             return entry.type != sample::Entry::NoValue && entry.name != "Flags";
-        if (!level.empty() && level != "High") return true;
-        if (!group.empty() && group != "ACTIVEX" && !group.starts_with("ACTIVEX\\DL_SIGNED")) return true;
-        if (!after("\\Domains\\").empty() && entry.path.find("supplier") == std::string::npos) return true;
         return entry.name.size() == 4 && entry.name[0] == '1' && entry.name != "1001";
     });
     const std::string map =
@@ -218,29 +215,22 @@ const Action Actions[] = {
 // One code for each way that a function's callers can take: the system has more, which nobody tells apart. None for
 // what cannot fail.
 std::vector<Result> codesOf(const std::string& function) {
-    static const std::map<std::string, std::vector<Result>> codes{
-        {"RegOpenKeyExA", {FileNotFound, AccessDenied}},
-        {"RegOpenKeyA", {FileNotFound, AccessDenied}},
-        {"RegEnumKeyExA", {OutOfMemory, MoreData}},
-        {"RegEnumValueA", {OutOfMemory, MoreData}},
-        {"RegQueryValueExA", {FileNotFound, OutOfMemory, MoreData}},
-        {"RegQueryInfoKeyA", {KeyDeleted}},
-        {"RegSetValueExA", {AccessDenied, KeyDeleted}},
-        {"findFirst", {FileNotFound, AccessDenied}},
-        {"attributes", {FileNotFound, AccessDenied}},
-        {"read", {FileNotFound, AccessDenied}},
-        {"append", {PathNotFound, DiskFull}},
-        {"createFolder", {AlreadyExists, DiskFull}},
-        {"LoadLibraryExA", {ModuleNotFound, BadExeFormat}},
-        {"EnumResourceNamesA", {NoSuchResource, OutOfMemory}},
-        {"FreeLibrary", {}},
-        {"DestroyIcon", {}},
-        {"findClose", {}},
-        // Without the folder a file is looked for by its name alone, which leads to the same file.
-        {"GetSystemDirectoryA", {}},
+    static const std::pair<const char*, std::vector<Result>> codes[] = {
+        {" RegOpenKeyExA RegOpenKeyA findFirst attributes read ", {FileNotFound, AccessDenied}},
+        {" RegEnumKeyExA RegEnumValueA ", {OutOfMemory, MoreData}},
+        {" RegQueryValueExA ", {FileNotFound, OutOfMemory, MoreData}},
+        {" RegQueryInfoKeyA ", {KeyDeleted}},
+        {" RegSetValueExA ", {AccessDenied, KeyDeleted}},
+        {" append ", {PathNotFound, DiskFull}},
+        {" createFolder ", {AlreadyExists, DiskFull}},
+        {" LoadLibraryExA ", {ModuleNotFound, BadExeFormat}},
+        {" EnumResourceNamesA ", {NoSuchResource, OutOfMemory}},
+        // Without the system's folder a file is looked for by its name alone, which leads to the same file.
+        {" FreeLibrary DestroyIcon findClose GetSystemDirectoryA ", {}},
     };
-    const auto found = codes.find(function);
-    return found == codes.end() ? std::vector<Result>{AccessDenied} : found->second;
+    for (const auto& [functions, given] : codes)
+        if (std::strstr(functions, (" " + function + " ").c_str())) return given;
+    return {AccessDenied};
 }
 
 // Whether the answer means that there is nothing, or leaves no way to tell the user.
@@ -271,11 +261,10 @@ struct Course {
 // What is not the same, by name.
 std::string difference(const std::map<std::string, std::string>& is, const std::map<std::string, std::string>& other) {
     std::string text;
-    if (is == other) return text;
-    auto all = is;
-    all.insert(other.begin(), other.end());
-    for (const auto& [name, data] : all)
-        if (!is.contains(name) || !other.contains(name) || is.at(name) != other.at(name)) text += name + "\n";
+    for (const auto& [name, data] : is)
+        if (!other.contains(name) || other.at(name) != data) text += name + "\n";
+    for (const auto& [name, data] : other)
+        if (!is.contains(name)) text += name + "\n";
     return text;
 }
 

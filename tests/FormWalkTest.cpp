@@ -85,11 +85,9 @@ bool isOneOf(const ui::Control& control) {
 }
 
 char accessKey(const std::string& caption) {
-    for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
-        if (caption[i] != '&') continue;
-        if (caption[i + 1] != '&') return static_cast<char>(std::tolower(static_cast<unsigned char>(caption[i + 1])));
-        ++i;
-    }
+    if (caption.empty()) return 0;
+    for (auto at = caption.find('&'); at < caption.size() - 1; at = caption.find('&', at + 2))
+        if (caption[at + 1] != '&') return static_cast<char>(std::tolower(static_cast<unsigned char>(caption[at + 1])));
     return 0;
 }
 

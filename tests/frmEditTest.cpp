@@ -20,6 +20,13 @@ struct frmEditTest : User {
         return form.levels.stored[static_cast<std::size_t>(index)].caption() + "|" +
                form.levels.cboSetting(index).text() + (form.levels.cmdApply(index).enabled() ? "|apply" : "");
     }
+    // Chooses a level and applies it, which the user is told something of.
+    std::string apply(frmEdit& form, int index, int entry, const char* message = nullptr) {
+        form.levels.cboSetting(index).choose(entry);
+        if (message) desktop.expectMessage(message);
+        form.levels.cmdApply(index).click();
+        return level(form, index);
+    }
     void setLevels(const std::string& zone, std::uint32_t level) {
         for (const LevelRow& row : LevelRows) system.setDword(zoneKey(zone), row.value, level);
     }
@@ -197,12 +204,6 @@ IN_MEMORY_TEST_F(frmEditTest, DoesNotSaveWhatCouldNotBeRead) {
             EXPECT_EQ(system.value(before.path, c.value)->data, before.data) << "saved as it was";
         });
     }
-    edit("2", [&](frmEdit& form) {
-        system.registry.watch.failOn("RegEnumKeyExA", 1, platform::OutOfMemory);
-        desktop.expectMessage("levels unreadable");
-        form.TabStrip1.choose(SecurityPage);
-        EXPECT_FALSE(form.levels.cmdApply(MinimumLevel).enabled());
-    });
 }
 
 // Another program -----------------------------------------------------------------------------------------------
@@ -334,65 +335,44 @@ TEST_F(frmEditTest, TurnsItsPagesByKeyboard) {
 }
 
 TEST_F(frmEditTest, WritesTheChosenRecommendedAndMinimumLevels) {
-    const std::tuple<const char*, int, const char*, const char*> cases[] = {{"2", MediumLow, "#66816", "#66816"},
-                                                                            {"1", DefaultEntry, "#66816", "#65536"},
-                                                                            {"5", DefaultEntry, "#73728", "#73728"}};
-    for (const auto& [zone, entry, recommended, minimum] : cases) {
+    const std::tuple<const char*, int, const char*> cases[] = {
+        {"2", MediumLow, "#66816#66816"}, {"1", DefaultEntry, "#66816#65536"}, {"5", DefaultEntry, "#73728#73728"}};
+    for (const auto& [zone, entry, written] : cases) {
         setLevels(zone, 70000);
         editPage(zone, SecurityPage, [&, entry = entry](frmEdit& form) {
-            for (const int index : {RecommendedLevel, MinimumLevel}) {
-                form.levels.cboSetting(index).setFocus();
-                form.levels.cboSetting(index).choose(entry);
-                form.pressEnter();
-                EXPECT_FALSE(form.levels.cmdApply(index).enabled());
-            }
+            for (const int index : {RecommendedLevel, MinimumLevel})
+                EXPECT_FALSE(apply(form, index, entry).ends_with("apply"));
         });
-        EXPECT_EQ(stored(zone, "RecommendedLevel"), recommended) << zone;
-        EXPECT_EQ(stored(zone, "MinLevel"), minimum) << zone;
+        EXPECT_EQ(stored(zone, "RecommendedLevel") + stored(zone, "MinLevel"), written) << zone;
         EXPECT_EQ(stored(zone, "CurrentLevel"), "#70000");
     }
 }
 
 IN_MEMORY_TEST_F(frmEditTest, AppliesATemplateAsCurrentLevel) {
     editPage("2", SecurityPage, [&](frmEdit& form) {
-        ui::ComboBox& box = form.levels.cboSetting(CurrentLevel);
-        box.choose(Medium);
         system.registry.watch.failOn("RegSetValueExA", 1, platform::AccessDenied);
-        desktop.expectMessage("saved in part");
-        form.levels.cmdApply(CurrentLevel).click();
-        ASSERT_TRUE(form.levels.cmdApply(CurrentLevel).enabled()) << "can be tried again";
-        form.levels.cmdApply(CurrentLevel).click();
-        EXPECT_EQ(stored("2", "1800"), "#1");
-        EXPECT_EQ(window().lblCurrent.caption(), "Medium");
-        EXPECT_EQ(level(form, CurrentLevel), "Low|Medium") << "the label waits for the page to be chosen again";
+        EXPECT_EQ(apply(form, CurrentLevel, Medium, "saved in part"), "Low|Medium|apply") << "can be tried again";
+        EXPECT_EQ(apply(form, CurrentLevel, Medium), "Low|Medium") << "waits for the page to be chosen again";
+        EXPECT_EQ(stored("2", "1800") + window().lblCurrent.caption(), "#1Medium");
         form.TabStrip1.choose(SecurityPage);
         EXPECT_EQ(level(form, CurrentLevel), "Medium|Medium");
-
         system.deleteTree(std::string(zones::TemplatesKey) + "\\High");
-        box.choose(High);
-        desktop.expectMessage("no template|High");
-        form.levels.cmdApply(CurrentLevel).click();
-        EXPECT_TRUE(form.levels.cmdApply(CurrentLevel).enabled());
-        box.choose(Low);
+        EXPECT_EQ(apply(form, CurrentLevel, High, "no template|High"), "Medium|High|apply");
         system.registry.watch.failOn("RegEnumValueA", 1, platform::OutOfMemory);
-        desktop.expectMessage("template unreadable|Low");
-        form.levels.cmdApply(CurrentLevel).click();
+        EXPECT_EQ(apply(form, CurrentLevel, Low, "template unreadable|Low"), "Medium|Low|apply");
         EXPECT_EQ(stored("2", "CurrentLevel"), "#69632");
     });
 }
 
 TEST_F(frmEditTest, EnterAppliesTheBoxThatHasTheFocusAndOtherwiseCloses) {
-    const std::function<ui::Control&(frmEdit&)> elsewhere[] = {
-        [](frmEdit& form) -> ui::Control& { return form.TabStrip1; },
-        [](frmEdit& form) -> ui::Control& { return form.levels.cmdSecurity; }};
-    for (const auto& other : elsewhere)
+    for (const bool onTabs : {true, false})
         editPage("2", SecurityPage, [&](frmEdit& form) {
             form.levels.cboSetting(CurrentLevel).choose(High);
             form.levels.cboSetting(MinimumLevel).setFocus();
             form.levels.cboSetting(MinimumLevel).choose(Medium);
             form.pressEnter();
             EXPECT_EQ(stored("2", "MinLevel"), "#69632");
-            other(form).setFocus();
+            onTabs ? form.TabStrip1.setFocus() : form.levels.cmdSecurity.setFocus();
             form.pressEnter();
             EXPECT_FALSE(form.loaded());
             EXPECT_EQ(stored("2", "CurrentLevel"), "#65536");

@@ -17,15 +17,21 @@ struct frmIconSelectorTest : IconFixture {
         addIcon("some.dll", std::uint16_t{7}, {16, 32}, 2);
         addIcon("some.dll", std::uint16_t{4480}, {48}, 3);
     }
-    // Runs the dialog on a file of the program folder, as a user who does `script` once the file has been read.
-    void use(const std::string& file, const std::function<void(frmIconSelector&)>& script) {
+    // Runs the dialog on a file of the program folder, as a user who does `script` once the file has been read; when
+    // that fails, which `onError` is told, some can be read all the same.
+    void use(const std::string& file, const std::function<void(frmIconSelector&)>& script,
+             const std::function<void(frmIconSelector&, frmError&)>& onError = {}) {
         frmIconSelector selector(program.platform, system.path(file), box, choose);
-        system.desktop.use<frmIconSelector>(
-            [&](frmIconSelector& shown) {
-                shown.tmrLoad.tick();
-                script(shown);
-            },
-            [&] { selector.showModal(); });
+        const auto read = [&](frmIconSelector& shown) {
+            if (onError)
+                system.desktop.expectForm<frmError>([&](frmError& error) {
+                    onError(shown, error);
+                    error.cmdContinue.click();
+                });
+            shown.tmrLoad.tick();
+            script(shown);
+        };
+        system.desktop.use<frmIconSelector>(read, [&] { selector.showModal(); });
     }
     static std::string identifiers(const frmIconSelector& form) {
         std::string all;
@@ -118,17 +124,15 @@ TEST_F(frmIconSelectorTest, DamagedIconsAreOneErrorAndTheOthersAreListed) {
         file.add(platform::RtGroupIcon, std::uint16_t{3}, icons::group({icons::image(32, 4)}, 500));  // no such image
     });
     addIcon("bad.dll", std::uint16_t{4}, {16});
-    system.desktop.expectForm<frmIconSelector>([&](frmIconSelector& form) {
-        system.desktop.expectForm<frmError>([](frmError& error) {
+    use(
+        "bad.dll",
+        [](frmIconSelector& form) {
+            EXPECT_EQ(identifiers(form), "1:1 2:4 ");
+            EXPECT_TRUE(form.lvwIcons.showing());
+        },
+        [](frmIconSelector&, frmError& error) {
             EXPECT_EQ(error.lblErrDescription.caption(), "Icon image is damaged.");
-            error.cmdContinue.click();
         });
-        form.tmrLoad.tick();
-        EXPECT_EQ(identifiers(form), "1:1 2:4 ");
-        EXPECT_TRUE(form.lvwIcons.showing());
-        form.closeBox();
-    });
-    frmIconSelector(program.platform, system.path("bad.dll"), box, choose).showModal();
 }
 
 TEST_F(frmIconSelectorTest, AZoneCannotUseTheIconsOf16BitProgramsAndIconFiles) {
@@ -162,17 +166,15 @@ IN_MEMORY_TEST_F(frmIconSelectorTest, WhateverFailsWhileIconsAreLoadedTheOthersA
     system.modules.watch.onCall = [&](const char* function) {
         if (std::string_view(function) == "LockResource" && ++calls == 3) throw std::bad_alloc();
     };
-    system.desktop.expectForm<frmIconSelector>([&](frmIconSelector& form) {
-        system.desktop.expectForm<frmError>([&](frmError& error) {
+    use(
+        "some.dll",
+        [](frmIconSelector& form) {
+            EXPECT_EQ(identifiers(form), "1:7 2:4480 ");
+            EXPECT_EQ(form.ilsIcons16.picture(1), picture(16, 2));
+        },
+        [](frmIconSelector& form, frmError&) {
             EXPECT_EQ(form.lvwIcons.count(), 2) << "they are there before the error is shown";
-            error.cmdContinue.click();
         });
-        form.tmrLoad.tick();
-        EXPECT_EQ(identifiers(form), "1:7 2:4480 ");
-        EXPECT_EQ(form.ilsIcons16.picture(1), picture(16, 2));
-        form.closeBox();
-    });
-    frmIconSelector(program.platform, system.path("some.dll"), box, choose).showModal();
     system.modules.watch.onCall = nullptr;
 }
 

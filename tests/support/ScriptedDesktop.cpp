@@ -7,10 +7,6 @@
 #include "support/texts.h"
 #include "ui/Label.h"
 
-ScriptedDesktop::~ScriptedDesktop() {
-    settle();
-}
-
 void ScriptedDesktop::settle() {
     for (const Expectation& left : expected_)
         if (!patient) ADD_FAILURE() << "expected, but did not come: " << left.what << " " << left.text;
@@ -18,15 +14,11 @@ void ScriptedDesktop::settle() {
 }
 
 void ScriptedDesktop::expectMessage(const std::string& name, ui::Answer answer, std::function<void()> meanwhile) {
-    expected_.push_back({"message", {}, {}, texts::message(name), answer, {}, std::move(meanwhile)});
+    expected_.push_back({"message", {}, {}, texts::message(name), answer, std::move(meanwhile)});
 }
 
 void ScriptedDesktop::expectFile(std::optional<std::string> path, std::string start) {
-    expected_.push_back({"file", {}, {}, std::move(start), ui::Answer::Ok, std::move(path), {}});
-}
-
-void ScriptedDesktop::expectAnyForm(std::function<bool(const ui::Form&)> fits, std::function<void(ui::Form&)> script) {
-    expected_.push_back({"form", std::move(fits), std::move(script), {}, ui::Answer::Ok, {}, {}});
+    expected_.push_back({"file", {}, {}, std::move(start), ui::Answer::Ok, {}, std::move(path)});
 }
 
 std::optional<ScriptedDesktop::Expectation> ScriptedDesktop::next(const std::string& what, const std::string& surprise,

@@ -18,8 +18,8 @@
 class ScriptedDesktop : public ui::Desktop {
 public:
     explicit ScriptedDesktop(ui::Desktop& inner) : inner_(inner) {}
-    int dots = 0;                 // to the inch; 0: as the screen has them
-    ~ScriptedDesktop() override;  // fails the test when something expected has not happened
+    int dots = 0;                              // to the inch; 0: as the screen has them
+    ~ScriptedDesktop() override { settle(); }  // fails the test when something expected has not happened
 
     // By its name and parts in texts.txt, or its text. `meanwhile` runs while the message is open: another program's
     // chance to interfere.
@@ -30,8 +30,8 @@ public:
     // The script uses the form and closes it. One that is left open is unloaded and fails the test.
     template <class F>
     void expectForm(std::function<void(F&)> script) {
-        expectAnyForm([](const ui::Form& form) { return dynamic_cast<const F*>(&form) != nullptr; },
-                      [script](ui::Form& form) { script(dynamic_cast<F&>(form)); });
+        const auto fits = [](const ui::Form& form) { return dynamic_cast<const F*>(&form) != nullptr; };
+        expected_.push_back({"form", fits, [script](ui::Form& form) { script(dynamic_cast<F&>(form)); }});
     }
     // The form that `open` brings up is used, and closed with Escape if it is still there.
     template <class F>
@@ -74,12 +74,11 @@ private:
         std::string what;
         std::function<bool(const ui::Form&)> fits;
         std::function<void(ui::Form&)> script;
-        std::string text;
+        std::string text = {};
         ui::Answer answer = ui::Answer::Ok;
-        std::optional<std::string> path;
-        std::function<void()> meanwhile;
+        std::function<void()> meanwhile = {};
+        std::optional<std::string> path = {};
     };
-    void expectAnyForm(std::function<bool(const ui::Form&)> fits, std::function<void(ui::Form&)> script);
     // The next expectation when it is of the kind `what`; otherwise fails the test with `surprise`. A patient user's
     // must fit, too.
     std::optional<Expectation> next(const std::string& what, const std::string& surprise,

@@ -29,9 +29,11 @@ constexpr const char* OwnedKeys[] = {
     Started,
 };
 
-std::pair<HKey, std::string> split(const std::string& path) {
-    return {path.starts_with("HKEY_LOCAL_MACHINE") ? HKeyLocalMachine : HKeyCurrentUser,
-            path.substr(path.find('\\') + 1)};
+std::optional<std::uint32_t> numberIn(const sample::Entry& entry) {
+    std::uint32_t number = 0;
+    if (entry.type != RegDword || entry.data.size() != sizeof number) return {};
+    std::memcpy(&number, entry.data.data(), sizeof number);
+    return number;
 }
 
 }  // namespace
@@ -72,78 +74,60 @@ void TestSystem::reset() {
 
 // --- the registry
 
-HKey TestSystem::openPath(const std::string& path, AccessMask access, bool create) {
-    const auto [root, subKey] = split(path);
-    HKey key = 0;
-    if (create)
-        services_.registry.RegCreateKeyExA(root, subKey, access, key);
-    else
-        services_.registry.RegOpenKeyExA(root, subKey, access, key);
-    return key;
-}
+// One that is open. Where it is, nothing is watched.
+class TestSystem::Key {
+public:
+    Key(TestSystem& system, const std::string& path, AccessMask access)
+        : pause_(system.watch), registry_(system.services_.registry) {
+        const HKey root = path.starts_with("HKEY_LOCAL_MACHINE") ? HKeyLocalMachine : HKeyCurrentUser;
+        const std::string subKey = path.substr(path.find('\\') + 1);
+        if (access == KeySetValue)
+            registry_.RegCreateKeyExA(root, subKey, access, key_);
+        else
+            registry_.RegOpenKeyExA(root, subKey, access, key_);
+    }
+    ~Key() { registry_.RegCloseKey(key_); }
+    Key(const Key&) = delete;
+    Key& operator=(const Key&) = delete;
+    operator HKey() const { return key_; }
+
+private:
+    const simulated::Watch::Pause pause_;
+    Registry& registry_;
+    HKey key_ = 0;
+};
 
 void TestSystem::makeKey(const std::string& path) {
-    const simulated::Watch::Pause pause(watch);
-    services_.registry.RegCloseKey(openPath(path, KeySetValue, true));
-}
-
-void TestSystem::set(const sample::Entry& entry) {
-    import({entry});
-}
-
-void TestSystem::setText(const std::string& path, const std::string& name, std::string_view text) {
-    set(sample::text(path, name, text));
-}
-
-void TestSystem::setDword(const std::string& path, const std::string& name, std::uint32_t number) {
-    set(sample::dword(path, name, number));
-}
-
-void TestSystem::setBinary(const std::string& path, const std::string& name, const Bytes& data) {
-    set({path, name, RegBinary, data});
+    const Key made(*this, path, KeySetValue);
 }
 
 void TestSystem::import(const std::vector<sample::Entry>& entries) {
-    const simulated::Watch::Pause pause(watch);
     for (const sample::Entry& entry : entries) {
-        const HKey key = openPath(entry.path, KeySetValue, true);
+        const Key key(*this, entry.path, KeySetValue);
         if (entry.type != sample::Entry::NoValue)
             services_.registry.RegSetValueExA(key, entry.name, entry.type, entry.data.data(),
                                               static_cast<std::uint32_t>(entry.data.size()));
-        services_.registry.RegCloseKey(key);
     }
 }
 
 void TestSystem::deleteTree(const std::string& path) {
-    const simulated::Watch::Pause pause(watch);
     for (const std::string& name : keys(path)) deleteTree(path + "\\" + name);
-    const HKey key = path.find('\\') == std::string::npos ? 0 : openPath(path, KeyQueryValue, false);
-    if (key == 0) return;
-    services_.registry.RegDeleteKeyA(key, "");
-    services_.registry.RegCloseKey(key);
+    if (const Key key(*this, path, KeyQueryValue); key) services_.registry.RegDeleteKeyA(key, "");
 }
 
 void TestSystem::deleteValue(const std::string& path, const std::string& name) {
-    const simulated::Watch::Pause pause(watch);
-    const HKey key = openPath(path, KeySetValue, false);
-    services_.registry.RegDeleteValueA(key, name);
-    services_.registry.RegCloseKey(key);
+    services_.registry.RegDeleteValueA(Key(*this, path, KeyQueryValue | KeySetValue), name);
 }
 
 bool TestSystem::exists(const std::string& path) {
-    const simulated::Watch::Pause pause(watch);
-    const HKey key = openPath(path, KeyQueryValue, false);
-    services_.registry.RegCloseKey(key);
-    return key != 0;
+    return Key(*this, path, KeyQueryValue);
 }
 
 std::vector<std::string> TestSystem::names(const std::string& path, bool ofKeys) {
-    const simulated::Watch::Pause pause(watch);
     std::vector<std::string> names;
-    const HKey key = openPath(path, KeyQueryValue | KeyEnumerateSubKeys, false);
-    if (key == 0) return names;
+    const Key key(*this, path, KeyQueryValue | KeyEnumerateSubKeys);
     std::string name(16384, '\0');
-    for (std::uint32_t index = 0;; ++index) {
+    for (std::uint32_t index = 0; key; ++index) {
         auto length = static_cast<std::uint32_t>(name.size());
         RegType type = 0;
         std::uint32_t size = 0;
@@ -153,57 +137,36 @@ std::vector<std::string> TestSystem::names(const std::string& path, bool ofKeys)
         if (code != Success) break;
         names.push_back(name.substr(0, length));
     }
-    services_.registry.RegCloseKey(key);
     return names;
 }
 
-std::vector<std::string> TestSystem::keys(const std::string& path) {
-    return names(path, true);
-}
-std::vector<std::string> TestSystem::values(const std::string& path) {
-    return names(path, false);
-}
-
 std::optional<sample::Entry> TestSystem::value(const std::string& path, const std::string& name) {
-    const simulated::Watch::Pause pause(watch);
     sample::Entry entry{path, name, 0, {}};
-    const HKey key = openPath(path, KeyQueryValue, false);
+    const Key key(*this, path, KeyQueryValue);
     std::uint32_t size = 0;
-    Result code = services_.registry.RegQueryValueExA(key, name, entry.type, nullptr, size);
+    if (services_.registry.RegQueryValueExA(key, name, entry.type, nullptr, size) != Success) return {};
     entry.data.resize(size);
-    if (code == Success) code = services_.registry.RegQueryValueExA(key, name, entry.type, entry.data.data(), size);
-    services_.registry.RegCloseKey(key);
-    return code == Success ? std::optional(entry) : std::nullopt;
+    services_.registry.RegQueryValueExA(key, name, entry.type, entry.data.data(), size);
+    return entry;
 }
 
 std::optional<std::string> TestSystem::text(const std::string& path, const std::string& name) {
     const auto found = value(path, name);
-    if (!found || found->type == RegDword || found->type == RegBinary) return {};
-    std::string text(found->data.begin(), found->data.end());
-    if (text.ends_with('\0')) text.pop_back();
-    return text;
+    return found && found->type != RegDword && found->type != RegBinary ? std::optional(shown(*found)) : std::nullopt;
 }
 
 std::optional<std::uint32_t> TestSystem::dword(const std::string& path, const std::string& name) {
     const auto found = value(path, name);
-    if (!found || found->type != RegDword || found->data.size() != 4) return {};
-    std::uint32_t number = 0;
-    std::memcpy(&number, found->data.data(), sizeof number);
-    return number;
+    return found ? numberIn(*found) : std::nullopt;
 }
 
 std::string TestSystem::shown(const sample::Entry& entry) {
-    std::string bytes(entry.data.begin(), entry.data.end());
-    if (entry.type == RegSz && bytes.ends_with('\0')) return bytes.substr(0, bytes.size() - 1);
-    if (entry.type == RegSz) return bytes;
-    std::uint32_t number = 0;
-    if (entry.type == RegDword && bytes.size() == 4) {
-        std::memcpy(&number, bytes.data(), sizeof number);
-        return "#" + std::to_string(number);
-    }
-    bytes = "hex";
-    for (const std::uint8_t byte : entry.data) bytes += " " + std::to_string(byte);
-    return bytes;
+    std::string text(entry.data.begin(), entry.data.end());
+    if (const auto number = numberIn(entry)) return "#" + std::to_string(*number);
+    if (entry.type != RegBinary) return text.ends_with('\0') ? text.substr(0, text.size() - 1) : text;
+    text = "hex";
+    for (const std::uint8_t byte : entry.data) text += " " + std::to_string(byte);
+    return text;
 }
 
 std::optional<std::string> TestSystem::shown(const std::string& path, const std::string& name) {
@@ -213,8 +176,7 @@ std::optional<std::string> TestSystem::shown(const std::string& path, const std:
 
 TestSystem::Tree TestSystem::tree(const std::string& path) {
     Tree all;
-    if (!exists(path)) return all;
-    all[""];
+    if (exists(path)) all[""];
     for (const std::string& name : values(path)) all["|" + name] = *shown(path, name);
     for (const std::string& key : keys(path))
         for (const auto& [name, held] : tree(path + "\\" + key))
@@ -257,10 +219,6 @@ std::string TestSystem::addProgram(const std::string& name, const simulated::Pro
 }
 
 // --- what a machine has
-
-void TestSystem::seedZones() {
-    import(sample::builtInZones());
-}
 
 void TestSystem::seedBrowser() {
     static const std::vector<sample::Entry> entries = sample::readRegistryFile(sample::browserFile());

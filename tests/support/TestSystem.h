@@ -52,17 +52,24 @@ public:
     // --- the registry, by paths such as "HKEY_CURRENT_USER\\Software\\..."; keys are made as needed
 
     void makeKey(const std::string& path);
-    void setText(const std::string& path, const std::string& name, std::string_view text);
-    void setDword(const std::string& path, const std::string& name, std::uint32_t number);
-    void setBinary(const std::string& path, const std::string& name, const platform::Bytes& data);
-    void set(const sample::Entry& entry);
+    void setText(const std::string& path, const std::string& name, std::string_view text) {
+        import({sample::text(path, name, text)});
+    }
+    void setDword(const std::string& path, const std::string& name, std::uint32_t number) {
+        import({sample::dword(path, name, number)});
+    }
+    void setBinary(const std::string& path, const std::string& name, const platform::Bytes& data) {
+        import({{ path, name, platform::RegBinary, data }});
+    }
+    void set(const sample::Entry& entry) { import({entry}); }
     void import(const std::vector<sample::Entry>& entries);
     void deleteTree(const std::string& path);
     void deleteValue(const std::string& path, const std::string& name);
 
     bool exists(const std::string& path);
-    std::vector<std::string> keys(const std::string& path);    // in the system's order
-    std::vector<std::string> values(const std::string& path);  // names, in the system's order
+    // In the system's order.
+    std::vector<std::string> keys(const std::string& path) { return names(path, true); }
+    std::vector<std::string> values(const std::string& path) { return names(path, false); }
     std::optional<sample::Entry> value(const std::string& path, const std::string& name);
     std::optional<std::string> text(const std::string& path, const std::string& name);  // without its zero
     std::optional<std::uint32_t> dword(const std::string& path, const std::string& name);
@@ -86,7 +93,7 @@ public:
 
     // --- what a machine has
 
-    void seedZones();    // the five built-in zones
+    void seedZones() { import(sample::builtInZones()); }  // the five built-in ones
     void seedBrowser();  // what sandbox/browser.reg holds, two more zones and the browser's version among it
     // Program files with the icons that the built-in zones name, and the program's own: icons of 16, 32 and 48 pixels.
     void seedModules();
@@ -98,7 +105,7 @@ public:
 
 private:
     void reset();
-    platform::HKey openPath(const std::string& path, platform::AccessMask access, bool create);
+    class Key;
     std::vector<std::string> names(const std::string& path, bool ofKeys);
 
     platform::Platform platform_{services_.registry, services_.files,   services_.modules,  services_.memory,
