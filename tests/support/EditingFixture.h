@@ -4,7 +4,9 @@
 #include "support/User.h"
 
 struct EditingFixture : User {
-    EditingFixture() { system.seedAll(); }
-    ~EditingFixture() override { window->unload(); }
-    frmMain* window = &User::window();
+    EditingFixture() {
+        system.seedAll();
+        window = &User::window();
+    }
+    frmMain* window = nullptr;
 };
