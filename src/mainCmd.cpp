@@ -9,13 +9,23 @@
 #include "win32/Registry.h"
 #include "win32/System.h"
 
+namespace {
+
+// Backups, and what else names the program, speak of the one with windows.
+class System : public win32::System {
+public:
+    std::string programName() override { return "Tavimor"; }
+};
+
+}  // namespace
+
 int main(int count, char** arguments) {
     win32::Console console;
     win32::Registry registry;
     win32::Files files;
     win32::Modules modules;
     win32::Memory memory;
-    win32::System system;
+    System system;
     win32::Browser browser;
     win32::Launcher launcher;
     command::ConsoleDesktop desktop(console, false);

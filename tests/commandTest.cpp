@@ -14,9 +14,13 @@ class TestConsole : public platform::Console {
 public:
     std::string printed;
     std::optional<std::string> answer;
+    bool full = false;
     std::function<void()> onPause;
 
-    void print(std::string_view text) override { printed += text; }
+    bool print(std::string_view text) override {
+        printed += text;
+        return !full;
+    }
     void printError(std::string_view text) override { printed += "! " + std::string(text); }
     bool canAsk() override { return answer.has_value(); }
     std::string ask(std::string_view question) override {
@@ -24,6 +28,7 @@ public:
         return *answer;
     }
     void pause() override { onPause(); }
+    std::size_t width(std::string_view text) override { return text.size(); }
     std::string fromUtf16(std::u16string_view text) override { return {text.begin(), text.end()}; }
     std::string fromBytes(std::string_view bytes) override { return std::string(bytes); }
 };
@@ -122,6 +127,7 @@ TEST_F(CommandTest, ReadsExportsHoweverTheyAreWritten) {
         {"line ends of CR", "REGEDIT4\r\r" + Key.substr(0, Key.size() - 1) +
                                 "\"DisplayName\"=\"A \\\"b\\\" \\\\c\"\r"
                                 "\"1001\"=dword:3\r\"Blob\"=hex:1,A0,\\\r FF\r\"Path\"=hex(2):43,3a,0\r"},
+        {"two put together", wide(header5 + Key + values) + wide(header5 + Key + "\"Blob\"=hex:01,a0,ff\r\n" + path5)},
         {"deletions and comments", plain + "  ; a remark\r\n \t\r\n\"1200\"=dword:1\r\n\"1200\"=-\r\n\"1201\"=-\r\n" +
                                        Key.substr(0, Key.size() - 5) + "\\9\\1]\r\n@=\"\"\r\n[-" +
                                        Key.substr(1, Key.size() - 6) + "\\9]\r\n"},
@@ -132,27 +138,40 @@ TEST_F(CommandTest, ReadsExportsHoweverTheyAreWritten) {
         EXPECT_EQ(console.printed, "") << name;
     }
     // What one of them leaves out is seen.
-    system.writeFile("other.reg", header5 + Key + values);
+    system.writeFile("other.reg", header5 + Key + values + "\"Description\"=\"two\r\n\r\n \\\"lines\\\"\"\r\n");
     EXPECT_EQ(run({"diff", "file:" + system.path("plain.reg"), "file:" + system.path("other.reg")}), 1);
     EXPECT_EQ(console.printed,
-              "Zone 3, A \"b\" \\c\n  Blob: binary 1 A0 FF -> (missing)\n  Path: \"C:\" -> (missing)\n");
+              "Zone 3, A \"b\" \\c\n  Description: (missing) -> two     \"lines\"\n"
+              "  Blob: binary 1 A0 FF -> (missing)\n  Path: \"C:\" -> (missing)\n");
 }
 
 TEST_F(CommandTest, TellsTheLineThatItCannotRead) {
     const std::pair<std::string, const char*> cases[] = {
-        {"", "line 1: it is no registry export"},
-        {"Zones\r\n", "line 1: it is no registry export"},
-        {"REGEDIT4\r\n\r\n\"1001\"=dword:3\r\n", "line 3 cannot be understood: \"1001\"=dword:3"},
-        {"REGEDIT4\r\n[HKEY_NOWHERE\\Zones]\r\n", "line 2 cannot be understood: [HKEY_NOWHERE\\Zones]"},
-        {"REGEDIT4\r\n" + Key + "\"1001\"=dword:xyz\r\n", "line 3 cannot be understood: \"1001\"=dword:xyz"},
-        {"REGEDIT4\r\n" + Key + "\"1001\"=hex:01,\\\r\n 1000\r\n", "line 3 cannot be understood: \"1001\"=hex:01,\\"},
-        {"REGEDIT4\r\n" + Key + "\"1001\"=\"open\r\n", "line 3 cannot be understood: \"1001\"=\"open"},
+        {"",
+         "line 1: it is no registry export, which begins with \"REGEDIT4\" or \"Windows Registry Editor Version "
+         "5.00\""},
+        {"Zones\r\n",
+         "line 1: it is no registry export, which begins with \"REGEDIT4\" or \"Windows Registry Editor Version "
+         "5.00\""},
+        {"REGEDIT4\r\n\r\n\"1001\"=dword:3\r\n", "line 3 cannot be understood, mend or delete it: \"1001\"=dword:3"},
+        {"REGEDIT4\r\n[HKEY_NOWHERE\\Zones]\r\n",
+         "line 2 cannot be understood, mend or delete it: [HKEY_NOWHERE\\Zones]"},
+        {"REGEDIT4\r\n" + Key + "\"1001\"=dword:xyz\r\n",
+         "line 3 cannot be understood, mend or delete it: \"1001\"=dword:xyz"},
+        {"REGEDIT4\r\n" + Key + "\"1001\"=hex:01,\\\r\n 1000\r\n",
+         "line 3 cannot be understood, mend or delete it: \"1001\"=hex:01,\\"},
+        {"REGEDIT4\r\n" + Key + "\"1001\"=\"open\r\n\"a\"=\"b\"\r\n",
+         "line 3 cannot be understood, mend or delete it: \"1001\"=\"open"},
     };
     for (const auto& [text, wrong] : cases) {
         system.writeFile("wrong.reg", text);
         EXPECT_EQ(run({"--from", system.path("wrong.reg"), "zones"}), 2) << wrong;
         EXPECT_EQ(console.printed, "! TavimorCmd: \"" + system.path("wrong.reg") + "\", " + wrong + "\n");
     }
+    system.writeFile("none.reg", "REGEDIT4\r\n");
+    EXPECT_EQ(run({"--from", system.path("none.reg"), "zones"}), 2);
+    EXPECT_TRUE(console.printed.starts_with("! TavimorCmd: There are no zones in \"" + system.path("none.reg") + "\""))
+        << console.printed;
     EXPECT_EQ(run({"--from", system.path("gone.reg"), "zones"}), 2);
     EXPECT_TRUE(console.printed.starts_with("! TavimorCmd: \"" + system.path("gone.reg") + "\" cannot be read. "));
 }
@@ -178,7 +197,7 @@ IN_MEMORY_TEST_F(CommandTest, ComparesNothingThatCannotBeRead) {
 TEST_F(CommandTest, BacksUpAndRestores) {
     system.seedZones();
     system.seedBrowser();
-    ASSERT_EQ(run({"backup", "Before the change"}), 0);
+    ASSERT_EQ(run({"backup", " Before\nthe change"}), 0);
     EXPECT_EQ(console.printed, "3-9-2000 1457\n");
     const std::string name = "3-9-2000 1457";
     EXPECT_EQ(run({"diff", "backup:" + name}), 0);
@@ -205,6 +224,8 @@ TEST_F(CommandTest, BacksUpAndRestores) {
     EXPECT_EQ(run({"diff", "backup:" + name}), 0);
     EXPECT_EQ(run({"backups"}), 0);
     EXPECT_EQ(console.printed, "Name           Description\n3-9-2000 1457  Before the change\n");
+    console.full = true;
+    EXPECT_EQ(run({"backups"}), 2) << "nobody has got the list";
 }
 
 }  // namespace

@@ -281,12 +281,30 @@ std::optional<ExportedValue> RegistryExport::ownText(std::string_view line) {
 
 RegistryExport::Item RegistryExport::editorsItem() {
     const std::string_view line = lines_[at_++];
+    if (auto text = own_ ? std::nullopt : editorsText(line)) return *std::move(text);
     if (!line.ends_with('\\') || !holdsBytes(line)) return asEditorsRead(line);
     // Binary data goes on in the next line after a backslash.
     std::string joined(line);
     for (; joined.ends_with('\\') && at_ < lines_.size(); joined.append(withoutBlanks(lines_[at_++])))
         joined.pop_back();
     return asEditorsRead(joined);
+}
+
+// A text with line breaks in it, which some editors write as they are. Leaves `at_` behind its last line; where it was
+// when `line` opens none.
+std::optional<RegistryExport::Item> RegistryExport::editorsText(std::string_view line) {
+    std::string_view rest = withoutBlanks(line);
+    if (!takeName(rest) || !rest.starts_with('"') || takeQuoted(rest)) return std::nullopt;
+    for (std::size_t i = at_; i < lines_.size() && !opensBlock(lines_[i]); ++i) {
+        const std::string inText = "\"" + std::string(lines_[i]);
+        if (std::string_view open = inText; !takeQuoted(open)) continue;
+        const std::string_view whole(line.data(), static_cast<std::size_t>(lines_[i].end() - line.begin()));
+        Item item = asEditorsRead(whole);
+        if (item.kind != Kind::Value || whole.find('\0') != None) break;
+        at_ = i + 1;
+        return item;
+    }
+    return std::nullopt;
 }
 
 RegistryExport::Item RegistryExport::asEditorsRead(std::string_view line) {

@@ -1,10 +1,10 @@
 // Reads registry exports: lines to keys and values. What may be done with them is for the caller to decide.
 //
 // Two ways of writing are read. The registry editor's own ("REGEDIT4", and version 5.00 in UTF-16): a backslash before
-// quotes and backslashes in names and texts, binary data in hexadecimal. And this program's, from its comment line on:
-// names and texts stand between quotes as they are, quotes and line breaks included; backslashes are doubled in "Icon"
-// alone. There the end of a text is a quote at the end of a line after which another value, another key or the end of
-// the file follows. Several exports may follow one another in a file.
+// quotes and backslashes in names and texts, line breaks as they are, binary data in hexadecimal. And this program's,
+// from its comment line on: names and texts stand between quotes as they are, quotes and line breaks included;
+// backslashes are doubled in "Icon" alone. There the end of a text is a quote at the end of a line after which another
+// value, another key or the end of the file follows. Several exports may follow one another in a file.
 //
 // The time taken and the memory used are bounded by a small multiple of the file's size, whatever is in it.
 #pragma once
@@ -69,6 +69,7 @@ private:
     std::optional<ExportedValue> ownValue();
     std::optional<ExportedValue> ownText(std::string_view line);
     Item editorsItem();
+    std::optional<Item> editorsText(std::string_view line);
 
     std::string bytes_;
     std::vector<std::string_view> lines_;   // of bytes_, without their ends

@@ -7,11 +7,11 @@ namespace command {
 ui::Answer ConsoleDesktop::messageBox(const std::string& text, const std::string&, ui::MessageStyle style) {
     ++messages_;
     if (style == ui::MessageStyle::Exclamation) {
-        console_.printError(text + "\n");
+        console_.printError("TavimorCmd: " + text + "\n");
         return ui::Answer::Ok;
     }
     if (yes_ || !console_.canAsk()) {
-        console_.printError(text + (yes_ ? " Yes\n" : " No\n"));
+        console_.printError("TavimorCmd: " + text + (yes_ ? " Yes\n" : " No\n"));
         return yes_ ? ui::Answer::Yes : ui::Answer::No;
     }
     return confirmed(text) ? ui::Answer::Yes : ui::Answer::No;

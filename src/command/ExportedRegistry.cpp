@@ -16,20 +16,26 @@ using platform::Bytes;
 using platform::HKey;
 using platform::Result;
 
+constexpr std::size_t Shown = 80;  // characters of a line that cannot be understood
 constexpr std::string_view Header4 = "REGEDIT4", Header5 = "Windows Registry Editor Version 5.00";
 
+constexpr char16_t Mark = 0xFEFF;  // of the byte order
+
+// Without marks: where two exports have been put together one stands in the middle.
 std::u16string utf16Of(std::string_view bytes) {
     std::u16string text;
     text.reserve(bytes.size() / 2);
     for (std::size_t i = 0; i + 1 < bytes.size(); i += 2)
-        text.push_back(static_cast<char16_t>(static_cast<unsigned char>(bytes[i]) |
-                                             static_cast<unsigned char>(bytes[i + 1]) << 8));
+        if (const auto unit = static_cast<char16_t>(static_cast<unsigned char>(bytes[i]) |
+                                                    static_cast<unsigned char>(bytes[i + 1]) << 8);
+            unit != Mark)
+            text.push_back(unit);
     return text;
 }
 
-// The file's text in the program's code page, without a mark of its byte order.
+// The file's text in the program's code page.
 std::string textOf(std::string_view bytes, platform::Console& console) {
-    if (bytes.starts_with("\xFF\xFE")) return console.fromUtf16(utf16Of(bytes.substr(2)));
+    if (bytes.starts_with("\xFF\xFE")) return console.fromUtf16(utf16Of(bytes));
     if (bytes.size() > 1 && bytes[1] == '\0') return console.fromUtf16(utf16Of(bytes));  // "W" without a mark
     return console.fromBytes(bytes);
 }
@@ -135,13 +141,16 @@ private:
 std::string ExportedRegistry::load(std::string_view bytes, platform::Console& console) {
     std::string text = textOf(bytes, console);
     const std::string start = text.substr(0, text.find_first_of("\r\n"));
-    if (start != Header4 && start != Header5) return "line 1: it is no registry export";
+    if (start != Header4 && start != Header5)
+        return "line 1: it is no registry export, which begins with \"" + std::string(Header4) + "\" or \"" +
+               std::string(Header5) + "\"";
+
     RegistryExport source(std::move(text));
     Loading loading(*this, console, start == Header5);
     while (const auto item = source.next())
         if (!loading.take(*item))
             return "line " + util::toDecimal(static_cast<std::uint32_t>(item->line)) +
-                   " cannot be understood: " + std::string(item->lines.front());
+                   " cannot be understood, mend or delete it: " + std::string(item->lines.front().substr(0, Shown));
     return {};
 }
 

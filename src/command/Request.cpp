@@ -96,6 +96,13 @@ constexpr option LongOptions[] = {
     {"yes", no_argument, nullptr, OptionYes},         {"help", no_argument, nullptr, OptionHelp},
     {"version", no_argument, nullptr, OptionVersion}, {nullptr, 0, nullptr, 0}};
 
+// What getopt_long has just stopped at. Of letters behind one dash it does not tell where they stand.
+[[noreturn]] void refuse(const std::string& last) {
+    if (optopt >= OptionCsv) wrong("Nothing belongs behind \"" + last.substr(0, last.find('=')) + "\" but a blank.");
+    const std::string unknown = optopt == 0 ? last : std::string("-") + static_cast<char>(optopt);
+    wrong("There is no option \"" + unknown + "\". TavimorCmd --help lists the options.");
+}
+
 }  // namespace
 
 Request parse(const std::vector<std::string>& arguments) {
@@ -110,7 +117,7 @@ Request parse(const std::vector<std::string>& arguments) {
     opterr = 0;  // our own sentences
     optind = 0;  // from the beginning: it may have been called before
     const int count = static_cast<int>(texts.size());
-    for (int found; (found = getopt_long(count, pointers.data(), "", LongOptions, nullptr)) != -1;) {
+    for (int found; (found = getopt_long(count, pointers.data(), ":", LongOptions, nullptr)) != -1;) {
         switch (found) {
             case OptionCsv:
                 request.csv = true;
@@ -127,10 +134,10 @@ Request parse(const std::vector<std::string>& arguments) {
             case OptionVersion:
                 version = true;
                 break;
+            case ':':
+                wrong("\"--from\" needs the name of an export behind it.");
             default:
-                wrong("The option \"" + std::string(pointers[static_cast<std::size_t>(optind - 1)]) +
-                      "\" is unknown, or something is missing or superfluous behind it. TavimorCmd --help "
-                      "lists the options.");
+                refuse(pointers[static_cast<std::size_t>(optind - 1)]);
         }
     }
     for (int i = optind; i < count; ++i) request.operands.emplace_back(pointers[static_cast<std::size_t>(i)]);

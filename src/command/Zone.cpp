@@ -19,7 +19,8 @@ void sortByName(std::vector<ListedValue>& values) {
 }
 
 [[noreturn]] void unreadable(const std::string& key) {
-    throw util::Error(util::NumberFileAccess, "command", "The registry key \"" + key + "\" cannot be read.");
+    throw util::Error(util::NumberFileAccess, "command",
+                      "The registry key \"" + key + "\" cannot be read: look at its permissions.");
 }
 
 template <std::size_t N>
@@ -95,7 +96,10 @@ Zone readLevel(clsRegistry& registry, int level) {
     auto values = zones::templateOf(registry, level);
     if (watch.failed()) unreadable(zones::TemplatesKey);
     const std::string name = zones::Levels.at(static_cast<std::size_t>(level)).name;
-    if (!values) throw util::Error(util::NumberFileNotFound, "command", "There is no template for \"" + name + "\".");
+    if (!values)
+        throw util::Error(
+            util::NumberFileNotFound, "command",
+            "The level \"" + name + "\" has no template, which would be below \"" + zones::TemplatesKey + "\".");
     std::erase_if(*values, [](const ListedValue& v) { return !zones::isSetting(v); });
     sortByName(*values);
     return {{}, std::move(*values)};

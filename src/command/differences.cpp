@@ -37,20 +37,21 @@ private:
 
     // A single zone is compared with its like; the others on the other side are not missing here.
     void byNumber() {
-        for (const Zone& zone : a_.zones)
-            if (const Zone* other = zoneOf(b_, zone.key))
-                compare(zone, *other);
-            else if (!b_.single)
-                found_.push_back({zone.key, zone.name(), "", "only in " + a_.text, ""});
-        for (const Zone& zone : b_.zones)
-            if (!a_.single && !zoneOf(a_, zone.key))
-                found_.push_back({zone.key, zone.name(), "", "", "only in " + b_.text});
+        auto a = a_.zones.begin(), b = b_.zones.begin();
+        const auto endA = a_.zones.end(), endB = b_.zones.end();
+        while (a != endA || b != endB)
+            if (b == endB || (a != endA && before(a->key, b->key)))
+                onlyIn(a_, *a++, b_);
+            else if (a == endA || before(b->key, a->key))
+                onlyIn(b_, *b++, a_);
+            else
+                compare(*a++, *b++);
     }
 
-    static const Zone* zoneOf(const Compared& side, const std::string& key) {
-        const auto found = std::lower_bound(side.zones.begin(), side.zones.end(), key,
-                                            [](const Zone& z, const std::string& k) { return before(z.key, k); });
-        return found != side.zones.end() && !before(key, found->key) ? &*found : nullptr;
+    void onlyIn(const Compared& side, const Zone& zone, const Compared& other) {
+        const std::string text = "only in " + side.text;
+        if (!other.single)
+            found_.push_back({zone.key, zone.name(), "", &side == &a_ ? text : "", &side == &b_ ? text : ""});
     }
 
     void compare(const Zone& x, const Zone& y) {
@@ -132,6 +133,25 @@ private:
 
 std::vector<Difference> differences(const Compared& a, const Compared& b, const Words& words) {
     return Comparison(a, b, words).take();
+}
+
+std::string inWords(const std::vector<Difference>& found, const std::string& levels) {
+    std::string text;
+    const Difference* last = nullptr;
+    for (const Difference& d : found) {
+        const std::string zone = "Zone " + d.zone + (d.name.empty() ? "" : ", " + d.name);
+        if (!last || last->zone != d.zone) text += (last ? "\n" : "") + oneLine(d.zone.empty() ? levels : zone) + "\n";
+        const std::string what = d.what.empty() ? d.before + d.after : d.what + ": " + d.before + " -> " + d.after;
+        text += "  " + oneLine(what) + "\n";
+        last = &d;
+    }
+    return text;
+}
+
+Table asTable(const std::vector<Difference>& found) {
+    Table table{{"Zone", "Name", "Setting", "Before", "After"}, {}};
+    for (const Difference& d : found) table.rows.push_back({d.zone, d.name, d.what, d.before, d.after});
+    return table;
 }
 
 }  // namespace command

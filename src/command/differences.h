@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "command/Table.h"
 #include "command/Zone.h"
 
 namespace command {
@@ -24,5 +25,9 @@ struct Difference {
 };
 
 std::vector<Difference> differences(const Compared& a, const Compared& b, const Words& words);
+
+// As they are printed. `levels`: what two levels are headed with, which belong to no zone.
+std::string inWords(const std::vector<Difference>& found, const std::string& levels);
+Table asTable(const std::vector<Difference>& found);
 
 }  // namespace command

@@ -80,17 +80,24 @@ public:
             case Command::Restore:
                 return restoreBackup();
             case Command::Help:
-                console_.print(request_.helpFor ? helpText(*request_.helpFor) : helpText());
+                print(request_.helpFor ? helpText(*request_.helpFor) : helpText());
                 return Done;
             case Command::Version:
-                console_.print(std::string("TavimorCmd ") + AppVersion + "\n");
+                print(std::string("TavimorCmd ") + AppVersion + "\n");
                 return Done;
         }
         return Failed;
     }
 
 private:
-    void print(const Table& table) { console_.print(request_.csv ? table.asCsv() : table.inColumns()); }
+    void print(const std::string& text) {
+        if (!console_.print(text))
+            fail(util::NumberFileAccess, "Not all of the output could be written: is there room where it goes?");
+    }
+    void print(const Table& table) {
+        const auto width = [&](std::string_view text) { return console_.width(text); };
+        print(request_.csv ? table.asCsv() : table.inColumns(width));
+    }
 
     // The registry that --from names, or the machine's.
     std::unique_ptr<Source> source() {
@@ -110,7 +117,23 @@ private:
     static Zone zoneOf(std::vector<Zone> zones, const std::string& key, const std::string& where) {
         for (Zone& zone : zones)
             if (util::equalFolded(zone.key, key)) return std::move(zone);
-        fail(util::NumberFileNotFound, "There is no zone " + key + " in " + where + ".");
+        fail(util::NumberFileNotFound, "There is no zone " + key + " in " + where + ". TavimorCmd zones lists them.");
+    }
+
+    // What was exported without its zones does not have none.
+    static std::vector<Zone> zonesIn(Source& from, const std::string& where) {
+        std::vector<Zone> zones = readZones(from.session);
+        if (zones.empty() && from.exported)
+            fail(util::NumberFileNotFound,
+                 "There are no zones in " + where + ", which would be below \"" + zones::ZonesKey + "\".");
+        return zones;
+    }
+
+    // For what was read without any description of the settings.
+    void addMachinesWords(Words& words) {
+        if (!words.groups().empty() || !machine_.hasRegistry) return;
+        Source machine(nullptr, machine_.platform, desktop_);
+        words.add(machine.platform, machine.session);
     }
 
     std::string where() const { return request_.from ? "\"" + *request_.from + "\"" : "the registry"; }
@@ -119,7 +142,7 @@ private:
         const auto from = source();
         const Words words;
         Table table{{"Zone", "Name", "Current", "Minimum", "Recommended", "Flags"}, {}};
-        for (const Zone& zone : readZones(from->session)) {
+        for (const Zone& zone : zonesIn(*from, where())) {
             std::vector<std::string> row{zone.key};
             for (const char* value : {zones::value::DisplayName, zones::value::CurrentLevel, zones::value::MinLevel,
                                       zones::value::RecommendedLevel, zones::value::Flags})
@@ -132,9 +155,10 @@ private:
 
     int showZone() {
         const auto from = source();
-        const Zone zone = zoneOf(readZones(from->session), request_.operands.front(), where());
+        const Zone zone = zoneOf(zonesIn(*from, where()), request_.operands.front(), where());
         Words words;
         words.add(from->platform, from->session);
+        addMachinesWords(words);
 
         Table table{{"Group", "Setting", "Value"}, {{"Zone", "Number", zone.key}}};
         const auto add = [&](const std::string& group, std::string caption, const char* value) {
@@ -148,7 +172,7 @@ private:
         for (const ListedValue& value : zone.values)
             if (isSettingName(value.name) && !words.settingOf(value.name) && !value.name.empty())
                 table.rows.push_back({"Other settings", value.name, words.meaning(value.name, &value)});
-        request_.csv ? console_.print(table.asCsv()) : console_.print(inGroups(table));
+        print(request_.csv ? table.asCsv() : table.inGroups());
         return Done;
     }
 
@@ -159,17 +183,6 @@ private:
         for (std::size_t i = 0; i < zones::FlagCaptions.size(); ++i)
             table.rows.push_back(
                 {"Flags", std::string(util::trimmed(zones::FlagCaptions[i])), flags->number >> i & 1 ? "yes" : "no"});
-    }
-
-    // A group's name, below it its rows.
-    static std::string inGroups(const Table& table) {
-        std::string text, group;
-        for (const auto& row : table.rows) {
-            if (row[0] != group || text.empty()) text += (text.empty() ? "" : "\n") + row[0] + "\n";
-            group = row[0];
-            text += "  " + row[1] + ": " + row[2] + "\n";
-        }
-        return text;
     }
 
     int listSites() {
@@ -246,7 +259,7 @@ private:
             compared.level = true;
             compared.zones.push_back(readLevel(from->session, static_cast<int>(level - zones::Levels.begin())));
         } else {
-            compared.zones = readZones(from->session);
+            compared.zones = zonesIn(*from, placeOf(side));
             if (side.zone) {
                 compared.single = true;
                 compared.zones = {zoneOf(std::move(compared.zones), *side.zone, placeOf(side))};
@@ -267,37 +280,29 @@ private:
         const Side sideB = parseSide(request_.operands.size() > 1 ? request_.operands[1] : "now", isFile);
         Words words;
         Compared a = read(sideA, words), b = read(sideB, words);
-        // A zone behind a level says which one on the other side is meant.
-        if (a.level && sideA.zone && !b.level) b.zones = {zoneOf(std::move(b.zones), *sideA.zone, placeOf(sideB))};
-        if (b.level && sideB.zone && !a.level) a.zones = {zoneOf(std::move(a.zones), *sideB.zone, placeOf(sideA))};
+        addMachinesWords(words);
+        if (a.level && !b.level) takeZoneOf(sideA, sideB, b);
+        if (b.level && !a.level) takeZoneOf(sideB, sideA, a);
         const std::vector<Difference> found = differences(a, b, words);
-        printDifferences(found, a.text + ", " + b.text);
+        print(request_.csv ? asTable(found).asCsv() : inWords(found, a.text + ", " + b.text));
         return found.empty() ? NothingDiffers : SomethingDiffers;
     }
 
-    // `levels`: what two levels are headed with, which belong to no zone.
-    void printDifferences(const std::vector<Difference>& found, const std::string& levels) {
-        if (request_.csv) {
-            Table table{{"Zone", "Name", "Setting", "Before", "After"}, {}};
-            for (const Difference& d : found) table.rows.push_back({d.zone, d.name, d.what, d.before, d.after});
-            console_.print(table.asCsv());
-            return;
-        }
-        std::string text;
-        const Difference* last = nullptr;
-        for (const Difference& d : found) {
-            const std::string zone = "Zone " + d.zone + (d.name.empty() ? "" : ", " + d.name);
-            if (!last || last->zone != d.zone) text += (last ? "\n" : "") + (d.zone.empty() ? levels : zone) + "\n";
-            text += "  " + (d.what.empty() ? d.before + d.after : d.what + ": " + d.before + " -> " + d.after) + "\n";
-            last = &d;
-        }
-        console_.print(text);
+    // A zone behind a level says which one on the other side is meant.
+    void takeZoneOf(const Side& level, const Side& other, Compared& compared) {
+        if (!level.zone) return;
+        if (other.zone && *other.zone != *level.zone)
+            fail(util::NumberInternal,
+                 "\"" + level.text + "\" and \"" + other.text + "\" mean two zones: name one of them only.");
+        compared.zones = {zoneOf(std::move(compared.zones), *level.zone, placeOf(other))};
     }
 
     // ---- backups
 
     // By the name that both files of a backup share, or the zone file's.
     std::string backupFile(std::string name) {
+        if (!machine_.hasRegistry)
+            fail(util::NumberFileNotFound, "This system has no backups; compare with file:EXPORT.reg.");
         if (util::lower(name).ends_with(".tvf")) name.resize(name.size() - 4);
         std::string path = backup::folder(machine_.platform) + name + ".tvf";
         if (name.find_first_of("\\/:") != std::string::npos || !basSystem::FileExists(machine_.platform, path))
@@ -318,12 +323,13 @@ private:
     int makeBackup() {
         forms::Context& shared = context();
         const std::string name = backup::freeName(machine_.platform);
-        const std::string description(
-            util::trimmed(request_.operands.empty() ? std::string() : request_.operands.front()));
+        // Its line is the first of the file, and the zones follow.
+        const std::string given = oneLine(request_.operands.empty() ? std::string() : request_.operands.front());
+        const std::string description(util::trimmed(given));
         const std::vector<std::string> keys = backup::listZones(shared.registry);
         backup::writeExport(shared, name, keys, [] {});
         backup::writeZones(shared, name, description.empty() ? name : description, keys);
-        console_.print(name + "\n");
+        print(name + "\n");
         return Done;
     }
 
@@ -376,7 +382,7 @@ int run(Machine machine, platform::Console& console, const std::vector<std::stri
         const Request request = parse(arguments);
         code = Program(machine, console, request).run();
     } catch (const std::exception& error) {
-        console.printError("TavimorCmd: " + std::string(error.what()) + "\n");
+        console.printError("TavimorCmd: " + oneLine(error.what()) + "\n");
     }
     basErrors::reporter = nullptr;
     if (trapped > 0 && code != Failed) {

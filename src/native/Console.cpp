@@ -1,5 +1,6 @@
 #include "native/Console.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 
@@ -29,6 +30,9 @@ constexpr char16_t From80[] = {0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0
                                0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
                                0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
 
+// Text editors put it before UTF-8.
+constexpr std::string_view Mark = "\xEF\xBB\xBF";
+
 // How many bytes follow the first one of a character; -1 for a byte that begins none.
 int followers(unsigned char first) {
     if (first < 0x80) return 0;
@@ -49,12 +53,17 @@ bool isUtf8(std::string_view bytes) {
 
 }  // namespace
 
-void Console::print(std::string_view text) {
-    std::fwrite(text.data(), 1, text.size(), stdout);
+bool Console::print(std::string_view text) {
+    return std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0;
 }
 
 void Console::printError(std::string_view text) {
     std::fwrite(text.data(), 1, text.size(), stderr);
+}
+
+// A character's first byte stands for it.
+std::size_t Console::width(std::string_view text) {
+    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
 }
 
 std::string Console::fromUtf16(std::u16string_view text) {
@@ -73,7 +82,7 @@ std::string Console::fromUtf16(std::u16string_view text) {
 }
 
 std::string Console::fromBytes(std::string_view bytes) {
-    if (isUtf8(bytes)) return std::string(bytes);
+    if (isUtf8(bytes)) return std::string(bytes.substr(bytes.starts_with(Mark) ? Mark.size() : 0));
     std::string result;
     for (const char c : bytes) {
         const auto byte = static_cast<unsigned char>(c);

@@ -7,12 +7,13 @@ namespace native {
 
 class Console : public platform::Console {
 public:
-    void print(std::string_view text) override;
+    bool print(std::string_view text) override;
     void printError(std::string_view text) override;
     // Nothing can be asked: what wants an answer changes a registry, and there is none.
     bool canAsk() override { return false; }
     std::string ask(std::string_view) override { return {}; }
     void pause() override {}
+    std::size_t width(std::string_view text) override;
     std::string fromUtf16(std::u16string_view text) override;
     // Bytes that are no UTF-8 are taken for code page 1252.
     std::string fromBytes(std::string_view bytes) override;

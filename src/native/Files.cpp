@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 
 namespace native {
@@ -20,9 +21,10 @@ platform::Result Files::findFirst(const std::string&, Search& search, platform::
 }
 
 platform::Result Files::attributes(const std::string& path, std::uint32_t& bits) {
-    std::string none;
-    bits = 0;
-    return read(path, none, 1);
+    std::error_code error;
+    const std::filesystem::file_status found = std::filesystem::status(path, error);
+    bits = std::filesystem::is_directory(found) ? platform::FileAttributeDirectory : 0;
+    return std::filesystem::exists(found) ? platform::Success : platform::FileNotFound;
 }
 
 platform::Result Files::read(const std::string& path, std::string& bytes, std::size_t limit) {

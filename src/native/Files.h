@@ -12,7 +12,7 @@ public:
     Result findFirst(const std::string&, Search& search, platform::FoundFile&) override;
     Result findNext(Search, platform::FoundFile&) override { return platform::NoMoreItems; }
     void findClose(Search) override {}
-    // Tells only whether the file can be read.
+    // Tells files from folders. Without reading: a pipe gives its bytes once.
     Result attributes(const std::string& path, std::uint32_t& bits) override;
     Result read(const std::string& path, std::string& bytes, std::size_t limit = Whole) override;
     Result create(const std::string&, std::string_view, std::uint32_t& written) override;

@@ -10,8 +10,8 @@ class Console {
 public:
     virtual ~Console() = default;
 
-    // Text in the program's code page, with "\n" at the end of a line.
-    virtual void print(std::string_view text) = 0;
+    // Text in the program's code page, with "\n" at the end of a line. False when not all of it could be written.
+    virtual bool print(std::string_view text) = 0;
     virtual void printError(std::string_view text) = 0;
     // Whether somebody sits there who can be asked.
     virtual bool canAsk() = 0;
@@ -19,6 +19,9 @@ public:
     virtual std::string ask(std::string_view question) = 0;
     // Waits for a moment, to look again whether another program has ended.
     virtual void pause() = 0;
+
+    // How wide a text stands in a column.
+    virtual std::size_t width(std::string_view text) = 0;
 
     // Texts of files in the code page that the program works with: from UTF-16, and from single bytes of the ANSI code
     // page.

@@ -11,12 +11,13 @@ bool isConsole(HANDLE stream) {
     return GetConsoleMode(stream, &mode) != 0;
 }
 
-// With the line ends of the system.
-void write(DWORD which, std::string_view text) {
+// With the line ends of the system. What was started without a stream need not write.
+bool write(DWORD which, std::string_view text) {
     HANDLE stream = GetStdHandle(which);
+    if (!stream || stream == INVALID_HANDLE_VALUE) return true;
     std::string bytes;
     for (const char c : text) {
-        if (c == '\n') bytes.push_back('\r');
+        if (c == '\n' && !bytes.ends_with('\r')) bytes.push_back('\r');
         bytes.push_back(c);
     }
     if (isConsole(stream)) CharToOemBuffA(bytes.data(), bytes.data(), static_cast<DWORD>(bytes.size()));
@@ -24,13 +25,14 @@ void write(DWORD which, std::string_view text) {
     for (std::size_t at = 0; at < bytes.size(); at += written)
         if (!WriteFile(stream, bytes.data() + at, static_cast<DWORD>(bytes.size() - at), &written, nullptr) ||
             written == 0)
-            return;  // whoever read has gone
+            return false;
+    return true;
 }
 
 }  // namespace
 
-void Console::print(std::string_view text) {
-    write(STD_OUTPUT_HANDLE, text);
+bool Console::print(std::string_view text) {
+    return write(STD_OUTPUT_HANDLE, text);
 }
 
 void Console::printError(std::string_view text) {
