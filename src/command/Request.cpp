@@ -65,7 +65,7 @@ constexpr const char* Options =
     "  --version          the program's version\n"
     "\n"
     "Exit codes: 0 done, or nothing differs; 1 something differs; 2 the request is wrong or something could not be\n"
-    "read.\n";
+    "read or written.\n";
 
 const Known& known(Command command) {
     return *std::find_if(std::begin(KnownCommands), std::end(KnownCommands),
@@ -98,7 +98,7 @@ constexpr option LongOptions[] = {
 
 // What getopt_long has just stopped at. Of letters behind one dash it does not tell where they stand.
 [[noreturn]] void refuse(const std::string& last) {
-    if (optopt >= OptionCsv) wrong("Nothing belongs behind \"" + last.substr(0, last.find('=')) + "\" but a blank.");
+    if (optopt >= OptionCsv) wrong("The option \"" + last.substr(0, last.find('=')) + "\" takes no value.");
     const std::string unknown = optopt == 0 ? last : std::string("-") + static_cast<char>(optopt);
     wrong("There is no option \"" + unknown + "\". TavimorCmd --help lists the options.");
 }
