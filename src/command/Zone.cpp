@@ -31,7 +31,7 @@ bool isOneOf(std::string_view name, const NamedValue (&known)[N]) {
 // Collects what it is told.
 class Description : public zones::SettingsVisitor {
 public:
-    explicit Description(platform::Platform& platform) : platform_(platform) {}
+    Description(platform::Platform& platform, bool exported) : platform_(platform), exported_(exported) {}
     std::vector<SettingGroup> groups;
 
     void group(const std::string& text, const std::string&) override { groups.push_back({text, {}}); }
@@ -41,10 +41,15 @@ public:
         if (setting.options.empty()) setting.valueName = option.valueName;
         setting.options.push_back(option);
     }
-    std::string resolve(const std::string& reference) override { return zones::resourceText(platform_, reference); }
+    // An export names files of its own machine. This system's own is as good, a path may lead to anywhere.
+    std::string resolve(const std::string& reference) override {
+        const bool path = reference.find_first_of("\\/:") != std::string::npos;
+        return exported_ && path ? std::string() : zones::resourceText(platform_, reference);
+    }
 
 private:
     platform::Platform& platform_;
+    bool exported_;
 };
 
 std::string levelText(std::uint32_t number) {
@@ -105,9 +110,9 @@ Zone readLevel(clsRegistry& registry, int level) {
     return {{}, std::move(*values)};
 }
 
-void Words::add(platform::Platform& platform, clsRegistry& registry) {
+void Words::add(platform::Platform& platform, clsRegistry& registry, bool exported) {
     const clsRegistry::FailureWatch watch(registry);
-    Description read(platform);
+    Description read(platform, exported);
     zones::readSettings(registry, read);
     if (watch.failed()) unreadable(zones::SettingsKey);
     for (SettingGroup& group : read.groups) {

@@ -41,7 +41,7 @@ class Words {
 public:
     // Adds the descriptions of the settings that a registry has. What is known already stays. Throws util::Error when
     // they cannot be read.
-    void add(platform::Platform& platform, clsRegistry& registry);
+    void add(platform::Platform& platform, clsRegistry& registry, bool exported);
 
     const std::vector<SettingGroup>& groups() const { return groups_; }
     // The setting that a value of a zone belongs to; null for one that no description knows.

@@ -133,7 +133,7 @@ private:
     void addMachinesWords(Words& words) {
         if (!words.groups().empty() || !machine_.hasRegistry) return;
         Source machine(nullptr, machine_.platform, desktop_);
-        words.add(machine.platform, machine.session);
+        words.add(machine.platform, machine.session, false);
     }
 
     std::string where() const { return request_.from ? "\"" + *request_.from + "\"" : "the registry"; }
@@ -157,7 +157,7 @@ private:
         const auto from = source();
         const Zone zone = zoneOf(zonesIn(*from, where()), request_.operands.front(), where());
         Words words;
-        words.add(from->platform, from->session);
+        words.add(from->platform, from->session, from->exported != nullptr);
         addMachinesWords(words);
 
         Table table{{"Group", "Setting", "Value"}, {{"Zone", "Number", zone.key}}};
@@ -265,7 +265,7 @@ private:
                 compared.zones = {zoneOf(std::move(compared.zones), *side.zone, placeOf(side))};
             }
         }
-        words.add(from->platform, from->session);
+        words.add(from->platform, from->session, from->exported != nullptr);
         return compared;
     }
 
