@@ -39,8 +39,8 @@ struct SettingGroup {
 // What values are called and what they mean, in words.
 class Words {
 public:
-    // Adds the descriptions of the settings that a registry has. What is known already stays. Throws util::Error when
-    // they cannot be read.
+    // Adds the descriptions of the settings that a registry has; `exported`: another machine's. What is known already
+    // stays. Throws util::Error when they cannot be read.
     void add(platform::Platform& platform, clsRegistry& registry, bool exported);
 
     const std::vector<SettingGroup>& groups() const { return groups_; }
