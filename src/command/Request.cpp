@@ -98,6 +98,7 @@ constexpr option LongOptions[] = {
 
 // What getopt_long has just stopped at. Of letters behind one dash it does not tell where they stand.
 [[noreturn]] void refuse(const std::string& last) {
+    if (optopt == OptionFrom) wrong("\"--from\" needs the name of an export behind it.");
     if (optopt >= OptionCsv) wrong("The option \"" + last.substr(0, last.find('=')) + "\" takes no value.");
     const std::string unknown = optopt == 0 ? last : std::string("-") + static_cast<char>(optopt);
     wrong("There is no option \"" + unknown + "\". TavimorCmd --help lists the options.");
@@ -117,7 +118,7 @@ Request parse(const std::vector<std::string>& arguments) {
     opterr = 0;  // our own sentences
     optind = 0;  // from the beginning: it may have been called before
     const int count = static_cast<int>(texts.size());
-    for (int found; (found = getopt_long(count, pointers.data(), ":", LongOptions, nullptr)) != -1;) {
+    for (int found; (found = getopt_long(count, pointers.data(), "", LongOptions, nullptr)) != -1;) {
         switch (found) {
             case OptionCsv:
                 request.csv = true;
@@ -134,8 +135,6 @@ Request parse(const std::vector<std::string>& arguments) {
             case OptionVersion:
                 version = true;
                 break;
-            case ':':
-                wrong("\"--from\" needs the name of an export behind it.");
             default:
                 refuse(pointers[static_cast<std::size_t>(optind - 1)]);
         }
