@@ -51,14 +51,15 @@ std::vector<std::string> forbiddenIn(const std::string& path, const std::string&
     std::vector<std::string> forbidden;
     static const std::regex include(R"(\s*#\s*include\s*([<"])([^>"]+)[>"].*)");
     const std::string from = folderOf(path);
-    const auto& may = *std::ranges::find(MayInclude, from, [](const auto& row) { return row.first; });
+    const auto* may = std::ranges::find(MayInclude, from, [](const auto& row) { return row.first; });
     std::istringstream lines(text);
     std::smatch match;
     for (std::string line; std::getline(lines, line);) {
         if (!std::regex_match(line, match, include)) continue;
         const std::string name = match[2], to = folderOf(name);
-        const bool allowed = match[1] == "<" ? !name.ends_with(".h") || name == "getopt.h" || from == "win32"
-                                             : !to.empty() && (from == to || may.second.contains(to));
+        const bool allowed =
+            match[1] == "<" ? !name.ends_with(".h") || name == "getopt.h" || from == "win32"
+                            : may != std::end(MayInclude) && !to.empty() && (from == to || may->second.contains(to));
         if (!allowed) forbidden.push_back(name);
     }
     return forbidden;

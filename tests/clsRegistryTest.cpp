@@ -101,8 +101,7 @@ IN_MEMORY_TEST_F(clsRegistry_, FailuresOfTheSystemAreRecordedAndNotShown) {
         system.registry.watch.failOn("RegDeleteKeyA", 1, code);
         registry.DeleteKey("Any");
         EXPECT_EQ(basErrors::Err.number, 0x80040400 + code);
-        EXPECT_EQ(basErrors::Err.description, text);
-        EXPECT_EQ(basErrors::Err.source, "TVMRRegistry[API Call]");
+        EXPECT_EQ(basErrors::Err.source + basErrors::Err.description, std::string("TVMRRegistry[API Call]") + text);
     }
     registry.MakeKey("Any");
     EXPECT_EQ(basErrors::Err.number, 0u);
@@ -113,9 +112,8 @@ TEST_F(clsRegistry_, MakesWholeChainsAndDeletesOneLevel) {
     EXPECT_EQ(registry.CurrentKey(), Upper);
     registry.DeleteKey("a\\b\\c");
     registry.DeleteKey("A");
-    for (const auto& [key, isThere] : {std::pair{"\\A\\B", true}, {"\\A\\B\\C", false}})
-        EXPECT_EQ(registry.IsValidKey(platform::HKeyCurrentUser, "Software\\Tavimor Tests" + std::string(key)),
-                  isThere);
+    EXPECT_TRUE(registry.IsValidKey(platform::HKeyCurrentUser, "Software\\Tavimor Tests\\A\\B"));
+    EXPECT_FALSE(registry.IsValidKey(platform::HKeyCurrentUser, "Software\\Tavimor Tests\\A\\B\\C"));
     EXPECT_EQ(system.registry.openHandles(), system.inMemory() ? 1u : 0u) << "the session's own";
 }
 

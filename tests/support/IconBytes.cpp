@@ -59,11 +59,8 @@ std::vector<StoredImage> storedImages() {
     constexpr std::size_t header = 40, width = 4, height = 8, planes = 12, depth = 14, compression = 16, used = 32;
     constexpr std::size_t mask = 4 * 16;
     // Three masks after the header, for red, green and blue.
-    const auto bitFields = [&](int count) {
-        const Bytes masks = count == 16 ? Bytes{0, 0xF8, 0, 0, 0xE0, 7, 0, 0, 0x1F, 0, 0, 0}
-                                        : Bytes{0, 0, 0xFF, 0, 0, 0xFF, 0, 0, 0xFF, 0, 0, 0};
-        return patched(bits(count), compression, {3}).insert(header, masks);
-    };
+    const Bytes masks{0, 0xF8, 0, 0, 0xE0, 7, 0, 0, 0x1F, 0, 0, 0};
+    const auto bitFields = [&](int count) { return patched(bits(count), compression, {3}).insert(header, masks); };
     const auto unmasked = [&](int count) { return bits(count).substr(0, bits(count).size() - mask); };
     const Bytes drawing = png();
     std::vector<StoredImage> images{
@@ -88,7 +85,7 @@ std::vector<StoredImage> storedImages() {
         {"no planes", patched(bits(4), planes, {0}), false},
         {"no bits", patched(bits(4), depth, {0}), false},
         {"2 bits", patched(bits(4), depth, {2}), false},
-        {"24 bits with fields", patched(bits(24), compression, {3}).insert(header, 12, 0), false},
+        {"24 bits with fields", bitFields(24), false},
         {"run lengths", patched(bits(8), compression, {1}), false},
         {"300 colours used", patched(bits(8), used, {0x2C, 1}).insert(header, 44 * 4, 0), false},
         {"a PNG 257 pixels wide", patched(drawing, 18, {1, 1}), false},
