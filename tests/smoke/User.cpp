@@ -8,23 +8,6 @@ namespace {
 
 constexpr DWORD Patience = 30000, Interval = 20;  // milliseconds
 
-std::string classOf(HWND window) {
-    char name[128] = "";
-    GetClassNameA(window, name, sizeof name);
-    return name;
-}
-
-BOOL CALLBACK addVisible(HWND window, LPARAM list) {
-    if (IsWindowVisible(window)) reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
-    return TRUE;
-}
-
-std::vector<HWND> visibleBelow(HWND window) {
-    std::vector<HWND> found;
-    EnumChildWindows(window, addVisible, reinterpret_cast<LPARAM>(&found));
-    return found;
-}
-
 // Another process's text comes with the message alone; GetWindowTextA has only captions. A program that hangs answers
 // nothing; the user is not to hang with it. A window may just have gone.
 std::string textOf(HWND window) {
@@ -34,6 +17,15 @@ std::string textOf(HWND window) {
                              Patience, &ignored) &&
         IsWindow(window))
         throw std::runtime_error("a window does not answer");
+    return text;
+}
+
+// What whoever waits in vain has before him.
+std::string situation() {
+    const HWND front = GetForegroundWindow();
+    std::string text = "in front there is \"" + textOf(front) + "\":";
+    for (HWND child = nullptr; (child = FindWindowExA(front, child, nullptr, nullptr));)
+        if (IsWindowVisible(child)) text += " [" + textOf(child) + "]";
     return text;
 }
 
@@ -78,45 +70,17 @@ void User::waitFor(const std::string& what, const std::function<bool()>& there) 
 HWND User::waitForWindow(const std::string& title) {
     HWND found = nullptr;
     waitFor("window \"" + title + "\"", [&] {
-        for (const HWND window : windows())
-            if (IsWindowEnabled(window) && window == GetForegroundWindow() && textOf(window) == title) found = window;
-        return found != nullptr;
+        found = GetForegroundWindow();
+        return IsWindowVisible(found) && IsWindowEnabled(found) && textOf(found) == title;
     });
     return found;
 }
 
-std::vector<HWND> User::windows() const {
-    std::vector<HWND> all;
-    EnumWindows(addVisible, reinterpret_cast<LPARAM>(&all));
-    std::erase_if(all, [&](HWND window) {
-        DWORD process = 0;
-        GetWindowThreadProcessId(window, &process);
-        return process != process_.dwProcessId;
-    });
-    return all;
-}
-
-std::string User::situation() const {
-    std::string text = "there is";
-    for (const HWND window : windows()) {
-        text += "\n  window \"" + textOf(window) + "\":";
-        for (const HWND child : visibleBelow(window))
-            if (const std::string caption = textOf(child); !caption.empty()) text += " [" + caption + "]";
-    }
-    return text;
-}
-
-// Looking ---------------------------------------------------------------------------------------------------------
-
-HWND User::control(HWND window, const std::string& className, const std::string& text) {
+HWND User::control(HWND window, const char* className, const char* text) {
     HWND found = nullptr;
-    waitFor("control " + className + " \"" + text + "\"", [&] {
-        for (const HWND child : visibleBelow(window)) {
-            RECT place = {};
-            GetWindowRect(child, &place);
-            const bool ofClass = lstrcmpiA(classOf(child).c_str(), className.c_str()) == 0;
-            if (!found && place.right > 0 && ofClass && (text.empty() || textOf(child) == text)) found = child;
-        }
+    waitFor(std::string("control ") + className, [&] {
+        do found = FindWindowExA(window, found, className, text);
+        while (found && !IsWindowVisible(found));
         return found != nullptr;
     });
     return found;

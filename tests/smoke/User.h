@@ -8,7 +8,6 @@
 
 #include <functional>
 #include <string>
-#include <vector>
 
 // <commctrl.h> needs the above.
 #include <commctrl.h>
@@ -30,8 +29,8 @@ public:
     // The visible window of that title that takes input.
     HWND waitForWindow(const std::string& title);
 
-    // The visible control of that class and text below `window`.
-    HWND control(HWND window, const std::string& className, const std::string& text = {});
+    // The visible control of that class, and of that text if one is given.
+    HWND control(HWND window, const char* className, const char* text = nullptr);
 
     void press(WORD key, WORD with = 0);
     // Opens a menu and chooses from it, by their access keys.
@@ -40,9 +39,6 @@ public:
     void click(HWND control);  // in its middle
 
 private:
-    std::vector<HWND> windows() const;
-    std::string situation() const;
-
     PROCESS_INFORMATION process_ = {};
 };
 

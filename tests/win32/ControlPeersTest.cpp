@@ -73,6 +73,12 @@ TEST_F(ControlPeersTest, AUsersActionRaisesItsEventOnce) {
         {"a list that closes as it was",
          [&] { ask(form.combo, CB_SHOWDROPDOWN, TRUE), ask(form.combo, CB_SHOWDROPDOWN, FALSE); },
          {}},
+        {"the same choice again",
+         [&] {
+             post(windowOf(form), WM_COMMAND, MAKEWPARAM(0, CBN_SELCHANGE),
+                  reinterpret_cast<LPARAM>(windowOf(form.combo)));
+         },
+         {"combo"}},
         {"mouse on a picture", [&] { clickAt(form.picture, Inside); }, {"picture"}},
         {"Enter on a picture", [&] { press(form.picture, VK_RETURN); }, {"picture"}},
         {"mouse on a tab", [&] { clickPart(form.tabs, TCM_GETITEMRECT, 2); }, {"tabs"}},
@@ -170,6 +176,19 @@ TEST_F(ControlPeersTest, TabGoesAroundInTheOrderMade) {
     EXPECT_EQ(marked(), Names{"cancel"});
 }
 
+std::string toolTipOf(const ui::Control& control) {
+    char text[80] = "";
+    TOOLINFOA tool = {};
+    tool.cbSize = sizeof tool;
+    tool.hwnd = windowOf(control.form());
+    tool.uId = reinterpret_cast<UINT_PTR>(windowOf(control));
+    tool.lpszText = text;
+    HWND tips = nullptr;  // lists have some of their own
+    while ((tips = FindWindowExA(nullptr, tips, TOOLTIPS_CLASSA, nullptr)))
+        SendMessageA(tips, TTM_GETTEXTA, 0, reinterpret_cast<LPARAM>(&tool));
+    return text;
+}
+
 // Which of the controls' native states, read from the system, are not as `change` makes them.
 std::string unchanged(EveryControl& f) {
     const auto images = reinterpret_cast<HIMAGELIST>(ask(f.shows, LVM_GETIMAGELIST, LVSIL_NORMAL));
@@ -190,6 +209,7 @@ std::string unchanged(EveryControl& f) {
         {"pictures", images && ImageList_GetImageCount(images) == 3},
         {"node with the cursor", ask(f.tree, TVM_GETNEXTITEM, TVGN_CARET) != 0},
         {"nodes", ask(f.tree, TVM_GETCOUNT) == 5},
+        {"tool tip", toolTipOf(f.picture) == "Now this" && toolTipOf(f.ok).empty()},
         {"menu", (menu & MF_GRAYED) != 0},
     };
     std::string names;
@@ -224,6 +244,8 @@ void change(EveryControl& f) {
     f.tree.add({"other group", 0, 3, {}});
     f.tree.setCurrent(5);
     f.picture.setPicture(halvedIcon(32));
+    for (const char* tip : {"First that", "Now this"}) f.picture.setToolTip(tip);
+    for (const char* tip : {"For a while", ""}) f.ok.setToolTip(tip);
     f.exit.setEnabled(false);
 }
 
