@@ -128,13 +128,18 @@ TEST_F(DesktopTest, AMainWindowIsSizedByUserAndProgram) {
     };
     expectPlaced();
     const int width = at.right - at.left, height = at.bottom - at.top;
-    SetWindowPos(windowOf(form), nullptr, 0, 0, width - 100, height + 40, SWP_NOMOVE | SWP_NOZORDER);
-    expectPlaced();
-    EXPECT_EQ(form.resizes, 1);
-    EXPECT_EQ(form.client().width, 6400) << "no narrower than designed";
+    const auto resize = [&](int wider, int higher) {
+        SetWindowPos(windowOf(form), nullptr, 0, 0, width + wider, height + higher, SWP_NOMOVE | SWP_NOZORDER);
+        expectPlaced();
+    };
+    resize(20, 0);
+    EXPECT_EQ(form.client(), (ui::Size{6705, 5800})) << "the height is not rounded";
+    resize(-100, 40);
+    EXPECT_EQ(form.client(), (ui::Size{6405, 6405})) << "no narrower than designed";
+    EXPECT_EQ(form.resizes, 2);
     form.setHeight(form.height() + 600);
     expectPlaced();
-    EXPECT_EQ(form.resizes, 2);
+    EXPECT_EQ(form.resizes, 3);
     const int dots = win32::Screen().pixelsPerInch();
     EXPECT_EQ(at.bottom - at.top, ui::toPixels(form.height(), dots));
 

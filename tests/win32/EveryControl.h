@@ -45,7 +45,6 @@ struct EveryControl : ui::Form {
     explicit EveryControl(ui::Desktop& desktop, Kind kind = Kind::Main);
     ~EveryControl() override { unload(); }
 
-    ui::ImageList icons{*this, "icons", 32};
     ui::Label label{*this, "label", {100, 100, 1500, 225}, "&Name:"};
     ui::Image image{*this, "image", {5800, 100, 500, 500}};
     ui::TextBox text{*this, "text", {1700, 100, 1500, 315}};
@@ -55,6 +54,7 @@ struct EveryControl : ui::Form {
     ui::ProgressBar progress{*this, "progress", {4200, 100, 1500, 225}};
     ui::ListView shows{
         *this, "shows", {100, 900, 3000, 1800}, ui::ListView::View::Icon, ui::ListView::Clicks::OnSelect};
+    ui::ImageList icons{*this, "icons", 32};  // younger than a list that shows them
     ui::ListView acts{
         *this, "acts", {3200, 900, 3000, 1800}, ui::ListView::View::Report, ui::ListView::Clicks::OnActivate};
     ui::TreeView tree{*this, "tree", {100, 2800, 3000, 1800}};
