@@ -34,14 +34,14 @@ TEST_F(Controls, AreDeafWhenDisabledOrHiddenWithTheirContainer) {
     ui::MenuItem& item = form_.menu().add("item", "Item");
     item.setEnabled(false);
     check.setEnabled(false);
+    page.setLeft(-10000);  // how pages are put away
     timer.onTimer = item.onClick = check.onClick = button.onClick = count_;
     timer.tick();
     item.click();
-    check.click();
-    page.setLeft(-10000);  // how pages are put away
     button.click();
-    EXPECT_EQ(raised_, 0);
     page.setLeft(0);
+    check.click();
+    EXPECT_EQ(raised_, 0);
     button.onClick = [&] {
         button.onClick = nullptr;  // a handler may take its own event away
         ++raised_;

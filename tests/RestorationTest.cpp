@@ -20,10 +20,8 @@ struct Restoring : User {
     // As many zones as the registry is to have, each with a text and a number that tell where they come from.
     void setZones(int count, const std::string& text) {
         system.deleteTree(zones::ZonesKey);
-        for (int zone = 0; zone < count; ++zone) {
-            system.setText(zoneKey(std::to_string(zone)), "DisplayName", text);
-            system.setDword(zoneKey(std::to_string(zone)), "Flags", static_cast<std::uint32_t>(text.size()));
-        }
+        for (int zone = 0; zone < count; ++zone)
+            set(std::to_string(zone), {{"DisplayName", text}, {"Flags", "#" + std::to_string(text.size())}});
     }
     void setOthers(int count = 3) {
         setZones(count, "other");
@@ -90,6 +88,12 @@ TEST_F(Restoring, StartsTheRegistryEditorOnTheExportAndDoesNotWait) {
     EXPECT_FALSE(window().tmrImport.enabled());
     EXPECT_TRUE(system.launcher.open.empty());
     EXPECT_EQ(backups().size(), 2u) << "the copy is gone";
+    setOthers();
+    restoreZones();
+    window().unload();
+    EXPECT_TRUE(system.launcher.open.empty());
+    EXPECT_TRUE(copied()) << "which stays when the program is closed meanwhile";
+    system.endPrograms();
 }
 
 IN_MEMORY_TEST_F(Restoring, LetsNothingElseBeginWhileTheEditorRuns) {
@@ -123,30 +127,18 @@ IN_MEMORY_TEST_F(Restoring, LetsNothingElseBeginWhileTheEditorRuns) {
     backUpZones();  // again
 }
 
-TEST_F(Restoring, KeepsTheCopyWhenTheProgramIsClosedMeanwhile) {
-    backUpZones();
-    restoreZones();
-    window().unload();
-    EXPECT_TRUE(system.launcher.open.empty());
-    EXPECT_TRUE(copied());
-    system.endPrograms();
-}
-
 // Texts that a registry editor misreads, or is stopped by.
 TEST_F(Restoring, WritesWhatTheEditorDidNotBring) {
     const char* texts[] = {"C:\\0\\new",       "say \"hi\"", "end\\", "a=b [x] ;c", "one\r\ntwo",
                            "a\r\n\"New\"=\"b", "Caf\xE9",    "\"",    "100%",       "",
                            "one\n\n[sic]",     "\\\\srv\\a", "'",     "last"};
-    int zone = 0;
-    for (const char* text : texts) {
-        const std::string key = zoneKey(std::to_string(zone++));
-        system.setText(key, "Description", text);
-        system.setText(key, "Icon", std::string(text) + "#1");
-        system.setText(key, "Na\"me", "quoted");
-        system.setText(key, "Na\\me", "with a backslash");
-        system.setText(key, "", "");
-        system.setDword(key, "1A\\00", 0xFFFFFFFF);
-    }
+    for (const char*& text : texts)
+        set(std::to_string(&text - texts), {{"Description", text},
+                                            {"Icon", std::string(text) + "#1"},
+                                            {"Na\"me", "quoted"},
+                                            {"Na\\me", "with a backslash"},
+                                            {"", ""},
+                                            {"1A\\00", "#4294967295"}});
     backUpZones(0);
     restoreZones();
     expectRestored();
@@ -187,13 +179,13 @@ TEST_F(Restoring, AsksWhenAnExportBringsFewerZonesAndPutsThemBackAsTheyWere) {
     backUpZones(3, "say \"old\"");
     const std::string whole = file(Name + ".reg");
     // Also with what no backup carries.
-    const auto set = [&] {
+    const auto setOdd = [&] {
         setZones(2, "C:\\0\\other\r\n[x]");
         system.setBinary(zoneKey("1"), "Permissions", {0x1A, 0, 0xFF, 5});
         system.setText(zoneKey("0"), "", "a default");
         other = zonesNow();
     };
-    set();
+    setOdd();
     std::vector<std::pair<std::string, int>> damaged = {{"(missing)", 0}, {"", 0}, {"garbage", 0}};
     for (std::size_t size = 200; size < whole.size() - 2; size += 23) {
         const std::string cut = whole.substr(0, size);
@@ -218,7 +210,7 @@ TEST_F(Restoring, AsksWhenAnExportBringsFewerZonesAndPutsThemBackAsTheyWere) {
                 continue;
             }
             for (const char* end : {".tvf", ".reg"}) removeFile(CopyName + end);
-            set();
+            setOdd();
         }
 }
 
@@ -290,16 +282,13 @@ TEST_F(Restoring, TellsOfZonesThatStayBehindAGap) {
 // What an editor has misread goes, unless the zone was there before and the value may be the user's.
 IN_MEMORY_TEST_F(Restoring, GivesAZoneThatWasNotDeletedTheBackupsValuesAndTakesNone) {
     idleEditor();
-    const auto set = [&](const char* text, std::uint32_t flags) {
-        setZones(1, "old");
-        system.setText(zones::ZonesKey, "", text);
-        system.setText(zoneKey("3"), "Description", "a\r\n\"New\"=\"b");
-        system.setDword(zoneKey("3"), "Flags", flags);
-    };
-    set("", 1);
+    setZones(1, "old");
+    system.setText(zones::ZonesKey, "", "");
+    set("3", {{"Description", "a\r\n\"New\"=\"b"}, {"Flags", "#1"}});
     backUpZones(0);
-    set("a default", 2);
-    system.setText(zoneKey("3"), "New", "mine");
+    setZones(1, "other");
+    system.setText(zones::ZonesKey, "", "a default");
+    set("3", {{"Description", "a\r\n\"New\"=\"b"}, {"Flags", "#2"}, {"New", "mine"}});
     restoreZones([&] { desktop.expectMessage("zones stay"); });
     endImport();
     old["3|New"] = "mine";

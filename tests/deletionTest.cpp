@@ -81,21 +81,22 @@ TEST_F(Deletion, AZoneWithoutANumberIsNotTakenForAnother) {
 }
 
 TEST_F(Deletion, SitesOfAZoneAreFoundTwoLevelsDeepAndTheirKeysAreWhatGoes) {
-    const std::tuple<const char*, const char*, std::uint32_t> numbers[] = {
-        {"example.com\\www", "http", 5}, {"example.com\\www", "https", 5},
-        {"example.com\\mail", "*", 50},  {"direct.org", "http", 5},
-        {"..\\...", "ftp", 5},           {"blank \\b ", "http", 5},
-    };
-    for (const auto& [below, name, zone] : numbers) system.setDword(Domains + "\\" + below, name, zone);
+    system.setDword(Domains + "\\example.com\\mail", "*", 50);
+    for (const auto& [below, name] : {std::pair{"example.com\\www", "http"},
+                                      {"example.com\\www", "https"},
+                                      {"direct.org", "http"},
+                                      {"..\\...", "ftp"},
+                                      {"blank \\b ", "http"}})
+        system.setDword(Domains + "\\" + below, name, 5);
     system.setText(Domains + "\\example.com\\text", "http", "00000005 (0,000,000,005)");
     system.makeKey(Domains + "\\bare.net");
     const zones::SiteMap map = zones::readSiteMap(registry);
-    const auto find = [&](const char* zone) { return basMain::CheckForDomains(map, zone); };
-    const auto found = find("5");
+    const auto found = basMain::CheckForDomains(map, "5");
     EXPECT_EQ(found.sites, (std::vector<std::string>{"ftp://......", "http://b .blank ", "http://www.example.com",
                                                      "https://www.example.com"}));
     EXPECT_EQ(found.keys, (std::vector<std::string>{"..\\...", "blank \\b ", "example.com\\www", "example.com\\www"}));
-    for (const char* zone : {"6", "abc", "", "4294967296"}) EXPECT_TRUE(find(zone).sites.empty()) << zone;
+    for (const char* zone : {"6", "abc", "", "4294967296"})
+        EXPECT_TRUE(basMain::CheckForDomains(map, zone).sites.empty()) << zone;
     for (const std::string& key : found.keys) {
         registry.cD("\\");
         registry.cD(Domains);

@@ -27,9 +27,6 @@ struct frmEditTest : User {
         form.levels.cmdApply(index).click();
         return level(form, index);
     }
-    void setLevels(const std::string& zone, std::uint32_t level) {
-        for (const LevelRow& row : LevelRows) system.setDword(zoneKey(zone), row.value, level);
-    }
 };
 
 enum { Default = 0, Apply = 1 };
@@ -83,8 +80,7 @@ TEST_F(frmEditTest, SavesNamesAndDescriptionsAsTyped) {
 
 TEST_F(frmEditTest, RefusesNamesAndDescriptionsThatAreBlankOrTooLongForTheBrowser) {
     const std::string name(260, 'n'), description(200, 'd');
-    system.setText(zoneKey("2"), "DisplayName", name);
-    system.setText(zoneKey("2"), "Description", description);
+    set("2", {{"DisplayName", name}, {"Description", description}});
     edit("2", [&](frmEdit& form) {
         ZoneDetails& details = form.general.details;
         EXPECT_EQ(details.txtZoneName.text(), name);
@@ -170,12 +166,8 @@ IN_MEMORY_TEST_F(frmEditTest, DoesNotSaveWhatCouldNotBeRead) {
                  {"2", "MinLevel", "levels unreadable", SecurityPage, 3}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.zone + std::string(c.value));
-        const auto before = *system.value(zoneKey(c.zone), c.value);
-        if (before.type == platform::RegDword)
-            system.setText(before.path, c.value, "65536");
-        else
-            system.setDword(before.path, c.value, 7);
-        const std::string damaged = stored(c.zone, c.value);
+        const std::string before = stored(c.zone, c.value), damaged = before[0] == '#' ? "65536" : "#7";
+        set(c.zone, {{c.value, damaged}});
         window().RebuildList();
         if (c.page == GeneralTab) desktop.expectMessage(c.message);
         edit(c.zone, [&](frmEdit& form) {
@@ -197,11 +189,11 @@ IN_MEMORY_TEST_F(frmEditTest, DoesNotSaveWhatCouldNotBeRead) {
                 form.pressEnter();
                 EXPECT_EQ(stored(c.zone, c.value), damaged);
             }
-            system.set(before);
+            set(c.zone, {{c.value, before}});
             EXPECT_EQ(choose(), c.buttons);
             if (c.page == SecurityPage) return;
             form.pressEnter();
-            EXPECT_EQ(system.value(before.path, c.value)->data, before.data) << "saved as it was";
+            EXPECT_EQ(stored(c.zone, c.value), before) << "saved as it was";
         });
     }
 }
@@ -299,8 +291,7 @@ TEST_F(frmEditTest, ShowsFlagsAndTheirDefaultsAndWritesTheBoxesWithApplyAlone) {
 TEST_F(frmEditTest, ShowsTheLevelsAsStored) {
     editPage("1", SecurityPage, [&](frmEdit& form) {
         EXPECT_EQ(level(form, CurrentLevel), "Medium-Low|Medium-Low");
-        setLevels("1", 0);
-        system.setDword(zoneKey("1"), "MinLevel", 70000);
+        set("1", {{"RecommendedLevel", "#0"}, {"MinLevel", "#70000"}, {"CurrentLevel", "#0"}});
         form.TabStrip1.choose(SecurityPage);
         EXPECT_EQ(level(form, RecommendedLevel), "Medium-Low|Medium-Low") << "custom is no level to recommend";
         EXPECT_EQ(level(form, MinimumLevel), "Low|Low");
@@ -338,7 +329,7 @@ TEST_F(frmEditTest, WritesTheChosenRecommendedAndMinimumLevels) {
     const std::tuple<const char*, int, const char*> cases[] = {
         {"2", MediumLow, "#66816#66816"}, {"1", DefaultEntry, "#66816#65536"}, {"5", DefaultEntry, "#73728#73728"}};
     for (const auto& [zone, entry, written] : cases) {
-        setLevels(zone, 70000);
+        set(zone, {{"RecommendedLevel", "#70000"}, {"MinLevel", "#70000"}, {"CurrentLevel", "#70000"}});
         editPage(zone, SecurityPage, [&, entry = entry](frmEdit& form) {
             for (const int index : {RecommendedLevel, MinimumLevel})
                 EXPECT_FALSE(apply(form, index, entry).ends_with("apply"));

@@ -48,27 +48,23 @@ TEST_F(frmIconSelectorTest, EveryIconOfTheFileIsListedInBothSizes) {
         EXPECT_EQ(form.ilsIcons32.picture(2), picture(32, 2));
         EXPECT_EQ(form.ilsIcons16.picture(2), picture(16, 2));
         EXPECT_EQ(form.ilsIcons16.picture(3), picture(48, 3)) << "the only size there is";
-        EXPECT_TRUE(form.lvwIcons.focused());
-        EXPECT_FALSE(form.Progress.showing());
+        EXPECT_TRUE(form.lvwIcons.focused() && !form.Progress.showing());
     });
-    EXPECT_EQ(chosen, "none") << "giving up changes nothing";
-    EXPECT_TRUE(box.picture().empty());
+    EXPECT_TRUE(chosen == "none" && box.picture().empty()) << "giving up changes nothing";
 }
 
 TEST_F(frmIconSelectorTest, OnlyLibrariesProgramsAndControlsAreListed) {
     for (const char* name : {"One.Exe", "one.OCX", "one.cpl", "SHDOCVW.DLL", "twunk_16.exe"})
         addIcon(name, std::uint16_t{1}, {32});
     changeProgram("none.dll", [](simulated::ProgramFile&) {});
-    const std::tuple<const char*, const char*, int> cases[] = {
-        {"One.Exe", "1 icon in: one.exe", 1},
-        {"one.OCX", "1 icon in: one.ocx", 1},
-        {"one.cpl", "1 icon in: one.cpl", 0},
-        {"none.dll", "No Icons in: none.dll", 0},
-        {"missing.dll", "No Icons in: missing.dll", 0},
-        // These two are never opened.
-        {"SHDOCVW.DLL", "No Icons in: shdocvw.dll", 0},
-        {"twunk_16.exe", "No Icons in: twunk_16.exe", 0},
-    };
+    const std::tuple<const char*, const char*, int> cases[] = {{"One.Exe", "1 icon in: one.exe", 1},
+                                                               {"one.OCX", "1 icon in: one.ocx", 1},
+                                                               {"one.cpl", "1 icon in: one.cpl", 0},
+                                                               {"none.dll", "No Icons in: none.dll", 0},
+                                                               {"missing.dll", "No Icons in: missing.dll", 0},
+                                                               // These two are never opened.
+                                                               {"SHDOCVW.DLL", "No Icons in: shdocvw.dll", 0},
+                                                               {"twunk_16.exe", "No Icons in: twunk_16.exe", 0}};
     for (const auto& [file, caption, count] : cases)
         use(file, [&, caption = caption, count = count](frmIconSelector& form) {
             EXPECT_EQ(form.lblIconCount.caption(), caption);
@@ -106,9 +102,8 @@ TEST_F(frmIconSelectorTest, ProgressIsShownOnASlowMachineUntilTheUserClosesTheDi
     EXPECT_EQ(selector.lvwIcons.count(), 3);
     addIcon("one.exe", std::uint16_t{1}, {32});
     selector.ShowFile(system.path("one.exe"));
-    EXPECT_EQ(selector.lvwIcons.count(), 1) << "the icons of the file before are gone";
-    EXPECT_EQ(selector.ilsIcons32.count(), 1);
-    EXPECT_EQ(selector.ilsIcons16.count(), 1);
+    const int counts[] = {selector.lvwIcons.count(), selector.ilsIcons32.count(), selector.ilsIcons16.count()};
+    for (const int count : counts) EXPECT_EQ(count, 1) << "the icons of the file before are gone";
 
     seen.clear();
     system.system.ticksALook = 1000;

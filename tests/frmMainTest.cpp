@@ -82,8 +82,7 @@ TEST_F(MainWindow, ShowsAnErrorWithoutZonesAndLivesOn) {
     EXPECT_EQ(names(), Texts{});
     for (int i : {0, 2}) window().cmdZoneOption(i).click();
     window().mnuEditDelete.click();
-    EXPECT_FALSE(window().cmdZoneOption(2).enabled());
-    EXPECT_FALSE(window().mnuEditDelete.enabled());
+    EXPECT_FALSE(window().cmdZoneOption(2).enabled() || window().mnuEditDelete.enabled());
     addZone("3");
     window().RebuildList();
     EXPECT_EQ(window().lblZoneName.caption(), "Zone 3") << "the only one there is";
@@ -142,16 +141,13 @@ TEST_F(MainWindow, SaysWhatIsMissingOrOfTheWrongKind) {
         EXPECT_EQ(summary(3), expected);
     };
     system.deleteTree(z);
-    system.setText(z, "DisplayName", "");
+    set("2", {{"DisplayName", ""}});
     expect("Missing Name|Missing Description|Missing" + kept);
-    system.setText(z, "DisplayName", "A && B");
-    for (const char* number : {"RecommendedLevel", "MinLevel", "CurrentLevel"}) system.setDword(z, number, 0);
-    system.setDword(z, "Flags", 0xFFFFFFFF);
+    set("2", {{"DisplayName", "A && B"}, {"Flags", "#4294967295"}});
+    set("2", {{"RecommendedLevel", "#0"}, {"MinLevel", "#0"}, {"CurrentLevel", "#0"}});
     expect("A && B|Missing Description|4294967295|**Missing**|**Missing**|Custom");
     for (const char* other : {"0", "1", "3", "7"}) window().UpdateLabels(other);
-    system.setDword(z, "RecommendedLevel", 70000);
-    system.setText(z, "MinLevel", "65536");
-    system.setText(z, "Flags", "");
+    set("2", {{"RecommendedLevel", "#70000"}, {"MinLevel", "65536"}, {"Flags", ""}});
     system.deleteValue(z, "CurrentLevel");
     EXPECT_TRUE(shown().ends_with("|4294967295|**Missing**|**Missing**|Custom")) << "of the selected zone alone";
     expect("A && B|Missing Description|Missing" + kept);
@@ -163,12 +159,8 @@ TEST_F(MainWindow, SaysWhatIsMissingOrOfTheWrongKind) {
 TEST_F(MainWindow, ShowsTheProgramsOwnIconWhereAZoneHasNone) {
     const std::string own = system.path("Tavimor.exe") + "#1";
     // A reference that leads nowhere stays the zone's: only its picture is replaced.
-    const std::pair<const char*, bool> cases[] = {{"", false},
-                                                  {"shell32.dll", false},
-                                                  {"a\"b#c\"d#1", false},
-                                                  {"nosuch.dll#1", true},
-                                                  {"shell32.dll#99999", true},
-                                                  {"#", true}};
+    const std::pair<const char*, bool> cases[] = {{"", false}, {"shell32.dll", false}, {"a\"b#c\"d#1", false},
+                                                  {"#", true}, {"nosuch.dll#1", true}, {"shell32.dll#99999", true}};
     for (const auto& [icon, kept] : cases) {
         system.setText(zoneKey("1"), "Icon", icon);
         summary(2);
@@ -224,22 +216,19 @@ TEST_F(MainWindow, ComesBackWhereItWasAndAsLarge) {
                                                                     &w.cmdZoneOption(2), &w.zzzfraInfo, &w.zzzpicLogo})
         EXPECT_EQ(c->bounds().right(), 7680) << c->name();
     w.userPlaced({1500, 900, w.width(), w.height()}, false);
-    w.unload();
-    EXPECT_EQ(system.dword(Settings, "Main Height"), 6970u) << "the views alone change it";
-    const auto expectTheSame = [&] {
+    const auto placeNextTime = [&] {  // and how wide the window is then, and how high its list
+        window().unload();
         closeWindow();
-        EXPECT_TRUE(window().place().left == 1500 && window().place().top == 900);
-        EXPECT_EQ(window().client().width, 7800);
-        EXPECT_EQ(window().lvwZones.height(), 3810);
+        return Twips{window().place().left, window().place().top, window().client().width, window().lvwZones.height()};
     };
-    expectTheSame();
+    const Twips same{1500, 900, 7800, 3810};
+    EXPECT_EQ(placeNextTime(), same);
     const ui::Twips height = window().height(), width = window().width();
     window().userPlaced({1500, 900, width, height}, false);
     window().userPlaced({0, 0, 15000, 11000}, true);
     window().userResized({15000, 10300});
-    window().unload();
-    expectTheSame();
-    window().userPlaced({15, 15, 9000, height}, false);
+    EXPECT_EQ(placeNextTime(), same);
+    EXPECT_EQ(system.dword(Settings, "Main Height"), 6970u) << "the views alone change it";
     system.deleteTree(Settings);
     window().unload();
     EXPECT_FALSE(system.exists(Settings));
@@ -257,15 +246,17 @@ TEST_F(MainWindow, ComesBackWhereItWasAndAsLarge) {
 
 TEST_F(MainWindow, ReportsSavedSettingsThatAreMissingOrNoLengths) {
     window();
-    const std::function<void()> damages[] = {[&] { system.setText(Settings, "Frame Top", "12"); },
-                                             [&] { system.setDword(Settings, "Main Height", 0x80000000); },
-                                             [&] { system.deleteValue(Settings, "Main Height"); }};
-    for (const auto& damage : damages) {
+    const auto expectReport = [&] {
         closeWindow();
-        damage();
         expectError("frmMain.SetFormAttributes", "not a length");
         EXPECT_GT(window().height(), 3000);
-    }
+    };
+    system.deleteValue(Settings, "Main Height");
+    expectReport();
+    system.setDword(Settings, "Main Height", 0x80000000);
+    expectReport();
+    system.setText(Settings, "Main Height", "12");
+    expectReport();
 }
 
 // The rest of the window ----------------------------------------------------------------------------------------
@@ -283,17 +274,14 @@ TEST_F(MainWindow, ReadsTheZonesAgainAndOpensThemByKeyboard) {
     EXPECT_EQ(w.lvwZones.commands().size(), 3u);
 }
 
-TEST_F(MainWindow, LetsNobodyDragAZone) {
+TEST_F(MainWindow, LetsNobodyDragAZoneAndUnloadsEveryWindowWhenItCloses) {
+    ui::Form other(desktop, ui::Form::Kind::Dialog, "other", "Other", {3000, 3000});
+    other.load();
     window();
     const std::int32_t before = basErrors::ProcCount;
     EXPECT_EQ(window().hookAnswer({ui::WmNotify, 0, 0, ui::LvnBeginDrag}), 1);
     EXPECT_EQ(window().hookAnswer({ui::WmNotify, 0, 0, -2}), std::nullopt);
     EXPECT_EQ(basErrors::ProcCount, before + 1);  // the swallowed drag stays on the trace
-}
-
-TEST_F(MainWindow, UnloadsEveryWindowWhenItCloses) {
-    ui::Form other(desktop, ui::Form::Kind::Dialog, "other", "Other", {3000, 3000});
-    other.load();
     window().mnuFileExit.click();
     EXPECT_FALSE(window().loaded() || window().hooked() || other.loaded());
 }

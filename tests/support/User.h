@@ -91,6 +91,14 @@ struct User : testing::Test, Core {
     std::string stored(const std::string& zone, const std::string& name) {
         return system.shown(zoneKey(zone), name).value_or("none");
     }
+    // Texts, and numbers behind "#".
+    void set(const std::string& zone, const TestSystem::Tree& values) {
+        for (const auto& [name, held] : values)
+            if (held.starts_with('#'))
+                system.setDword(zoneKey(zone), name, static_cast<std::uint32_t>(std::stoul(held.substr(1))));
+            else
+                system.setText(zoneKey(zone), name, held);
+    }
     void addZone(const std::string& zone) { system.setText(zoneKey(zone), "DisplayName", "Zone " + zone); }
     std::string inBackups(const std::string& name) { return system.path("Backups\\" + name); }
     std::string file(const std::string& name) { return system.readFile("Backups\\" + name).value_or("(no file)"); }
