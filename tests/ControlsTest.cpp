@@ -7,11 +7,9 @@
 #include "ui/Hourglass.h"
 #include "ui/Image.h"
 #include "ui/Label.h"
-#include "ui/ListView.h"
 #include "ui/Menu.h"
 #include "ui/TextBox.h"
 #include "ui/Timer.h"
-#include "ui/TreeView.h"
 
 namespace {
 
@@ -49,52 +47,6 @@ TEST_F(Controls, AreDeafWhenDisabledOrHiddenWithTheirContainer) {
     button.click();
     button.click();
     EXPECT_EQ(raised_, 1);
-}
-
-TEST_F(Controls, AListClicksAsItsUseDemands) {
-    using Clicks = ui::ListView::Clicks;
-    for (const Clicks clicks : {Clicks::OnSelect, Clicks::OnActivate}) {
-        ui::ListView list(form_, "list", At, ui::ListView::View::Icon, clicks);
-        std::vector<int> clicked;
-        list.onItemClick = [&](int number) { clicked.push_back(number); };
-        for (const char* name : {"one", "two", "three"}) list.add({name, 0, {}, {}});
-        list.setSelected(1);
-        list.choose(2);
-        list.activate();
-        list.click(3);
-        list.click(4);
-        EXPECT_EQ(clicked, (std::vector{2, 3})) << "by the arrow key, or by Enter, and by the mouse";
-        list.clear();
-        EXPECT_EQ(list.selected(), 0);
-    }
-}
-
-TEST_F(Controls, ATreeMarksOneOptionUnderEachParent) {
-    ui::TreeView tree(form_, "tree", At);
-    for (const char* setting : {"one", "two"}) tree.add({setting, 0, 0, {}, false, false});
-    for (const int setting : {1, 2, 1, 2}) tree.add({"option", setting, 0, {}, true, true});
-    std::string clicked;
-    tree.onOptionClick = [&](int node) { clicked += std::to_string(node); };
-    const auto marked = [&] {
-        std::string numbers;
-        for (int i = 1; i <= tree.count(); ++i)
-            if (tree.node(i).selected) numbers += std::to_string(i);
-        return numbers;
-    };
-    EXPECT_EQ(marked(), "56");
-    tree.click(3);
-    tree.click(1);
-    tree.choose(4);
-    EXPECT_EQ(marked(), "36");
-    tree.activate();
-    tree.activate();
-    EXPECT_EQ(marked(), "34");
-    EXPECT_EQ(clicked, "344");
-    EXPECT_TRUE(tree.onOption());
-    tree.choose(1);
-    EXPECT_FALSE(tree.onOption());
-    tree.activate();
-    EXPECT_EQ(clicked, "344");
 }
 
 TEST_F(Controls, AnHourglassIsOverWhatTheUserSees) {

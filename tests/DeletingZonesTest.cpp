@@ -95,10 +95,10 @@ IN_MEMORY_TEST_F(DeletingZones, KnowsAZoneByItsNumberHoweverWindows95ListsThem) 
     system.registry.shuffles = system.registry.repeatsHandles = true;
     EXPECT_EQ(names(), (Texts{"Local intranet", "Internet", "Zone 5", "Zone 7", "My Computer", "Trusted sites",
                               "Restricted sites", "Zone 6"}));
-    for (int item = 1; item <= 8; ++item) {
-        window().lvwZones.click(item);
-        EXPECT_EQ(window().lblZoneName.caption(), window().lvwZones.item(item).text);
-        EXPECT_EQ(window().cmdZoneOption(2).enabled(), window().lvwZones.item(item).text.starts_with("Zone "));
+    for (const char* zone : {"0", "4", "5", "7"}) {
+        select(zone);
+        EXPECT_EQ(window().lblZoneName.caption(), stored(zone, "DisplayName"));
+        EXPECT_EQ(window().cmdZoneOption(2).enabled(), *zone > '4');
     }
     remove("5");
     EXPECT_EQ(names(), (Texts{"Local intranet", "Internet", "Zone 6", "My Computer", "Trusted sites",

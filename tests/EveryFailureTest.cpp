@@ -70,7 +70,6 @@ public:
         begin();
     }
 
-    Contents contents() { return system.registry.contents(); }
     BackupFiles files() {
         BackupFiles files;
         for (const std::string& name : system.filesIn(system.path("Backups"))) files[name] = file(name);
@@ -275,18 +274,18 @@ public:
         world_.system.import(machine(action.zones));
         world_.start();
         world_.backUp();
-        before_ = world_.contents();
+        before_ = world_.system.registry.contents();
         for (const auto& [name, bytes] : world_.files()) files_["old" + name.substr(name.size() - 4)] = bytes;
 
         world_.begin = [&] {
             world_.system.watch.onCall = [&](const char* function) {
                 course_.calls.push_back(function);
-                course_.note(world_.contents());
+                course_.note(world_.system.registry.contents());
             };
         };
         run();
         world_.system.watch.onCall = nullptr;
-        course_.after = world_.contents();
+        course_.after = world_.system.registry.contents();
         course_.note(course_.after);
         course_.files = world_.files();
     }
@@ -326,7 +325,7 @@ private:
         check(mayBeSilent(function, code), function == "RegQueryValueExA" && code == FileNotFound);
         if (code != codesOf(function).back()) return;  // the next failure is the next action
         run();
-        EXPECT_EQ(difference(world_.contents(), course_.after), "") << "the next time";
+        EXPECT_EQ(difference(world_.system.registry.contents(), course_.after), "") << "the next time";
         EXPECT_EQ(difference(world_.files(), course_.files), "") << "the next time";
         EXPECT_EQ(world_.desktop.told, World::Texts()) << "the next time";
     }
@@ -338,7 +337,7 @@ private:
         EXPECT_LE(world_.desktop.told.size(), 3u);
         EXPECT_TRUE(!world_.running.window || world_.window().pointer() == ui::Pointer::Default);
 
-        const Contents now = world_.contents();
+        const Contents now = world_.system.registry.contents();
         for (const auto& [name, data] : now)
             EXPECT_TRUE(misled || (course_.held.contains(name) && course_.held[name].contains(data)))
                 << name << " is " << data;
@@ -351,8 +350,7 @@ private:
     void expectReleased(std::size_t registryHandles) {
         EXPECT_LE(world_.system.registry.openHandles(), registryHandles);
         EXPECT_EQ(world_.system.files.openSearches(), 0);
-        EXPECT_EQ(world_.system.modules.loaded(), 0);
-        EXPECT_EQ(world_.system.modules.icons(), 0);
+        EXPECT_EQ(world_.system.modules.loaded() + world_.system.modules.icons(), 0);
         EXPECT_EQ(world_.system.memory.blocks(), 0);
         EXPECT_TRUE(world_.system.launcher.open.empty());
     }

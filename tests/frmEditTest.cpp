@@ -228,6 +228,7 @@ TEST_F(frmEditTest, ChangesNothingInAZoneThatHasBecomeAnotherOrIsGoneSinceItWasS
 IN_MEMORY_TEST_F(frmEditTest, KnowsTheZoneByTheNameThatItHasSaved) {
     edit("5", [&](frmEdit& form) {
         EXPECT_EQ(form.lblZone.caption(), stored("5", "DisplayName"));
+        EXPECT_TRUE(form.lblZone.oneLine());
         typeOver(form.general.details.txtZoneName, "Renamed");
         form.pressEnter();
         EXPECT_EQ(form.lblZone.caption(), "Renamed");

@@ -38,9 +38,9 @@ TEST_F(frmError_, EnterEscapeAndTheCloseBoxContinueAndEndEndsTheProgram) {
 }
 
 TEST_F(frmError_, MakesRoomForLongTextsWithinTheSmallestScreen) {
-    std::string longText;
-    for (int i = 0; i < 800; ++i) longText += "word ";
-    const std::string texts[] = {"Short.", longText.substr(0, 300), longText, std::string(5000, 'W')};
+    std::string words;
+    while (words.size() < 4000) words += "word ";
+    const std::string texts[] = {"Short.", words.substr(0, 300), words, std::string(5000, 'W')};
     ui::Twips before = 0;
     for (const std::string& text : texts)
         show(text, [&](frmError& dialog) {

@@ -177,6 +177,7 @@ TEST_F(MainWindow, SwitchesBetweenItsViewsAndRemembersTheLast) {
     EXPECT_EQ(window().lines(), (std::vector<ui::Line>{{0, 3548, 6900, 3548, ui::SystemColour::Shadow3D},
                                                        {0, 3568, 6895, 3568, ui::SystemColour::Highlight3D}}));
     EXPECT_EQ(system.dword(Settings, "View"), 2u) << "saved on the first run";
+    registry.cD("\\HKEY_LOCAL_MACHINE");  // where another window has left the session
     window().mnuViewBasic.click();
     EXPECT_EQ(layout(window()), basic);
     closeWindow();
@@ -269,8 +270,9 @@ TEST_F(MainWindow, ReadsTheZonesAgainAndOpensThemByKeyboard) {
     EXPECT_EQ(w.lvwZones.count(), 6);
     EXPECT_EQ(w.lvwZones.selected(), 4);
     EXPECT_FALSE(w.pressKey(ui::FormKey::NextPage));
-    desktop.use<frmEdit>([](frmEdit& form) { EXPECT_EQ(form.lblZone.caption(), "Internet"); },
-                         [&] { w.lvwZones.open(); });
+    const auto read = [](frmEdit& form) { EXPECT_EQ(form.lblZone.caption(), "Internet"); };
+    desktop.use<frmEdit>(read, [&] { w.lvwZones.open(); });
+    desktop.use<frmEdit>(read, [&] { w.mnuEditEdit.click(); });
     EXPECT_EQ(w.lvwZones.commands().size(), 3u);
 }
 
