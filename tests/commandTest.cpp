@@ -1,10 +1,12 @@
 // The program without windows: what each command prints, and its exit code, as tests/commands.txt has it.
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <sstream>
 
 #include "command/run.h"
-#include "platform/Console.h"
+#include "native/Console.h"
+#include "native/Files.h"
 #include "support/TestSystem.h"
 
 namespace {
@@ -12,7 +14,7 @@ namespace {
 using namespace std::string_literals;
 
 // Keeps what is printed. Answers, when there is one, every question alike.
-class TestConsole : public platform::Console {
+class TestConsole : public native::Console {
 public:
     std::string printed;
     std::optional<std::string> answer;
@@ -30,9 +32,6 @@ public:
         return *answer;
     }
     void pause() override { onPause(); }
-    std::size_t width(std::string_view text) override { return text.size(); }
-    std::string fromUtf16(std::u16string_view text) override { return {text.begin(), text.end()}; }
-    std::string fromBytes(std::string_view bytes) override { return std::string(bytes); }
 };
 
 // The words of a line; those in quotes may have blanks in them.
@@ -249,6 +248,47 @@ TEST_F(CommandTest, BacksUpAndRestores) {
     EXPECT_EQ(console.printed, "Name           Description\n3-9-2000 1457  Before the change\n");
     console.full = true;
     EXPECT_EQ(run({"backups"}), 2) << "nobody has got the list";
+}
+
+TEST(NativeConsole, TakesWhatIsNoUtf8ForTheWesternCodePage) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"plain", "plain"},
+        {"caf\xC3\xA9 \xE2\x82\xAC \xF0\x9F\x98\x80", "caf\xC3\xA9 \xE2\x82\xAC \xF0\x9F\x98\x80"},
+        {"\xEF\xBB\xBFmark", "mark"},
+        {"caf\xE9 \x80\x9F\xA0\xFF", "caf\xC3\xA9 \xE2\x82\xAC\xC5\xB8\xC2\xA0\xC3\xBF"},
+        {"\xC3", "\xC3\x83"},                                                  // cut off
+        {"\xE2\x82", "\xC3\xA2\xE2\x80\x9A"},                                  // cut off
+        {"\xC1\x80", "\xC3\x81\xE2\x82\xAC"},                                  // longer than need be
+        {"\xC3\xE9", "\xC3\x83\xC3\xA9"},                                      // no follower
+        {"\xF5\x80\x80\x80", "\xC3\xB5\xE2\x82\xAC\xE2\x82\xAC\xE2\x82\xAC"},  // beyond the last character
+    };
+    native::Console console;
+    for (const auto& [bytes, text] : cases) EXPECT_EQ(console.fromBytes(bytes), text);
+    EXPECT_EQ(console.fromUtf16(u"z\x7F\x80\x7FF\x800\xFFFD\xD83D\xDE00"),
+              "z\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBD\xF0\x9F\x98\x80");
+    for (const std::u16string half : {u"\xD800", u"\xDC00", u"\xDFFF"})
+        EXPECT_EQ(console.fromUtf16(half + u"x"), "\xEF\xBF\xBDx");
+    EXPECT_EQ(console.width("caf\xC3\xA9 \xE2\x82\xAC"), 6U);
+}
+
+TEST(NativeFiles, AreReadAndNoFolders) {
+    const std::string folder = testing::TempDir(), path = folder + "tavimor-native.txt", text(20000, 'x');
+    std::ofstream(path, std::ios::binary) << text;
+    native::Files files;
+    std::string bytes;
+    std::uint32_t bits = 1;
+    EXPECT_EQ(files.read(path, bytes), platform::Success);
+    EXPECT_TRUE(bytes == text);
+    EXPECT_EQ(files.read(path, bytes, 17000), platform::Success);
+    EXPECT_EQ(bytes.size(), 17000U);
+    EXPECT_EQ(files.attributes(path, bits), platform::Success);
+    EXPECT_EQ(bits, 0U);
+    EXPECT_EQ(files.attributes(folder, bits), platform::Success);
+    EXPECT_EQ(bits, platform::FileAttributeDirectory);
+    EXPECT_NE(files.read(folder, bytes), platform::Success);
+    std::remove(path.c_str());
+    EXPECT_EQ(files.attributes(path, bits), platform::FileNotFound);
+    EXPECT_EQ(files.read(path, bytes), platform::FileNotFound);
 }
 
 }  // namespace
