@@ -161,6 +161,10 @@ TEST_F(CommandTest, TellsTheLineThatItCannotRead) {
          "line 3 cannot be understood, mend or delete it: \"1001\"=dword:xyz"},
         {"REGEDIT4\r\n" + Key + "\"1001\"=hex:01,\\\r\n 1000\r\n",
          "line 3 cannot be understood, mend or delete it: \"1001\"=hex:01,\\"},
+        {"REGEDIT4\r\n" + Key + "\"1001\"=\"open\r\n" + Key + "\"\r\n",
+         "line 3 cannot be understood, mend or delete it: \"1001\"=\"open"},
+        {"REGEDIT4\r\n" + Key + "\"1001\"=\"op\0en\"\r\n"s,
+         "line 3 cannot be understood, mend or delete it: \"1001\"=\"op"},
         {"REGEDIT4\r\n" + Key + "\"1001\"=\"open\r\n\"a\"=\"b\"\r\n",
          "line 3 cannot be understood, mend or delete it: \"1001\"=\"open"},
     };
