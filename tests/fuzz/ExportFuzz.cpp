@@ -13,7 +13,7 @@ bool within(std::string_view all, std::string_view part) {
 }
 
 void restore(std::string_view bytes) {
-    RegistryExport source(bytes);
+    RegistryExport source{std::string(bytes)};
     std::size_t lines = 0, values = 0;
     while (const auto item = source.next()) {
         expect(!item->lines.empty(), "an item is read from at least one line");
