@@ -64,6 +64,10 @@ TEST_F(clsFileIconTest, AGroupIsLoadedWithItsImagesAsStored) {
         EXPECT_EQ(icon.ImageSize(i++), stored.bytes.size());
     }
     EXPECT_TRUE(icon.ImageWidth(2) == 256 && icon.ImageHeight(1) == 32 && icon.ImageColourCount(2) == 16777216);
+    clsFileIcon clone(system.platform());
+    icon.CloneTo(clone);
+    EXPECT_TRUE(clone.FileName() == system.path(Library) && clone.ResourceID() == ResourceId(std::uint16_t{1}));
+    EXPECT_EQ(clone.ImageCount(), 3);
 }
 
 IN_MEMORY_TEST_F(clsFileIconTest, AGroupThatIsRefusedSaysWhyAndKeepsNothingOfTheIconBefore) {
