@@ -29,12 +29,22 @@ int count(std::uintptr_t first, std::uintptr_t last, std::uintptr_t step, Is is)
     return found;
 }
 
+BOOL CALLBACK countWindow(HWND, LPARAM sum) {
+    ++*reinterpret_cast<int*>(sum);
+    return TRUE;
+}
+BOOL CALLBACK countTree(HWND window, LPARAM sum) {
+    EnumChildWindows(window, countWindow, sum);
+    return countWindow(window, sum);
+}
+
 // Drawing objects, windows, menus and kernel objects. Wine does not count them for us, but takes the lower half of a
 // handle for the handle.
 std::array<int, 4> handles() {
+    int windows = 0;
+    EnumThreadWindows(GetCurrentThreadId(), countTree, reinterpret_cast<LPARAM>(&windows));
     DWORD flags;
-    return {count<HGDIOBJ>(1, 0xFFFF, 1, [](HGDIOBJ object) { return GetObjectType(object) != 0; }),
-            count<HWND>(2, 0xFFFE, 2, [](HWND window) { return IsWindow(window); }),
+    return {count<HGDIOBJ>(1, 0xFFFF, 1, [](HGDIOBJ object) { return GetObjectType(object) != 0; }), windows,
             count<HMENU>(2, 0xFFFE, 2, [](HMENU menu) { return IsMenu(menu); }),
             count<HANDLE>(4, 0x4000, 4, [&](HANDLE handle) { return GetHandleInformation(handle, &flags); })};
 }
