@@ -469,13 +469,10 @@ TEST_F(DesktopTest, QuestionsAreAskedByTheSystem) {
     char file[MAX_PATH] = "";
     GetModuleFileNameA(nullptr, file, sizeof file);
     const auto folder = std::filesystem::current_path();
-    const std::string invalid = "C:\\" + std::string(300, '?');
-    for (const auto& [button, start, chosen] : {std::tuple<int, std::string, const char*>{IDOK, file, file},
-                                                {IDCANCEL, file, nullptr},
-                                                {IDCANCEL, invalid, nullptr}}) {
+    for (const auto& [button, chosen] : {std::pair{IDOK, file}, {IDCANCEL, nullptr}}) {
         sizable = false;
         answer(static_cast<WPARAM>(button));
-        const auto path = desktop.openFile({"Title", "Programs (*.exe)|*.exe", "exe", start});
+        const auto path = desktop.openFile({"Title", "Programs (*.exe)|*.exe", "exe", file});
         EXPECT_EQ(path.value_or("none"), chosen ? chosen : "none");
         EXPECT_EQ(std::filesystem::current_path(), folder);
         EXPECT_TRUE(sizable);
