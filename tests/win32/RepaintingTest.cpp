@@ -23,6 +23,11 @@ TEST_F(RepaintingTest, WhatHasChangedOrStoodThereIsPaintedAgain) {
     EveryControl form(desktop);
     form.show();
     const HWND all = windowOf(form), frame = windowOf(form.frame), picture = windowOf(form.picture);
+    const ui::Bounds wider = {100, 100, 1560, 225};
+    const ui::Line line = {0, 1515, 900, 1515, ui::SystemColour::Shadow3D};
+    const auto moved = [&](ui::Twips left, ui::Twips top, ui::Twips width) {
+        return [&form, place = ui::Bounds{left, top, width, 900}] { form.frame.setBounds(place); };
+    };
     const struct {
         const char* what;
         std::function<void()> change;
@@ -30,53 +35,16 @@ TEST_F(RepaintingTest, WhatHasChangedOrStoodThereIsPaintedAgain) {
         POINT at;
         bool painted = true;
     } rows[] = {
-        {"a wider label",
-         [&] {
-             form.label.setBounds({100, 100, 1560, 225});
-         },
-         windowOf(form.label),
-         {1, 1}},
-        {"a frame's old edge",
-         [&] {
-             form.frame.setBounds({100, 4700, 2400, 900});
-         },
-         all,
-         {205, 343}},
-        {"its other edges",
-         [&] {
-             form.frame.setBounds({100, 4700, 2700, 900});
-         },
-         all,
-         {100, 371},
-         false},
-        {"its old place",
-         [&] {
-             form.frame.setBounds({400, 4600, 2700, 900});
-         },
-         all,
-         {8, 343}},
-        {"its new place",
-         [&] {
-             form.frame.setBounds({100, 4600, 2700, 900});
-         },
-         all,
-         {8, 343}},
-        {"the frame",
-         [&] {
-             form.frame.setBounds({100, 4700, 2700, 900});
-         },
-         frame,
-         {1, 20}},
+        {"a wider label", [&] { form.label.setBounds(wider); }, windowOf(form.label), {1, 1}},
+        {"a frame's old edge", moved(100, 4700, 2400), all, {205, 343}},
+        {"its other edges", moved(100, 4700, 2700), all, {100, 371}, false},
+        {"its new place", moved(400, 4600, 2700), all, {50, 310}},
+        {"the frame", moved(100, 4700, 2700), frame, {1, 20}},
         {"a picture on a button", [&] { form.picture.setPicture(plainBitmap()); }, picture, {5, 5}},
         {"progress, at once", [&] { form.progress.setProgress(1, 2); }, windowOf(form.progress), {5, 5}, false},
         {"an image", [&] { form.image.setPicture(plainBitmap()); }, all, {390, 10}},
         {"a hidden image", [&] { form.image.setVisible(false); }, all, {390, 10}},
-        {"a line",
-         [&] {
-             form.setLines({{0, 1515, 900, 1515, ui::SystemColour::Shadow3D}});
-         },
-         all,
-         {50, 101}},
+        {"a line", [&] { form.setLines({line}); }, all, {50, 101}},
         {"a line taken away", [&] { form.setLines({}); }, all, {50, 101}},
     };
     for (const auto& row : rows) {
