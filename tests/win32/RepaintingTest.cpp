@@ -41,7 +41,6 @@ TEST_F(RepaintingTest, WhatHasChangedOrStoodThereIsPaintedAgain) {
         {"its new place", moved(400, 4600, 2700), all, {50, 310}},
         {"the frame", moved(100, 4700, 2700), frame, {1, 20}},
         {"a picture on a button", [&] { form.picture.setPicture(plainBitmap()); }, picture, {5, 5}},
-        {"progress, at once", [&] { form.progress.setProgress(1, 2); }, windowOf(form.progress), {5, 5}, false},
         {"an image", [&] { form.image.setPicture(plainBitmap()); }, all, {390, 10}},
         {"a hidden image", [&] { form.image.setVisible(false); }, all, {390, 10}},
         {"a line", [&] { form.setLines({line}); }, all, {50, 101}},
