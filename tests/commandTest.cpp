@@ -144,41 +144,9 @@ TEST_F(CommandTest, ReadsExportsHoweverTheyAreWritten) {
     EXPECT_EQ(console.printed,
               "Zone 3, A \"b\" \\c\n  Description: (missing) -> two     \"lines\"\n"
               "  Blob: binary 1 A0 FF -> (missing)\n  Path: \"C:\" -> (missing)\n");
-}
-
-TEST_F(CommandTest, TellsTheLineThatItCannotRead) {
-    const std::pair<std::string, const char*> cases[] = {
-        {"",
-         "line 1: it is no registry export, which begins with \"REGEDIT4\" or \"Windows Registry Editor Version "
-         "5.00\""},
-        {"Zones\r\n",
-         "line 1: it is no registry export, which begins with \"REGEDIT4\" or \"Windows Registry Editor Version "
-         "5.00\""},
-        {"REGEDIT4\r\n\r\n\"1001\"=dword:3\r\n", "line 3 cannot be understood, mend or delete it: \"1001\"=dword:3"},
-        {"REGEDIT4\r\n[HKEY_NOWHERE\\Zones]\r\n",
-         "line 2 cannot be understood, mend or delete it: [HKEY_NOWHERE\\Zones]"},
-        {"REGEDIT4\r\n" + Key + "\"1001\"=dword:xyz\r\n",
-         "line 3 cannot be understood, mend or delete it: \"1001\"=dword:xyz"},
-        {"REGEDIT4\r\n" + Key + "\"1001\"=hex:01,\\\r\n 1000\r\n",
-         "line 3 cannot be understood, mend or delete it: \"1001\"=hex:01,\\"},
-        {"REGEDIT4\r\n" + Key + "\"1001\"=\"open\r\n" + Key + "\"\r\n",
-         "line 3 cannot be understood, mend or delete it: \"1001\"=\"open"},
-        {"REGEDIT4\r\n" + Key + "\"1001\"=\"op\0en\"\r\n"s,
-         "line 3 cannot be understood, mend or delete it: \"1001\"=\"op"},
-        {"REGEDIT4\r\n" + Key + "\"1001\"=\"open\r\n\"a\"=\"b\"\r\n",
-         "line 3 cannot be understood, mend or delete it: \"1001\"=\"open"},
-    };
-    for (const auto& [text, wrong] : cases) {
-        system.writeFile("wrong.reg", text);
-        EXPECT_EQ(run({"--from", system.path("wrong.reg"), "zones"}), 2) << wrong;
-        EXPECT_EQ(console.printed, "! TavimorCmd: \"" + system.path("wrong.reg") + "\", " + wrong + "\n");
-    }
-    system.writeFile("none.reg", "REGEDIT4\r\n");
-    EXPECT_EQ(run({"--from", system.path("none.reg"), "zones"}), 2);
-    EXPECT_TRUE(console.printed.starts_with("! TavimorCmd: There are no zones in \"" + system.path("none.reg") + "\""))
-        << console.printed;
     EXPECT_EQ(run({"--from", system.path("gone.reg"), "zones"}), 2);
-    EXPECT_TRUE(console.printed.starts_with("! TavimorCmd: \"" + system.path("gone.reg") + "\" cannot be read. "));
+    EXPECT_TRUE(console.printed.starts_with("! TavimorCmd: \"" + system.path("gone.reg") + "\" cannot be read. "))
+        << console.printed;
 }
 
 // A path in the export of a stranger may lead to anywhere on the net.
