@@ -173,12 +173,3 @@ IN_MEMORY_TEST_F(BackupDialog, StopsAtTheFirstFileThatCannotBeWrittenAndKeepsWha
         EXPECT_TRUE(files[inZones] == "(no file)" || whole[inZones].starts_with(files[inZones]));
     }
 }
-
-IN_MEMORY_TEST_F(BackupDialog, CostsOneRegistryCallAValueAndFewWrites) {
-    for (int value = 0; value < 30 * 50; ++value)
-        system.setDword(zoneKey(std::to_string(value % 30)), std::to_string(1000 + value), 3);
-    system.registry.watch.reset();
-    backUp("both files");
-    EXPECT_LE(system.registry.watch.calls(), 30 * (50 + 16));
-    EXPECT_LE(system.files.watch.calls("append"), 30);
-}

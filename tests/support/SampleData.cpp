@@ -2,22 +2,13 @@
 
 #include <sstream>
 
+#include "backup/RegistryExport.h"
+
 namespace sample {
 
 using namespace platform;
 
 namespace {
-
-// Takes a quoted text, in which a backslash stands before quotes and backslashes, from the front.
-std::string takeQuoted(std::string_view& rest) {
-    std::string text;
-    for (rest.remove_prefix(1); !rest.empty() && rest[0] != '"'; rest.remove_prefix(1)) {
-        if (rest[0] == '\\' && rest.size() > 1) rest.remove_prefix(1);
-        text.push_back(rest[0]);
-    }
-    if (!rest.empty()) rest.remove_prefix(1);
-    return text;
-}
 
 constexpr const char* ZonesKey =
     "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\Zones\\";
@@ -39,25 +30,18 @@ Entry dword(std::string path, std::string name, std::uint32_t number) {
 }
 
 std::vector<Entry> readRegistryFile(std::string_view text) {
+    using backup::RegistryExport;
     std::vector<Entry> entries;
     std::istringstream lines{std::string(text)};
     std::string path;
     for (std::string line; std::getline(lines, line);) {
         if (line.ends_with('\r')) line.pop_back();
-        std::string_view rest = line;
-        if (rest.starts_with('[') && rest.ends_with(']')) {
-            path = rest.substr(1, rest.size() - 2);
-            entries.push_back({path, {}, Entry::NoValue, {}});
-        }
-        if (!rest.starts_with('@') && !rest.starts_with('"')) continue;
-        const std::string name = rest[0] == '"' ? takeQuoted(rest) : (rest.remove_prefix(1), "");
-        if (rest.starts_with("=dword:"))
-            entries.push_back(
-                dword(path, name, static_cast<std::uint32_t>(std::stoul(line.substr(line.size() - 8), {}, 16))));
-        if (rest.starts_with("=\"")) {
-            rest.remove_prefix(1);
-            entries.push_back(sample::text(path, name, takeQuoted(rest)));
-        }
+        const auto read = RegistryExport::asEditorsRead(line);
+        if (read.kind == RegistryExport::Kind::Key) entries.push_back({path = read.key, {}, Entry::NoValue, {}});
+        if (read.kind != RegistryExport::Kind::Value) continue;
+        const backup::ExportedValue& value = read.value;
+        entries.push_back(value.type == RegDword ? dword(path, value.name, value.number)
+                                                 : sample::text(path, value.name, value.text));
     }
     return entries;
 }
