@@ -90,11 +90,15 @@ void zoneList(benchmark::State& state) {
     ui::Image dummy(form, "dummy", {0, 0, 480, 480}), holder(form, "holder", {0, 0, 480, 480});
     const forms::ZoneListControls controls{list, images, dummy, holder};
     for (auto _ : state) {
+        system.registry.watch.reset();
+        system.modules.watch.reset();
         forms::clearZoneList(controls);
         basMain::IconCache icons(program.platform);
         forms::fillZoneList(program, controls, icons);
     }
     if (list.count() != state.range(0)) state.SkipWithError("the list is not full");
+    state.counters["list calls"] = static_cast<double>(system.registry.watch.calls()) / list.count();
+    state.counters["files opened"] = system.modules.watch.calls("LoadLibraryExA");
 }
 
 void exportCalls(benchmark::State& state) {
@@ -175,6 +179,9 @@ int main(int count, char** arguments) {
     row("the tokenizer, of a bare split's time", of("tokenizer") / of("bareSplit"), "", Limit::AtMost, 4);
     row("filling a list with 2,000 zones, of the time for 1,000", of("zoneList/2000") / of("zoneList/1000"), "",
         Limit::AtMost, 2.2);
+    row("registry calls of filling it for each zone", results.counters.at("list calls"), "", Limit::AtMost, 5.1);
+    row("program files that it opens for zones with one icon", results.counters.at("files opened"), "", Limit::AtMost,
+        1);
     row("registry calls of an export for each zone, beside one for each value", results.counters.at("registry calls"),
         "", Limit::AtMost, 16);
     row("file writes of an export for each zone", results.counters.at("writes"), "", Limit::AtMost, 1);

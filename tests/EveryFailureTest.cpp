@@ -164,7 +164,6 @@ const Action Actions[] = {
              }
          });
      }},
-    {"open the settings", [](World& world) { world.openSettingsOf1([](frmSecurity&) {}); }},
     {"setting",
      [](World& world) {
          world.openSettingsOf1([&](frmSecurity& form) {

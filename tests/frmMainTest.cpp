@@ -288,21 +288,3 @@ TEST_F(MainWindow, LetsNobodyDragAZoneAndUnloadsEveryWindowWhenItCloses) {
     window().mnuFileExit.click();
     EXPECT_FALSE(window().loaded() || window().hooked() || other.loaded());
 }
-
-IN_MEMORY_TEST_F(MainWindow, AsksTheRegistryNoMoreThanItMust) {
-    for (const int count : {5, 1000}) {
-        for (int i = 5; i < count; ++i) {
-            addZone(std::to_string(i));
-            system.setText(zoneKey(std::to_string(i)), "Icon", "shell32.dll#0018");
-        }
-        window();
-        system.registry.watch.reset();
-        system.modules.watch.reset();
-        window().RebuildList();
-        EXPECT_LE(system.registry.watch.calls(), 5 * count + 14);
-        EXPECT_LE(system.modules.watch.calls("LoadLibraryExA"), 7);  // five icons, the selected one's, its default
-        system.registry.watch.reset();
-        window().lvwZones.click(3);
-        EXPECT_LE(system.registry.watch.calls(), 14);
-    }
-}

@@ -3,7 +3,7 @@
 #include <map>
 
 #include "EveryControl.h"
-#include "support/EditingFixture.h"
+#include "support/User.h"
 #include "win32/Screen.h"
 
 namespace {
@@ -64,12 +64,13 @@ LRESULT CALLBACK countPaint(HWND window, UINT message, WPARAM w, LPARAM l) {
     return CallWindowProcA(painting, window, message, w, l);
 }
 
-using ResizingTest = EditingFixture;
+using ResizingTest = User;
 
 TEST_F(ResizingTest, AStepOfResizingPaintsNothingButWhatHasMovedAndTheList) {
-    window->show();
+    system.seedAll();
+    window().show();
     std::deque<std::string> names;
-    for (ui::Control* control : window->controls()) {
+    for (ui::Control* control : window().controls()) {
         if (!windowOf(*control)) continue;
         SetPropA(windowOf(*control), Named, &names.emplace_back(control->name()));
         painting = reinterpret_cast<WNDPROC>(
@@ -77,15 +78,15 @@ TEST_F(ResizingTest, AStepOfResizingPaintsNothingButWhatHasMovedAndTheList) {
     }
     desktop.doEvents();
     RECT bounds = {};
-    GetWindowRect(windowOf(*window), &bounds);
-    const RECT icon = win32::Screen().pixels(window->picZoneIcon.absoluteBounds());
+    GetWindowRect(windowOf(window()), &bounds);
+    const RECT icon = win32::Screen().pixels(window().picZoneIcon.absoluteBounds());
     std::map<std::string, int> atMost{
         {"cmdZoneOption", 3}, {"lblZoneCaption", 1}, {"lblZoneName", 1}, {"lvwZones", 2}, {"zzzfraInfo", 1}};
     for (const int wider : {40, 80, 60}) {
         painted.clear();
-        SetWindowPos(windowOf(*window), nullptr, 0, 0, bounds.right - bounds.left + wider, bounds.bottom - bounds.top,
+        SetWindowPos(windowOf(window()), nullptr, 0, 0, bounds.right - bounds.left + wider, bounds.bottom - bounds.top,
                      SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-        EXPECT_FALSE(isToBePainted(windowOf(*window), {icon.left + 5, icon.top + 5})) << "the form's, which stays";
+        EXPECT_FALSE(isToBePainted(windowOf(window()), {icon.left + 5, icon.top + 5})) << "the form's, which stays";
         desktop.doEvents();
         for (const auto& [name, times] : painted) EXPECT_LE(times, atMost[name]) << name << " by " << wider;
     }

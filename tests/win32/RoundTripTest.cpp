@@ -5,7 +5,7 @@
 #include "app/frmMain.h"
 #include "backup/frmBackup.h"
 #include "backup/frmRestore.h"
-#include "support/BackupFixture.h"
+#include "support/User.h"
 #include "win32/WindowsHeaders.h"
 
 namespace {
@@ -42,7 +42,7 @@ Export differences(const Export& before, const Export& after) {
     return different;
 }
 
-struct RoundTrip : BackupFixture {
+struct RoundTrip : User {
     frmMain window{program};
 
     RoundTrip() {

@@ -1,15 +1,18 @@
 // What the browser makes of an edited zone: after each edit the system's own zone manager is asked.
 #include <cstdio>
 
-#include "support/EditingFixture.h"
+#include "support/User.h"
 #include "win32/WindowsHeaders.h"
 // After the system's first header.
 #include <urlmon.h>
 
 namespace {
 
-struct ZoneManagerTest : EditingFixture {
-    ZoneManagerTest() { EXPECT_EQ(CoInternetCreateZoneManager(nullptr, &manager, 0), S_OK); }
+struct ZoneManagerTest : User {
+    ZoneManagerTest() {
+        system.seedAll();
+        EXPECT_EQ(CoInternetCreateZoneManager(nullptr, &manager, 0), S_OK);
+    }
     ~ZoneManagerTest() override { manager->Release(); }
 
     IInternetZoneManager* manager = nullptr;

@@ -1,5 +1,0 @@
-#pragma once
-
-#include "support/User.h"
-
-using BackupFixture = User;
