@@ -55,5 +55,6 @@ TEST(ZoneFileLines, OfSevenOrThreeFieldsAreTakenAndOthersRepeatTheZoneBefore) {
         EXPECT_EQ(afterReading({seven, std::string(separators, ';')}), separators == 6   ? ";;;;;;"
                                                                        : separators == 2 ? ";;;1;2;3;4"
                                                                                          : seven);
+    EXPECT_EQ(countZones({"Desc=x", "i;n;d", "i;n;d", seven, "i;n", ";d;1;2;3;4", "i;n;d"}), 5U);
     EXPECT_EQ(afterReading({seven, "i;say \"n\"m;d"}), seven) << "a description with quotes";
 }

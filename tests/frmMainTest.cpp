@@ -55,6 +55,8 @@ TEST_F(MainWindow, ListsTheZonesInTheRegistrysOrderAndSelectsTheSecond) {
                               "Internet", "Restricted sites", "Zone 4 \"5\" ", "Zone abc"}));
     frmMain& w = window();
     EXPECT_EQ(w.lvwZones.selected(), 2);
+    w.tmrIconSpace.tick();
+    EXPECT_TRUE(w.lvwZones.iconSpacing() && !w.tmrIconSpace.enabled());
     EXPECT_NE(w.ilsZoneIcons.picture(5), w.ilsZoneIcons.picture(7)) << "the intranet's, trusted sites'";
     for (int item = 1; item <= 10; ++item) {
         w.lvwZones.choose(item);  // the arrow keys click too
@@ -255,7 +257,7 @@ TEST_F(MainWindow, ReportsSavedSettingsThatAreMissingOrNoLengths) {
     };
     system.deleteValue(Settings, "Main Height");
     expectReport();
-    system.setDword(Settings, "Main Height", 0x80000000);
+    system.setDword(Settings, "Main Height", 32768);
     expectReport();
     system.setText(Settings, "Main Height", "12");
     expectReport();

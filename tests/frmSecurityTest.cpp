@@ -89,6 +89,9 @@ TEST_F(frmSecurityTest, SelectsTheOptionWithTheZonesNumberAlone) {
         EXPECT_EQ(tree(), "Group\n-Setting\n--( )Enable[1201,0]\n" + shown);
     }
     describeOne();
+    option("A\\T\\1", "Missing", "1299", 0);
+    EXPECT_EQ(tree(), Enabled + "-\n--( )Missing[1299,0]\n");
+    describeOne();
     system.setDword(zoneKey("6"), "1201", 0);
     system.deleteTree(zoneKey("1"));
     window().RebuildList();

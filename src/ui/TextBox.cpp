@@ -39,19 +39,17 @@ void TextBox::type(const std::string& typed) {
     }
     text.insert(static_cast<std::size_t>(selectionStart_), fits);
     const int caret = selectionStart_ + static_cast<int>(fits.size());
-    const bool changed = text != text_;
     text_ = std::move(text);
     selectionStart_ = caret;
     selectionLength_ = 0;
     updatePeer(&Peer::applyText);
     updatePeer(&Peer::applySelection);
-    if (changed) raise(onChange);
 }
 
 void TextBox::userChangedText(std::string text, int selectionStart, int selectionLength) {
     selectionStart_ = selectionStart;
     selectionLength_ = selectionLength;
-    if (store(text_, std::move(text))) raise(onChange);
+    text_ = std::move(text);
 }
 
 std::unique_ptr<ui::Peer> TextBox::makePeer(PeerFactory& factory) {

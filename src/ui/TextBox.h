@@ -30,7 +30,6 @@ public:
     // The user's entries: typed text replaces the selection; the native control reports its whole text.
     void type(const std::string& typed);
     void userChangedText(std::string text, int selectionStart, int selectionLength);
-    Event onChange;
 
 protected:
     std::unique_ptr<ui::Peer> makePeer(PeerFactory& factory) override;

@@ -61,7 +61,7 @@ TEST_F(ControlPeersTest, AUsersActionRaisesItsEventOnce) {
         {"Esc", [&] { press(form.tree, VK_ESCAPE); }, {"cancel"}},
         {"access key", [&] { post(windowOf(form.text), WM_SYSCHAR, 'l', 1 << 29); }, {"cancel"}},
         {"mouse on a page's check box", [&] { clickAt(form.onPage, Inside); }, {"onPage"}},
-        {"a letter in a text box", [&] { post(windowOf(form.text), WM_CHAR, 'x', 1); }, {"text"}},
+        {"a letter in a text box", [&] { post(windowOf(form.text), WM_CHAR, 'x', 1); }, {}},
         {"arrow in a combo box", [&] { press(form.combo, VK_DOWN); }, {"combo"}},
         {"a choice taken back when the list closes",
          [&] {

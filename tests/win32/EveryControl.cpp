@@ -44,7 +44,6 @@ EveryControl::EveryControl(ui::Desktop& on, Kind kind) : Form(on, kind, "form", 
     const auto noteItem = [this](const char* name) {
         return [this, name](int item) { events.push_back(name + std::to_string(item)); };
     };
-    text.onChange = note("text");
     check.onClick = note("check");
     combo.onClick = note("combo");
     picture.onClick = note("picture");
