@@ -1,7 +1,6 @@
 // Every action of the user with each call of the system failing in turn, with each kind of code that it can give: the
 // program lives on, loses no handle, writes nothing that it would not have written, tells the user when not all is as
 // it should be, and does the same action right the next time.
-#include <cstdio>
 #include <cstring>
 #include <regex>
 #include <set>
@@ -146,13 +145,6 @@ const Action Actions[] = {
          world.edit("1", [&](frmEdit& form) {
              world.chooseIcon(form, file, 2);
              if (world.has(form.general.details.icon().file == file)) form.general.cmdGeneral(1).click();
-         });
-     }},
-    {"defaults",
-     [](World& world) {
-         world.edit("1", [](frmEdit& form) {
-             User::typeOver(form.general.details.txtZoneName, "Another");
-             form.general.cmdGeneral(0).click();
          });
      }},
     {"levels",
@@ -364,12 +356,8 @@ private:
 }  // namespace
 
 TEST(EveryFailure, LeavesTheProgramWorkingAndTheZonesAsTheActionLeftThem) {
-    int sum = 0;
     for (const Action& action : Actions) {
         SCOPED_TRACE(action.name);
-        const int tried = Trial(action).tryAll();
-        std::printf("%-26s %4d failures\n", action.name, tried);
-        sum += tried;
+        EXPECT_GT(Trial(action).tryAll(), 3);
     }
-    std::printf("%d failures of %zu actions tried\n", sum, std::size(Actions));
 }

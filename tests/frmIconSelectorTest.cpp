@@ -125,7 +125,8 @@ TEST_F(frmIconSelectorTest, DamagedIconsAreOneErrorAndTheOthersAreListed) {
             EXPECT_EQ(identifiers(form), "1:1 2:4 ");
             EXPECT_TRUE(form.lvwIcons.showing());
         },
-        [](frmIconSelector&, frmError& error) {
+        [](frmIconSelector& form, frmError& error) {
+            EXPECT_EQ(form.lvwIcons.count(), 2) << "they are there before the error is shown";
             EXPECT_EQ(error.lblErrDescription.caption(), "Icon image is damaged.");
         });
 }
@@ -154,23 +155,6 @@ TEST_F(frmIconSelectorTest, AZoneCannotUseTheIconsOf16BitProgramsAndIconFiles) {
         EXPECT_FALSE(form.lblUnusable.showing());
         EXPECT_TRUE(form.lvwIcons.showing());
     });
-}
-
-IN_MEMORY_TEST_F(frmIconSelectorTest, WhateverFailsWhileIconsAreLoadedTheOthersAreOffered) {
-    int calls = 0;
-    system.modules.watch.onCall = [&](const char* function) {
-        if (std::string_view(function) == "LockResource" && ++calls == 3) throw std::bad_alloc();
-    };
-    use(
-        "some.dll",
-        [](frmIconSelector& form) {
-            EXPECT_EQ(identifiers(form), "1:7 2:4480 ");
-            EXPECT_EQ(form.ilsIcons16.picture(1), picture(16, 2));
-        },
-        [](frmIconSelector& form, frmError&) {
-            EXPECT_EQ(form.lvwIcons.count(), 2) << "they are there before the error is shown";
-        });
-    system.modules.watch.onCall = nullptr;
 }
 
 }  // namespace
