@@ -2,7 +2,6 @@
 #include "backup/BackupFile.h"
 #include "backup/ExportFile.h"
 #include "backup/ZoneFile.h"
-#include "util/Error.h"
 #include "util/clsStrings.h"
 
 using namespace backup;

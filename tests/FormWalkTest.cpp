@@ -15,7 +15,6 @@
 #include "ui/PictureButton.h"
 #include "ui/ProgressBar.h"
 #include "ui/TabStrip.h"
-#include "util/trace.h"
 
 namespace {
 

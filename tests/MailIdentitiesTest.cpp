@@ -42,13 +42,14 @@ TEST_F(MailIdentities, AreMenuItemsInTheRegistrysOrderAndWithoutAnyTheDesignedOn
 
 TEST_F(MailIdentities, ShowTheZoneTheyAreIn) {
     system.setText(First, "Username", "Tom & Jerry");
-    expectError("frmMain.mnuOEUser_Click", "no mail settings");
+    expectError("frmMain.mnuOEUser_Click", "no mail settings: Outlook Express has not been used with it yet.");
     window().mnuEditOESecurity.items()[0].click();
     system.makeKey(Settings);
     for (const auto& [zone, name] : {std::pair{"none", "Missing Name"}, {"#33", "Missing Name"}, {"#3", "Internet"}}) {
         if (*zone == '#') system.setDword(Settings, "Security Zone", static_cast<std::uint32_t>(std::atoi(zone + 1)));
         open([&, name = name](frmOESecurity& form) {
             EXPECT_EQ(form.lblIdentity.caption(), "Tom & Jerry");
+            EXPECT_TRUE(form.lblIdentity.oneLine());
             EXPECT_EQ(form.lblZone.caption(), std::string(name) + " zone");
             EXPECT_EQ(form.lsvOEZones.selected(), 0);
             EXPECT_EQ(form.lsvOEZones.item(5).text, "Restricted sites");

@@ -223,7 +223,7 @@ TEST_F(Restoring, RefusesAnExportThatTouchesMoreThanTheZonesAndABackupWithoutAny
     addFile(Name + ".tvf", "Desc=Nothing\r\n");
     addFile(Name + ".reg", "REGEDIT4\r\n");
     const auto restoreNothing = [&](frmRestore& form) {
-        expectError("frmRestore.ParseInfo", "no zones");
+        expectError("frmRestore.ParseInfo", "no zones.");
         form.ListView1.click(1);
         desktop.expectMessage("restoring nothing");
         form.cmdRestore.click();
@@ -254,7 +254,10 @@ IN_MEMORY_TEST_F(Restoring, DeletesNothingWhenTheZonesCannotBeCopied) {
         addZone("3");
         other = zonesNow();
     };
-    restoreZones([&] { expectError("frmRestore.cmdRestore_Click", "have changed"); });
+    restoreZones([&] {
+        expectError("frmRestore.cmdRestore_Click",
+                    "The zones have changed while they were being copied. Nothing has been restored.");
+    });
     expectNothingBegun();
 }
 

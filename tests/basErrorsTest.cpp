@@ -1,5 +1,6 @@
 #include "errors/ErrorReporter.h"
 #include "errors/errorLog.h"
+#include "platform/SystemError.h"
 #include "util/Error.h"
 #include "util/procedure.h"
 #include "util/trace.h"
@@ -7,7 +8,6 @@
 #include <new>
 
 #include "support/Core.h"
-#include "zones/zones.h"
 
 namespace {
 
@@ -56,6 +56,7 @@ TEST_F(Errors, AProcedureThatFailedStaysOnTheTrace) {
 TEST_F(Errors, EveryErrorHasANumberAndATextForPeople) {
     const std::tuple<std::function<void()>, std::uint32_t, const char*> cases[] = {
         {[] { throw Error(0x80040402, "Icons", "No icon."); }, 0x80040402, "No icon."},
+        {[] { throw platform::SystemError(1450, "No room."); }, 1450, "No room."},
         {[] { throw std::bad_alloc(); }, NumberOutOfMemory, "Out of memory."},
         {[] { std::vector<int>().at(1); }, NumberOutOfRange, "Something was asked for that does not exist."},
         {[] { std::string().reserve(std::string::npos); }, NumberOutOfMemory, "A text or list is too long."},

@@ -120,8 +120,10 @@ TEST_F(clsFileIconTest, WhatIsWrongWithAGroupOrFileIsSaid) {
         {BadImages, icons::patched(icons::patched(file, 6 + 8, hugeSize), 6 + 16 + 8, hugeSize)},
     };
     for (const auto& [message, bytes] : files) EXPECT_EQ(loadFile(bytes), "Failed to load icon: " + message);
+    EXPECT_EQ(loadFile(file), "");
     EXPECT_EQ(failure([&] { icon.LoadIcon("C:\\none.ico"); }), "Failed to load icon: Couldn't open file for reading.");
 
+    EXPECT_EQ(icon.FileName(), "C:\\none.ico") << "not of the icon before";
     for (std::size_t length = 1; length < group.size(); ++length)
         EXPECT_NE(loadGroup(group.substr(0, length), images), "") << length;
     for (std::size_t length = 0; length < file.size(); ++length) EXPECT_NE(loadFile(file.substr(0, length)), "");

@@ -242,14 +242,14 @@ TEST(NativeFiles, AreReadAndNoFolders) {
     native::Files files;
     std::string bytes;
     std::uint32_t bits = 1;
-    EXPECT_EQ(files.read(path, bytes), platform::Success);
-    EXPECT_TRUE(bytes == text);
-    EXPECT_EQ(files.read(path, bytes, 17000), platform::Success);
-    EXPECT_EQ(bytes.size(), 17000U);
-    EXPECT_EQ(files.attributes(path, bits), platform::Success);
-    EXPECT_EQ(bits, 0U);
-    EXPECT_EQ(files.attributes(folder, bits), platform::Success);
-    EXPECT_EQ(bits, platform::FileAttributeDirectory);
+    for (const std::size_t limit : {platform::Files::Whole, std::size_t{17000}}) {
+        EXPECT_EQ(files.read(path, bytes, limit), platform::Success);
+        EXPECT_EQ(bytes, text.substr(0, limit));
+    }
+    for (const auto& [name, expected] : {std::pair{path, 0U}, {folder, platform::FileAttributeDirectory}}) {
+        EXPECT_EQ(files.attributes(name, bits), platform::Success);
+        EXPECT_EQ(bits, expected);
+    }
     EXPECT_NE(files.read(folder, bytes), platform::Success);
     std::remove(path.c_str());
     EXPECT_EQ(files.attributes(path, bits), platform::FileNotFound);

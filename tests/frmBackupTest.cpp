@@ -89,11 +89,11 @@ TEST_F(BackupDialog, TakesTheNameOfTheFirstSecondFromNowOnThatIsFree) {
 
 TEST_F(BackupDialog, TellsOnceWhatIsInTheWay) {
     system.writeFile("Backups", "");
-    backUp("kept", "frmBackup.SaveRegFile", "a file of that name is in the way");
+    backUp("kept", "frmBackup.SaveRegFile", "cannot be made: a file of that name is in the way.");
     system.platform().files.remove(system.path("Backups"));
     for (const char* zone : {"0", "1"}) addZone(zone);
     desktop.onDoEvents = [&] { system.deleteTree(zoneKey("1")); };
-    backUp("kept", "frmBackup.SaveRegFile", "The zone \"1\" is gone");
+    backUp("kept", "frmBackup.SaveRegFile", "The zone \"1\" is gone. The backup is incomplete.");
     EXPECT_EQ(zoneFile(), "(no file)");
 }
 

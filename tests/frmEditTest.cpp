@@ -2,7 +2,6 @@
 
 #include "support/User.h"
 #include "ui/ComboBox.h"
-#include "ui/Picture.h"
 #include "zones/Templates.h"
 
 namespace {

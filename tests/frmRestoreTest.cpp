@@ -2,7 +2,6 @@
 
 #include "backup/BackupFile.h"
 #include "support/User.h"
-#include "ui/Picture.h"
 
 namespace {
 
@@ -80,7 +79,7 @@ TEST_F(RestoreDialog, ReadsEveryTruncatedFileAndTellsWhenThereAreNoZonesInIt) {
     const std::size_t firstZone = good.find('\n') + 1, secondZone = good.find('\n', firstZone) + 1;
     for (std::size_t size = 0; size <= good.size(); ++size)
         preview(good.substr(0, size), [&](frmRestore& form) {
-            if (size <= firstZone) expectError("frmRestore.ParseInfo", "no zones");
+            if (size <= firstZone) expectError("frmRestore.ParseInfo", "no zones.");
             form.ListView1.click(1);
             EXPECT_EQ(form.lvwZones.count(), size <= firstZone ? 0 : size <= secondZone ? 1 : 2) << size;
             desktop.settle();

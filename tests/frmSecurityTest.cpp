@@ -193,6 +193,7 @@ TEST_F(frmSecurityTest, ShowsAGroupsPictureWhereThereIsOne) {
     system.setText(describe("B", "File"), "Bitmap", "%windir%\\missing.bmp");
     system.setText(describe("C", "Icon"), "Bitmap", "shell32.dll,18");
     system.setText(describe("D", "Two quotes"), "Bitmap", "\"a\"b,1");
+    customise("2", [](frmSecurity& form) { EXPECT_EQ(form.TVMRTreeView1.images(), &form.ilsGroups); });
     EXPECT_EQ(tree(), Enabled + "File\nIcon*\nTwo quotes\n");
 }
 
