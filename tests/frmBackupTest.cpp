@@ -16,8 +16,7 @@ struct BackupDialog : User {
     const std::string name = "3-9-2000 1457";
 
     // `failing`: a procedure whose failure the user is told of, and how.
-    void backUp(const std::string& description, const std::string& failing = {},
-                const std::string& message = "is incomplete") {
+    void backUp(const std::string& description, const std::string& failing = {}, const std::string& message = {}) {
         use<frmBackup>([&](frmBackup& form) {
             if (!failing.empty()) expectError(failing, message);
             form.txtDescription.type(description);
@@ -167,7 +166,7 @@ IN_MEMORY_TEST_F(BackupDialog, StopsAtTheFirstFileThatCannotBeWrittenAndKeepsWha
         // With the code of a success it is a write that came to nothing all the same.
         system.files.watch.failOn("append", failing, failing % 2 ? platform::DiskFull : platform::Success);
         const bool inZones = failing > writes / 2;
-        backUp("whole", inZones ? "frmBackup.SaveZoneFile" : "frmBackup.SaveRegFile");
+        backUp("whole", inZones ? "frmBackup.SaveZoneFile" : "frmBackup.SaveRegFile", " not enough space on the disk.");
         const std::string files[] = {file(stamp + ".reg"), file(stamp + ".tvf")};
         EXPECT_TRUE(files[!inZones] == (inZones ? whole[0] : "(no file)"));
         EXPECT_TRUE(files[inZones] == "(no file)" || whole[inZones].starts_with(files[inZones]));

@@ -162,7 +162,7 @@ void Registry::setContents(const Contents& contents) {
         }
         if (data.empty()) continue;
         Value& value = valueIn(*key, std::string_view(name).substr(path.size() + 1));
-        value.type = static_cast<RegType>(data[0]);
+        value.type = static_cast<unsigned char>(data[0]);
         value.data.assign(data.begin() + 1, data.end());
     }
 }
@@ -195,7 +195,7 @@ Result Registry::walk(HKey handle, const std::string& subKey, bool create, std::
     if (const Result code = checkPath(untilZero(subKey)); code != Success) return code;
     for (const std::string_view part : partsOf(untilZero(subKey))) {
         const auto make = [&] {
-            const auto child = std::make_shared<Key>();
+            auto child = std::make_shared<Key>();
             child->name = part;
             child->parent = key;
             return child;
