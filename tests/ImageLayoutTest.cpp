@@ -31,7 +31,7 @@ TEST(ImageLayout, SaysWhereThePartsOfAnImageAre) {
         EXPECT_EQ((std::array{layout->pixels, layout->mask, layout->end}), parts) << size;
     }
     const auto largest = iconLayout(icons::patched(icons::png(), 16, {0, 0, 1, 0, 0, 0, 1, 0}), true);
-    EXPECT_TRUE(largest && largest->width == 256 && largest->height == 256 && largest->bits == 32);
+    EXPECT_TRUE(largest && largest->png && largest->width == 256 && largest->height == 256 && largest->bits == 32);
     EXPECT_TRUE(largest->pixels == 82 && largest->mask == 82 && largest->end == 82)
         << "all of it, for the system to say";
 }

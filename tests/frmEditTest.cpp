@@ -236,6 +236,9 @@ IN_MEMORY_TEST_F(frmEditTest, KnowsTheZoneByTheNameThatItHasSaved) {
         form.pressEnter();
         EXPECT_EQ(form.lblZone.caption(), "Again");
         form.TabStrip1.choose(FlagsPage);
+        system.registry.watch.failOn("RegQueryValueExA", 1, platform::OutOfMemory);
+        desktop.expectMessage("unreadable, not saved|" + zoneKey("5"));
+        form.flags.cmdFlags(Apply).click();
         form.flags.cmdFlags(Apply).click();
     });
 }
