@@ -9,6 +9,7 @@
 #include "editing/frmSecurity.h"
 #include "errors/frmError.h"
 #include "mail/frmOESecurity.h"
+#include "zones/Settings.h"
 
 #include <windows.h>
 
@@ -155,11 +156,21 @@ void resizing(Machine& machine, HWND window) {
         Moved + 1);
 }
 
+// The bare dialogs read nothing: what tests have left of the browser's settings would be read by ours alone.
+void forgetKey(clsRegistry& registry, const std::string& path) {
+    registry.goTo(path);
+    for (const std::string& key : registry.DirKey().value_or(std::vector<std::string>()))
+        forgetKey(registry, path + "\\" + key);
+    registry.goTo(path);
+    registry.DeleteKey("");
+}
+
 }  // namespace
 
 void dialogs(Machine& machine) {
     seedZones(5, 30);
     forms::Context& program = machine.program;
+    forgetKey(program.registry, zones::SettingsKey);
     frmMain window(program);
     window.load();
     window.show();
