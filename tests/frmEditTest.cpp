@@ -238,7 +238,10 @@ IN_MEMORY_TEST_F(frmEditTest, KnowsTheZoneByTheNameThatItHasSaved) {
         form.TabStrip1.choose(FlagsPage);
         system.registry.watch.failOn("RegQueryValueExA", 1, platform::OutOfMemory);
         desktop.expectMessage("unreadable, not saved|" + zoneKey("5"));
+        const std::string flags = stored("5", "Flags");
+        form.flags.chkProperties(0).click();
         form.flags.cmdFlags(Apply).click();
+        EXPECT_EQ(stored("5", "Flags"), flags);
         form.flags.cmdFlags(Apply).click();
     });
 }
