@@ -6,11 +6,7 @@
 #include "platform/ImageLayout.h"
 #include "platform/ResourceTree.h"
 #include "platform/StringTable.h"
-#include "simulated/Desktop.h"
-#include "simulated/Memory.h"
-#include "simulated/Modules.h"
-#include "simulated/Registry.h"
-#include "simulated/System.h"
+#include "simulated/Machine.h"
 #include "util/Error.h"
 
 namespace {
@@ -21,17 +17,7 @@ using platform::Bytes, platform::ByteSpan;
 
 constexpr const char *Given = "C:\\given", *Saved = "C:\\saved.ico";
 
-struct Services {
-    simulated::Registry registry;
-    simulated::Files files;
-    simulated::Modules modules{files};
-    simulated::Memory memory;
-    simulated::System system;
-    simulated::Browser browser;
-    simulated::Launcher launcher;
-    simulated::Desktop desktop;
-    platform::Platform platform{registry, files, modules, memory, system, browser, launcher, desktop};
-
+struct Icons : simulated::Machine {
     // By the kind of file that it is, or as a group of a program file; without images when it is refused.
     void load(clsFileIcon& icon, ByteSpan bytes, bool fromProgram) {
         // The first byte of a group, which nobody reads, is its length here. An image follows, its second half another.
@@ -59,9 +45,9 @@ struct Services {
 
 template <bool FromProgram>
 void readIcon(ByteSpan bytes) {
-    static Services services;
-    clsFileIcon icon(services.platform), again(services.platform);
-    services.load(icon, bytes, FromProgram);
+    static Icons icons;
+    clsFileIcon icon(icons.services), again(icons.services);
+    icons.load(icon, bytes, FromProgram);
     if (icon.ImageCount() == 0) return;
     int drawn = 0;
     for (int image = 0; image < icon.ImageCount(); ++image) {
@@ -73,10 +59,10 @@ void readIcon(ByteSpan bytes) {
     } catch (const util::Error&) {
         expect(drawn == 0, "there is a best image if one can be drawn");
     }
-    const std::string saved = services.save(icon);
+    const std::string saved = icons.save(icon);
     again.LoadIcon(Saved);
-    expect(again.ImageCount() == icon.ImageCount() && services.save(again) == saved, "an icon is read as it was saved");
-    expect(services.memory.blocks() == 0 && services.modules.icons() == 0, "nothing is held");
+    expect(again.ImageCount() == icon.ImageCount() && icons.save(again) == saved, "an icon is read as it was saved");
+    expect(icons.memory.blocks() == 0 && icons.modules.icons() == 0, "nothing is held");
 }
 
 void readIconImage(ByteSpan bytes) {

@@ -38,10 +38,7 @@ std::optional<std::uint32_t> numberIn(const sample::Entry& entry) {
 
 }  // namespace
 
-TestSystem::TestSystem()
-    : real_(RealSystem::make(system, launcher)),
-      services_(real_ ? real_->platform()
-                      : Platform{registry, files, modules, memory, system, browser, launcher, screen}) {
+TestSystem::TestSystem() : real_(RealSystem::make(system, launcher)), bare_(real_ ? real_->platform() : services) {
     for (simulated::Watch* service : {&registry.watch, &files.watch, &modules.watch, &memory.watch, &system.watch,
                                       &browser.watch, &launcher.watch, &desktop.watch})
         service->above = &watch;
@@ -66,7 +63,7 @@ void TestSystem::reset() {
             const std::string file = started.arguments.substr(begin, started.arguments.rfind('"') - begin);
             std::string bytes;
             const simulated::Watch::Pause pause(watch);
-            if (services_.files.read(file, bytes) == Success) import(sample::readRegistryFile(bytes));
+            if (bare_.files.read(file, bytes) == Success) import(sample::readRegistryFile(bytes));
         };
     }
     setBrowserVersion("");
@@ -78,7 +75,7 @@ void TestSystem::reset() {
 class TestSystem::Key {
 public:
     Key(TestSystem& system, const std::string& path, AccessMask access)
-        : pause_(system.watch), registry_(system.services_.registry) {
+        : pause_(system.watch), registry_(system.bare_.registry) {
         const HKey root = path.starts_with("HKEY_LOCAL_MACHINE") ? HKeyLocalMachine : HKeyCurrentUser;
         const std::string subKey = path.substr(path.find('\\') + 1);
         if (access == KeySetValue)
@@ -105,18 +102,18 @@ void TestSystem::import(const std::vector<sample::Entry>& entries) {
     for (const sample::Entry& entry : entries) {
         const Key key(*this, entry.path, KeySetValue);
         if (entry.type != sample::Entry::NoValue)
-            services_.registry.RegSetValueExA(key, entry.name, entry.type, entry.data.data(),
-                                              static_cast<std::uint32_t>(entry.data.size()));
+            bare_.registry.RegSetValueExA(key, entry.name, entry.type, entry.data.data(),
+                                          static_cast<std::uint32_t>(entry.data.size()));
     }
 }
 
 void TestSystem::deleteTree(const std::string& path) {
     for (const std::string& name : keys(path)) deleteTree(path + "\\" + name);
-    if (const Key key(*this, path, KeyQueryValue); key) services_.registry.RegDeleteKeyA(key, "");
+    if (const Key key(*this, path, KeyQueryValue); key) bare_.registry.RegDeleteKeyA(key, "");
 }
 
 void TestSystem::deleteValue(const std::string& path, const std::string& name) {
-    services_.registry.RegDeleteValueA(Key(*this, path, KeyQueryValue | KeySetValue), name);
+    bare_.registry.RegDeleteValueA(Key(*this, path, KeyQueryValue | KeySetValue), name);
 }
 
 bool TestSystem::exists(const std::string& path) {
@@ -131,9 +128,8 @@ std::vector<std::string> TestSystem::names(const std::string& path, bool ofKeys)
         auto length = static_cast<std::uint32_t>(name.size());
         RegType type = 0;
         std::uint32_t size = 0;
-        const Result code =
-            ofKeys ? services_.registry.RegEnumKeyExA(key, index, name.data(), length)
-                   : services_.registry.RegEnumValueA(key, index, name.data(), length, type, nullptr, size);
+        const Result code = ofKeys ? bare_.registry.RegEnumKeyExA(key, index, name.data(), length)
+                                   : bare_.registry.RegEnumValueA(key, index, name.data(), length, type, nullptr, size);
         if (code != Success) break;
         names.push_back(name.substr(0, length));
     }
@@ -144,9 +140,9 @@ std::optional<sample::Entry> TestSystem::value(const std::string& path, const st
     sample::Entry entry{path, name, 0, {}};
     const Key key(*this, path, KeyQueryValue);
     std::uint32_t size = 0;
-    if (services_.registry.RegQueryValueExA(key, name, entry.type, nullptr, size) != Success) return {};
+    if (bare_.registry.RegQueryValueExA(key, name, entry.type, nullptr, size) != Success) return {};
     entry.data.resize(size);
-    services_.registry.RegQueryValueExA(key, name, entry.type, entry.data.data(), size);
+    bare_.registry.RegQueryValueExA(key, name, entry.type, entry.data.data(), size);
     return entry;
 }
 
@@ -189,13 +185,13 @@ TestSystem::Tree TestSystem::tree(const std::string& path) {
 void TestSystem::writeFile(const std::string& name, std::string_view bytes) {
     const simulated::Watch::Pause pause(watch);
     std::uint32_t written = 0;
-    services_.files.create(path(name), bytes, written);
+    bare_.files.create(path(name), bytes, written);
 }
 
 std::optional<std::string> TestSystem::readFile(const std::string& name) {
     const simulated::Watch::Pause pause(watch);
     std::string bytes;
-    return services_.files.read(path(name), bytes) == Success ? std::optional(bytes) : std::nullopt;
+    return bare_.files.read(path(name), bytes) == Success ? std::optional(bytes) : std::nullopt;
 }
 
 std::vector<std::string> TestSystem::filesIn(const std::string& folder, const std::string& wildcard) {
@@ -203,10 +199,10 @@ std::vector<std::string> TestSystem::filesIn(const std::string& folder, const st
     std::vector<std::string> names;
     FoundFile found;
     Files::Search search = 0;
-    for (Result code = services_.files.findFirst(folder + "\\" + wildcard, search, found); code == Success;
-         code = services_.files.findNext(search, found))
+    for (Result code = bare_.files.findFirst(folder + "\\" + wildcard, search, found); code == Success;
+         code = bare_.files.findNext(search, found))
         if (found.name != "." && found.name != "..") names.push_back(found.name);
-    services_.files.findClose(search);
+    bare_.files.findClose(search);
     return names;
 }
 
@@ -263,6 +259,6 @@ void TestSystem::endPrograms() {
     if (inMemory()) launcher.endAll();
     // Until all have ended, or half a minute.
     for (const Launcher::Process process : launcher.open)
-        for (int tries = 0; services_.launcher.running(process) && tries < 3000; ++tries)
+        for (int tries = 0; bare_.launcher.running(process) && tries < 3000; ++tries)
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
 }

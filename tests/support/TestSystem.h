@@ -9,43 +9,27 @@
 #include <optional>
 #include <set>
 
-#include "platform/Platform.h"
-#include "simulated/Desktop.h"
-#include "simulated/Files.h"
-#include "simulated/Memory.h"
-#include "simulated/Modules.h"
-#include "simulated/Registry.h"
-#include "simulated/System.h"
+#include "simulated/Machine.h"
 #include "support/IconBytes.h"
 #include "support/RealSystem.h"
 #include "support/SampleData.h"
 #include "support/ScriptedDesktop.h"
 
-class TestSystem {
+// The machine in memory has switches that a real system does not have; on that it is not used, but for the folder and
+// the clock that are told, and the programs that were started.
+class TestSystem : public simulated::Machine {
 public:
     TestSystem();
     ~TestSystem();
-    TestSystem(const TestSystem&) = delete;
-    TestSystem& operator=(const TestSystem&) = delete;
 
-    // In memory, with switches that a real system does not have; on that they are not used, but for the folder and the
-    // clock that are told, and the programs that were started.
-    simulated::Registry registry;
-    simulated::Files files;
-    simulated::Modules modules{files};
-    simulated::Memory memory;
-    simulated::System system;
-    simulated::Browser browser;
-    simulated::Launcher launcher;
-    simulated::Desktop screen;
     bool inMemory() const { return !real_; }
 
 private:
     std::unique_ptr<RealSystem> real_;  // is told of those above
-    platform::Platform services_;
+    platform::Platform bare_;
 
 public:
-    ScriptedDesktop desktop{services_.desktop};
+    ScriptedDesktop desktop{bare_.desktop};
     simulated::Watch watch;  // of them all together
     platform::Platform& platform() { return platform_; }
 
@@ -108,8 +92,8 @@ private:
     class Key;
     std::vector<std::string> names(const std::string& path, bool ofKeys);
 
-    platform::Platform platform_{services_.registry, services_.files,   services_.modules,  services_.memory,
-                                 services_.system,   services_.browser, services_.launcher, desktop};
+    platform::Platform platform_{bare_.registry, bare_.files,   bare_.modules,  bare_.memory,
+                                 bare_.system,   bare_.browser, bare_.launcher, desktop};
 };
 
 // A test that counts or refuses calls, or sets what only a system in memory lets itself be told.
