@@ -21,10 +21,9 @@ if(CMAKE_BUILD_TYPE STREQUAL MinSizeRel)
     add_compile_options(-flto -fno-ipa-modref)
     add_link_options(-flto-partition=one)
     # The loaders of Windows 95 and NT 4 refuse a program that asks for a later version.
-    add_link_options(-s -Wl,--gc-sections -Wl,--major-os-version,4 -Wl,--minor-os-version,0 -Wl,--disable-dynamicbase
-        -Wl,--disable-reloc-section)
-    set(subsystem -Wl,--subsystem,windows:4.0)
-    set(console_subsystem -Wl,--subsystem,console:4.0)
+    add_link_options(-Wl,--major-os-version,4 -Wl,--minor-os-version,0
+        -Wl,--major-subsystem-version,4 -Wl,--minor-subsystem-version,0)
+    add_link_options(-s -Wl,--gc-sections -Wl,--disable-dynamicbase -Wl,--disable-reloc-section)
 endif()
 add_link_options(-Wl,--no-insert-timestamp)
 # Archives carry no times and no owners.
