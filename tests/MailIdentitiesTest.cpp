@@ -56,6 +56,10 @@ TEST_F(MailIdentities, ShowTheZoneTheyAreIn) {
         });
         EXPECT_EQ(settings(), zone);
     }
+    if (!system.inMemory()) return;
+    system.registry.watch.failOn("RegOpenKeyExA", 9, platform::AccessDenied);
+    expectError("frmMain.mnuOEUser_Click", "The mail settings of this identity cannot be read.");
+    window().mnuEditOESecurity.items()[0].click();
 }
 
 TEST_F(MailIdentities, AreMovedAndLockedByAClickOrByEnterButNotByLookingAround) {

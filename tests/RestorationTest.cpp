@@ -239,11 +239,13 @@ IN_MEMORY_TEST_F(Restoring, DeletesNothingWhenTheZonesCannotBeCopied) {
         restoreZones([&] { expectError("frmRestore.cmdRestore_Click", CopyName); });
         expectNothingBegun();
     }
-    for (const char* function : {"RegEnumKeyExA", "RegEnumValueA", "RegQueryValueExA"}) {
+    for (const auto& [function, told] : {std::pair{"RegEnumKeyExA", "The zones could not be read from the registry."},
+                                         {"RegEnumValueA", "3-9-2000 1458.reg\" is incomplete."},
+                                         {"RegQueryValueExA", "3-9-2000 1458.tvf\" is incomplete."}}) {
         SCOPED_TRACE(function);
-        restoreZones([&] {
+        restoreZones([&, function = function, told = told] {
             system.registry.watch.failOn(function, 1, platform::AccessDenied);
-            expectError("frmRestore.cmdRestore_Click", "could not be read");
+            expectError("frmRestore.cmdRestore_Click", told);
         });
         expectNothingBegun();
     }

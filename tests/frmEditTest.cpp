@@ -85,7 +85,8 @@ TEST_F(frmEditTest, RefusesNamesAndDescriptionsThatAreBlankOrTooLongForTheBrowse
         EXPECT_EQ(details.txtZoneName.text(), name);
         EXPECT_EQ(details.txtZoneDescription.text(), description);
         const auto expectRefusal = [&](ui::TextBox& box, int button, const std::string& message) {
-            details.picIcon.setFocus();
+            button == Apply ? box.setFocus() : details.picIcon.setFocus();
+            box.select(0, 0);
             desktop.expectMessage(message);
             form.general.cmdGeneral(button).click();
             EXPECT_TRUE(box.focused());

@@ -93,6 +93,7 @@ TEST_F(MainWindow, ShowsAnErrorWithoutZonesAndLivesOn) {
     system.registry.watch.failOn("RegQueryInfoKeyA", 1, platform::OutOfMemory);
     expectError("frmMain.FillListView", "The security zones of Internet Explorer cannot be read from the registry.");
     window().RebuildList();
+    EXPECT_EQ(shown(), "|||||");
 }
 
 TEST_F(MainWindow, HasRoomForTheLongestDescriptionThatTheBrowserReads) {
