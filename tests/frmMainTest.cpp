@@ -186,6 +186,7 @@ TEST_F(MainWindow, SwitchesBetweenItsViewsAndRemembersTheLast) {
     EXPECT_EQ(layout(window()), basic);
     closeWindow();
     EXPECT_EQ(layout(window()), basic);
+    EXPECT_EQ(window().smallest().height, 3120);
     window().mnuViewAdv.click();
     EXPECT_EQ(layout(window()), advanced);
     EXPECT_EQ(

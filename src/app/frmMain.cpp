@@ -157,7 +157,11 @@ void frmMain::Form_Resize() {
 
 void frmMain::GiveListTheRest() {
     StretchList(height() - heightFor(zzzpicLogo.top(), zzzpicLogo.height()));
-    // Without the logo everything can still be used.
+    LimitHeight();
+}
+
+// Without the logo everything can still be used.
+void frmMain::LimitHeight() {
     setSmallestHeight(zzzpicLogo.top() - lvwZones.height() + LowestList);
 }
 

@@ -115,6 +115,7 @@ private:
     void ChangeView(std::uint32_t view);
     void StretchList(ui::Twips by);
     void GiveListTheRest();
+    void LimitHeight();
     void ReadAgain();
     void ShowLogo();
     void DrawEtchedLine();

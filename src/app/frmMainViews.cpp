@@ -89,6 +89,7 @@ void frmMain::ReadAttributes() {
     StretchList(frameTop - zzzfraInfo.top());
     zzzfraInfo.setTop(frameTop);
     zzzpicLogo.setTop(logoTop);
+    LimitHeight();
     if (this->height() < height) GiveListTheRest();  // the screen is too small
 }
 
