@@ -98,10 +98,17 @@ IN_MEMORY_TEST_F(clsRegistry_, FailuresOfTheSystemAreRecordedAndNotShown) {
         {1011, "Cannot Open Key."},       {1012, "Cannot Read Key."},           {1013, "Cannot Write Key."},
         {6, "Undefined key error code!"}};
     for (const auto& [code, text] : texts) {
-        system.registry.watch.failOn("RegDeleteKeyA", 1, code);
-        registry.DeleteKey("Any");
-        EXPECT_EQ(basErrors::Err.number, 0x80040400 + code);
-        EXPECT_EQ(basErrors::Err.source + basErrors::Err.description, std::string("TVMRRegistry[API Call]") + text);
+        const std::pair<const char*, std::function<void()>> refused[] = {
+            {"RegDeleteKeyA", [&] { registry.DeleteKey("Any"); }},
+            {"RegCreateKeyExA", [&] { registry.MakeKey("Any"); }},
+            {"RegSetValueExA", [&] { registry.ValueOf("Value", 0, "text"s); }}};
+        for (const auto& [function, call] : refused) {
+            system.registry.watch.failOn(function, 1, code);
+            call();
+            EXPECT_EQ(basErrors::Err.number, 0x80040400 + code) << function;
+            EXPECT_EQ(basErrors::Err.source + basErrors::Err.description, std::string("TVMRRegistry[API Call]") + text);
+            basErrors::Err.clear();
+        }
     }
     registry.MakeKey("Any");
     EXPECT_EQ(basErrors::Err.number, 0u);

@@ -66,7 +66,7 @@ TEST_F(RestoreDialog, PreviewsTheFirstZoneAndThenTheOneClicked) {
         const ui::Picture first = form.picZoneIcon.picture();
         form.lvwZones.click(2);
         EXPECT_EQ(shown(form), "Internet Trusted : Trusted|Sites you trust|Custom|Custom|**Missing**|71 icon");
-        EXPECT_EQ(form.picZoneIcon.picture(), form.ilsZoneIcons.picture(form.lvwZones.item(2).image));
+        EXPECT_EQ(form.picZoneIcon.picture(), form.lvwZones.largeImages()->picture(form.lvwZones.item(2).image));
         EXPECT_NE(form.picZoneIcon.picture(), first);
         form.ListView1.click(1);  // again: nothing piles up
         EXPECT_EQ(form.lvwZones.count(), 2);
