@@ -45,9 +45,9 @@ TEST_F(frmIconSelectorTest, EveryIconOfTheFileIsListedInBothSizes) {
     use("some.dll", [&](frmIconSelector& form) {
         EXPECT_EQ(form.lblIconCount.caption(), "3 icons in: some.dll");
         EXPECT_EQ(identifiers(form), "1:MAIN 2:7 3:4480 ");
-        EXPECT_EQ(form.ilsIcons32.picture(2), picture(32, 2));
-        EXPECT_EQ(form.ilsIcons16.picture(2), picture(16, 2));
-        EXPECT_EQ(form.ilsIcons16.picture(3), picture(48, 3)) << "the only size there is";
+        EXPECT_EQ(form.lvwIcons.largeImages()->picture(2), picture(32, 2));
+        EXPECT_EQ(form.lvwIcons.smallImages()->picture(2), picture(16, 2));
+        EXPECT_EQ(form.lvwIcons.smallImages()->picture(3), picture(48, 3)) << "the only size there is";
         EXPECT_TRUE(form.lvwIcons.focused() && !form.Progress.showing());
     });
     EXPECT_TRUE(chosen == "none" && box.picture().empty()) << "giving up changes nothing";
