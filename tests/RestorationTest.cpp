@@ -239,12 +239,15 @@ IN_MEMORY_TEST_F(Restoring, DeletesNothingWhenTheZonesCannotBeCopied) {
         restoreZones([&] { expectError("frmRestore.cmdRestore_Click", CopyName); });
         expectNothingBegun();
     }
-    for (const auto& [function, told] : {std::pair{"RegEnumKeyExA", "The zones could not be read from the registry."},
-                                         {"RegEnumValueA", "3-9-2000 1458.reg\" is incomplete."},
-                                         {"RegQueryValueExA", "3-9-2000 1458.tvf\" is incomplete."}}) {
+    const std::tuple<const char*, int, const char*> cases[] = {
+        {"RegEnumKeyExA", 1, "The zones could not be read from the registry."},
+        {"RegEnumValueA", 1, "3-9-2000 1458.reg\" is incomplete."},
+        {"RegEnumValueA", 7, "The zones could not be read from the registry."},
+        {"RegQueryValueExA", 1, "3-9-2000 1458.tvf\" is incomplete."}};
+    for (const auto& [function, call, told] : cases) {
         SCOPED_TRACE(function);
-        restoreZones([&, function = function, told = told] {
-            system.registry.watch.failOn(function, 1, platform::AccessDenied);
+        restoreZones([&, function = function, call = call, told = told] {
+            system.registry.watch.failOn(function, call, platform::AccessDenied);
             expectError("frmRestore.cmdRestore_Click", told);
         });
         expectNothingBegun();
