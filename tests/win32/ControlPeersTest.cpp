@@ -189,6 +189,23 @@ std::string toolTipOf(const ui::Control& control) {
     return text;
 }
 
+// Those that stand on the form itself.
+std::vector<ui::Control*> windowsOnForm(const EveryControl& f) {
+    std::vector<ui::Control*> all;
+    for (ui::Control* control : f.controls())
+        if (!control->container() && windowOf(*control)) all.push_back(control);
+    return all;
+}
+
+bool standsWhereItShould(const ui::Control& control) {
+    RECT at = {};
+    GetWindowRect(windowOf(control), &at);
+    MapWindowPoints(nullptr, windowOf(control.form()), reinterpret_cast<POINT*>(&at), 2);
+    const ui::Bounds should = control.bounds();
+    const auto close = [](LONG pixels, ui::Twips twips) { return std::abs(pixels * 15 - twips) <= 15; };
+    return close(at.left, should.left) && close(at.top, should.top) && close(at.right, should.right());
+}
+
 // Which of the controls' native states, read from the system, are not as `change` makes them.
 std::string unchanged(EveryControl& f) {
     const auto images = reinterpret_cast<HIMAGELIST>(ask(f.shows, LVM_GETIMAGELIST, LVSIL_NORMAL));
@@ -215,10 +232,16 @@ std::string unchanged(EveryControl& f) {
     std::string names;
     for (const auto& [name, right] : states)
         if (!right) names += std::string(name) + " ";
+    for (const ui::Control* control : windowsOnForm(f))
+        if (!standsWhereItShould(*control)) names += "place of " + std::string(control->name()) + " ";
     return names;
 }
 
 void change(EveryControl& f) {
+    for (ui::Control* control : windowsOnForm(f)) {
+        const ui::Bounds at = control->bounds();
+        control->setBounds({at.left + 150, at.top + 75, at.width - 300, at.height});
+    }
     f.text.setText("R&D");
     f.label.setCaption("Q&A");
     f.text.select(1, 2);
