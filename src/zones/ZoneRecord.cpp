@@ -8,7 +8,6 @@ namespace zones {
 
 ZoneRecord readZone(clsRegistry& registry, const std::string& zone) {
     ZoneRecord record;
-    record.key = zone;
     record.found = goToZone(registry, zone);
     if (record.found != Found::Present) return record;
     record.texts = readTexts(registry);

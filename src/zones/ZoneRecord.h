@@ -18,7 +18,6 @@ struct ZoneLevels {
 };
 
 struct ZoneRecord {
-    std::string key;              // its name below ZonesKey; "" for none
     Found found = Found::Absent;  // of the key; what could not be read for want of it is Absent, too
     ZoneTexts texts;
     ZoneLevels levels;
