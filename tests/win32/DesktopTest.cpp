@@ -104,6 +104,19 @@ TEST_F(DesktopTest, AFormCanBeShownAgainEvenInTheHandlerThatUnloadedIt) {
     EXPECT_EQ(windowOf(form), nullptr);
 }
 
+TEST_F(DesktopTest, OnlyAMainWindowHasAnIconAndAFrameThatIsDragged) {
+    constexpr LONG_PTR ByTheUser = WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
+    for (const Kind kind : {Kind::Main, Kind::Dialog}) {
+        EveryControl form(desktop, kind);
+        form.show();
+        const LONG_PTR style = GetWindowLongPtrA(windowOf(form), GWL_STYLE);
+        const LONG_PTR extended = GetWindowLongPtrA(windowOf(form), GWL_EXSTYLE);
+        EXPECT_EQ(style & ByTheUser, kind == Kind::Main ? ByTheUser : 0);
+        EXPECT_EQ(extended & WS_EX_DLGMODALFRAME, kind == Kind::Main ? 0 : WS_EX_DLGMODALFRAME);
+        EXPECT_TRUE(style & WS_SYSMENU && extended & WS_EX_CONTROLPARENT);
+    }
+}
+
 TEST_F(DesktopTest, AMainWindowIsSizedByUserAndProgram) {
     EveryControl form(desktop);
     EXPECT_EQ(form.place().width, 0);
