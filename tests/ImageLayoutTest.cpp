@@ -15,7 +15,10 @@ TEST(ImageLayout, SoundImagesOfIconsAreAcceptedAndDamagedOnesAreNot) {
         const auto layout = iconLayout(bytes, true);
         EXPECT_EQ(layout.has_value(), isDrawn) << what;
         EXPECT_EQ(iconLayout(bytes, false).has_value(), isDrawn && what != std::string("a PNG")) << what;
-        EXPECT_TRUE(!layout || (layout->width == 16 && layout->height == 16 && layout->end <= bytes.size())) << what;
+        if (!layout) continue;
+        EXPECT_EQ(layout->width, 16) << what;
+        EXPECT_EQ(layout->height, 16) << what;
+        EXPECT_LE(layout->end, bytes.size()) << what;
     }
     for (const Bytes& whole : {icons::image(16, 4).bytes, icons::image(8, 8).bytes, icons::png()})
         for (std::size_t length = 0; length < whole.size(); ++length)
@@ -23,27 +26,23 @@ TEST(ImageLayout, SoundImagesOfIconsAreAcceptedAndDamagedOnesAreNot) {
 }
 
 TEST(ImageLayout, SaysWhereThePartsOfAnImageAre) {
-    const std::tuple<int, int, std::array<std::size_t, 3>> cases[] = {
-        {16, 1, {48, 112, 176}}, {17, 4, {104, 308, 376}}, {32, 8, {1064, 2088, 2216}}, {3, 24, {40, 76, 88}}};
-    for (const auto& [size, bits, parts] : cases) {
-        const auto layout = iconLayout(icons::image(size, bits).bytes, true);
-        ASSERT_TRUE(layout && layout->height == size && layout->bits == bits) << size;
-        EXPECT_EQ((std::array{layout->pixels, layout->mask, layout->end}), parts) << size;
-    }
-    const auto largest = iconLayout(icons::patched(icons::png(), 16, {0, 0, 1, 0, 0, 0, 1, 0}), true);
-    EXPECT_TRUE(largest && largest->png && largest->width == 256 && largest->height == 256 && largest->bits == 32);
-    EXPECT_TRUE(largest->pixels == 82 && largest->mask == 82 && largest->end == 82)
+    const platform::ImageLayout layouts[] = {{16, 16, 1, false, 48, 112, 176},
+                                             {17, 17, 4, false, 104, 308, 376},
+                                             {32, 32, 8, false, 1064, 2088, 2216},
+                                             {3, 3, 24, false, 40, 76, 88}};
+    for (const auto& layout : layouts)
+        EXPECT_EQ(iconLayout(icons::image(layout.width, layout.bits).bytes, true), layout) << layout.width;
+    EXPECT_EQ(iconLayout(icons::patched(icons::png(), 16, {0, 0, 1, 0, 0, 0, 1, 0}), true),
+              (platform::ImageLayout{256, 256, 32, true, 82, 82, 82}))
         << "all of it, for the system to say";
 }
 
 TEST(ImageLayout, ASmallImageIsEnlargedByAWholeFactorAndALargeOneShrunk) {
-    const std::tuple<platform::ImageLayout, int, int, int> cases[] = {
-        {{32, 32}, 32, 32, 32}, {{16, 16}, 32, 32, 32}, {{24, 24}, 32, 24, 24}, {{24, 24}, 64, 48, 48},
-        {{48, 48}, 32, 32, 32}, {{16, 8}, 64, 64, 32},  {{64, 16}, 32, 32, 8},  {{256, 1}, 16, 16, 1}};
-    for (const auto& [image, room, width, height] : cases) {
-        const platform::ImageSize size = platform::sizeIn(image, room);
-        EXPECT_TRUE(size.width == width && size.height == height) << image.width << " in " << room;
-    }
+    const std::tuple<platform::ImageLayout, int, platform::ImageSize> cases[] = {
+        {{32, 32}, 32, {32, 32}}, {{16, 16}, 32, {32, 32}}, {{24, 24}, 32, {24, 24}}, {{24, 24}, 64, {48, 48}},
+        {{48, 48}, 32, {32, 32}}, {{16, 8}, 64, {64, 32}},  {{64, 16}, 32, {32, 8}},  {{256, 1}, 16, {16, 1}}};
+    for (const auto& [image, room, size] : cases)
+        EXPECT_EQ(platform::sizeIn(image, room), size) << image.width << " in " << room;
 }
 
 Bytes header(std::uint32_t width, std::uint32_t height, std::uint32_t bits, std::uint32_t packing = 0,
@@ -78,7 +77,8 @@ TEST(ImageLayout, ABitmapMayHaveALongerHeaderAndItsTopRowFirst) {
     };
     for (const auto& [what, bytes, pixels] : cases) {
         const auto layout = platform::bitmapLayout(bytes);
-        ASSERT_TRUE(layout && layout->height == 2) << what;
+        ASSERT_TRUE(layout) << what;
+        EXPECT_EQ(layout->height, 2) << what;
         EXPECT_EQ(layout->pixels, pixels) << what;
         EXPECT_FALSE(platform::bitmapLayout(ByteSpan(bytes).first(bytes.size() - 1))) << what;
     }

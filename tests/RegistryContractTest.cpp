@@ -159,8 +159,11 @@ TEST_F(RegistryContract, DataOfAnySizeAndTypeComesBackWhole) {
             const Bytes data(size, 0xE9);  // not ASCII, and text without a terminating zero
             ASSERT_EQ(registry.RegSetValueExA(key, "v", type, data.data(), size), Success);
             const Read all = read(size + 4, "V"), part = read(size ? size - 1 : 0, "v");
-            EXPECT_TRUE(all.code == Success && all.type == type && all.data.substr(0, all.size) == data);
-            EXPECT_TRUE(part.code == (size ? MoreData : Success) && part.size == size) << part.code;
+            EXPECT_EQ(all.code, Success);
+            EXPECT_EQ(all.type, type);
+            EXPECT_TRUE(all.data.substr(0, all.size) == data);
+            EXPECT_EQ(part.code, size ? MoreData : Success);
+            EXPECT_EQ(part.size, size);
             KeyInfo info;
             EXPECT_EQ(registry.RegQueryInfoKeyA(key, info), Success);
             EXPECT_TRUE(info.longestData == size || info.longestData == 2 * size) << "text at two bytes a character";
@@ -171,8 +174,11 @@ TEST_F(RegistryContract, TextWithoutATerminatingZeroGetsOneWhenThereIsRoom) {
     for (const RegType type : {RegSz, RegExpandSz, RegMultiSz, RegBinary}) {
         system.set({Path, "t", type, {'a', 'b', 'c'}});
         const Bytes room{'a', 'b', 'c', static_cast<std::uint8_t>(type == RegBinary ? 0x55 : 0), 0x55};
-        for (const Read& text : {read(5, "t"), read(5)})
-            EXPECT_TRUE(text.code == Success && text.size == 3 && text.data == room) << type;
+        for (const Read& text : {read(5, "t"), read(5)}) {
+            EXPECT_EQ(text.code, Success) << type;
+            EXPECT_EQ(text.size, 3u) << type;
+            EXPECT_EQ(text.data, room) << type;
+        }
     }
 }
 

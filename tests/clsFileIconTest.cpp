@@ -63,10 +63,13 @@ TEST_F(clsFileIconTest, AGroupIsLoadedWithItsImagesAsStored) {
         EXPECT_TRUE(std::ranges::equal(icon.ImageBytes(i), stored.bytes)) << i;
         EXPECT_EQ(icon.ImageSize(i++), stored.bytes.size());
     }
-    EXPECT_TRUE(icon.ImageWidth(2) == 256 && icon.ImageHeight(1) == 32 && icon.ImageColourCount(2) == 16777216);
+    EXPECT_EQ(icon.ImageWidth(2), 256);
+    EXPECT_EQ(icon.ImageHeight(1), 32);
+    EXPECT_EQ(icon.ImageColourCount(2), 16777216);
     clsFileIcon clone(system.platform());
     icon.CloneTo(clone);
-    EXPECT_TRUE(clone.FileName() == system.path(Library) && clone.ResourceID() == ResourceId(std::uint16_t{1}));
+    EXPECT_EQ(clone.FileName(), system.path(Library));
+    EXPECT_EQ(clone.ResourceID(), ResourceId(std::uint16_t{1}));
     EXPECT_EQ(clone.ImageCount(), 3);
 }
 

@@ -48,9 +48,11 @@ TEST_F(frmIconSelectorTest, EveryIconOfTheFileIsListedInBothSizes) {
         EXPECT_EQ(form.lvwIcons.largeImages()->picture(2), picture(32, 2));
         EXPECT_EQ(form.lvwIcons.smallImages()->picture(2), picture(16, 2));
         EXPECT_EQ(form.lvwIcons.smallImages()->picture(3), picture(48, 3)) << "the only size there is";
-        EXPECT_TRUE(form.lvwIcons.focused() && !form.Progress.showing());
+        EXPECT_TRUE(form.lvwIcons.focused());
+        EXPECT_FALSE(form.Progress.showing());
     });
-    EXPECT_TRUE(chosen == "none" && box.picture().empty()) << "giving up changes nothing";
+    EXPECT_EQ(chosen, "none") << "giving up changes nothing";
+    EXPECT_TRUE(box.picture().empty());
 }
 
 TEST_F(frmIconSelectorTest, OnlyLibrariesProgramsAndControlsAreListed) {

@@ -17,6 +17,7 @@ struct ImageLayout {
     std::size_t pixels = 0;     // where they begin: header, colour masks and colour table come first
     std::size_t mask = 0;       // where the pixels end and an icon's mask begins
     std::size_t end = 0;        // where the mask ends; the same as `mask` where there is none
+    friend bool operator==(const ImageLayout&, const ImageLayout&) = default;
 };
 
 // A bitmap by its header (40 bytes or more) alone; in a file the pixels may be elsewhere. Run lengths and embedded
@@ -33,6 +34,7 @@ std::optional<ImageLayout> iconLayout(ByteSpan image, bool systemDrawsPng);
 // factor, so that no pixel of it is wider than another.
 struct ImageSize {
     int width, height;
+    friend bool operator==(const ImageSize&, const ImageSize&) = default;
 };
 ImageSize sizeIn(const ImageLayout& layout, int room);
 

@@ -61,7 +61,8 @@ TEST_F(DesktopTest, AModalFormKeepsTheOthersWaitingAndGivesTheFocusBack) {
                 inner.unload();
             });
             inner.showModal(below);
-            EXPECT_TRUE(IsWindowEnabled(windowOf(dialog)) && !IsWindowEnabled(ownerWindow));
+            EXPECT_TRUE(IsWindowEnabled(windowOf(dialog)));
+            EXPECT_FALSE(IsWindowEnabled(ownerWindow));
             EXPECT_EQ(GetActiveWindow(), windowOf(dialog));
             EXPECT_EQ(GetFocus(), windowOf(dialog.check));
         }
@@ -69,7 +70,8 @@ TEST_F(DesktopTest, AModalFormKeepsTheOthersWaitingAndGivesTheFocusBack) {
         EXPECT_EQ(GetActiveWindow(), ownerWindow) << "not another program's window";
     });
     dialog.showModal(&owner);
-    EXPECT_TRUE(IsWindowEnabled(ownerWindow) && !windowOf(dialog));
+    EXPECT_TRUE(IsWindowEnabled(ownerWindow));
+    EXPECT_FALSE(windowOf(dialog));
     EXPECT_EQ(GetFocus(), windowOf(owner.combo));
     EXPECT_EQ(focused, 1);
 }
@@ -113,7 +115,8 @@ TEST_F(DesktopTest, OnlyAMainWindowHasAnIconAndAFrameThatIsDragged) {
         const LONG_PTR extended = GetWindowLongPtrA(windowOf(form), GWL_EXSTYLE);
         EXPECT_EQ(style & ByTheUser, kind == Kind::Main ? ByTheUser : 0);
         EXPECT_EQ(extended & WS_EX_DLGMODALFRAME, kind == Kind::Main ? 0 : WS_EX_DLGMODALFRAME);
-        EXPECT_TRUE(style & WS_SYSMENU && extended & WS_EX_CONTROLPARENT);
+        EXPECT_TRUE(style & WS_SYSMENU);
+        EXPECT_TRUE(extended & WS_EX_CONTROLPARENT);
     }
 }
 
@@ -462,7 +465,8 @@ TEST_F(DesktopTest, QuestionsAreAskedByTheSystem) {
             RECT place = {}, work = {};
             GetWindowRect(box, &place);
             SystemParametersInfoA(SPI_GETWORKAREA, 0, &work, 0);
-            EXPECT_TRUE(place.right <= work.right && place.bottom <= work.bottom);
+            EXPECT_LE(place.right, work.right);
+            EXPECT_LE(place.bottom, work.bottom);
             PostMessageA(box, WM_COMMAND, button, 0);
         };
         form.timer.setEnabled(true);
