@@ -208,6 +208,18 @@ bool standsWhereItShould(const ui::Control& control) {
     return close(at.left, should.left) && close(at.top, should.top) && close(at.right, should.right());
 }
 
+// A tab strip is a frame, with nothing of it over its page.
+bool framesItsPage(const ui::TabStrip& strip) {
+    RECT all = {};
+    GetClientRect(windowOf(strip), &all);
+    const HRGN shape = CreateRectRgn(0, 0, 0, 0);
+    GetWindowRgn(windowOf(strip), shape);
+    const bool frame = PtInRegion(shape, all.right - 1, all.bottom / 2);
+    const bool page = PtInRegion(shape, all.right / 2, all.bottom / 2);
+    DeleteObject(shape);
+    return frame && !page;
+}
+
 // Which of the controls' native states, read from the system, are not as `change` makes them.
 std::string unchanged(EveryControl& f) {
     const auto images = reinterpret_cast<HIMAGELIST>(ask(f.shows, LVM_GETIMAGELIST, LVSIL_NORMAL));
@@ -222,6 +234,7 @@ std::string unchanged(EveryControl& f) {
         {"combo", ask(f.combo, CB_GETCURSEL) == 1},
         {"progress", ask(f.progress, PBM_GETPOS) == 250},
         {"tab", ask(f.tabs, TCM_GETCURSEL) == 1},
+        {"frame around the page", framesItsPage(f.tabs)},
         {"page", !IsWindowVisible(windowOf(f.onPage))},
         {"selected item", ask(f.shows, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED) == 1},
         {"spacing", ask(f.shows, LVM_GETITEMSPACING, FALSE) == MAKELPARAM(75, 90)},
