@@ -11,13 +11,12 @@
 
 namespace bench {
 
-enum class Limit { AtMost, Below, AtLeast };
+enum class Limit { AtMost, Below };
 
 // `unit` with a blank before it, or "" for a ratio or a count.
 inline void row(const std::string& measure, double value, const char* unit, Limit kind, double limit) {
-    const bool met = kind == Limit::AtMost ? value <= limit : kind == Limit::Below ? value < limit : value >= limit;
-    const char* words[] = {"at most", "below", "at least"};
-    std::printf("| %s | %.2f%s | %s %g%s | %s |\n", measure.c_str(), value, unit, words[static_cast<int>(kind)], limit,
+    const bool below = kind == Limit::Below, met = below ? value < limit : value <= limit;
+    std::printf("| %s | %.2f%s | %s %g%s | %s |\n", measure.c_str(), value, unit, below ? "below" : "at most", limit,
                 unit, met ? "yes" : "NO");
     std::fflush(stdout);
 }
