@@ -100,6 +100,8 @@ IN_MEMORY_TEST_F(DeletingZones, KnowsAZoneByItsNumberHoweverWindows95ListsThem) 
         EXPECT_EQ(window().lblZoneName.caption(), stored(zone, "DisplayName"));
         EXPECT_EQ(window().cmdZoneOption(2).enabled(), *zone > '4');
     }
+    system.registry.watch.failOn("RegDeleteKeyA", 1, platform::AccessDenied);
+    expectRefusal("5", "deleted in part");
     remove("5");
     EXPECT_EQ(names(), (Texts{"Local intranet", "Internet", "Zone 6", "My Computer", "Trusted sites",
                               "Restricted sites", "Zone 7"}));
@@ -146,6 +148,11 @@ IN_MEMORY_TEST_F(DeletingZones, NamesTheKeyThatCannotBeRead) {
 }
 
 IN_MEMORY_TEST_F(DeletingZones, DoesNotTakeAKeyForAnotherThatIsListedAlike) {
+    for (const std::string domain : {"a.com", "b.com"}) {
+        system.makeKey(Map + "\\Domains\\" + domain);
+        system.registry.listAs(Map + "\\Domains\\" + domain, domain + "?");
+    }
+    expectRefusal("5", "not deleted, unreadable|Zone 5|" + Map + "\\Domains\\a.com?");
     addZone("8wide");
     system.registry.listAs(zoneKey("8wide"), "6");
     expectRefusal("6", "not deleted, twice|Zone 6|6");

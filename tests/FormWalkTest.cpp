@@ -164,15 +164,22 @@ TEST_P(EveryForm, HoldsTheTextsThatWereDecidedForIt) {
         if (!text.empty())
             held.insert(std::string(form_->name()) + " " + holder + " " + property + " \"" + text + "\"");
     };
-    const std::function<void(const std::deque<ui::MenuItem>&)> holdMenu = [&](const auto& items) {
+    const std::function<void(const std::string&, const std::deque<ui::MenuItem>&)> holdMenu = [&](auto& menu,
+                                                                                                  const auto& items) {
+        std::vector<std::string> names;
         for (const ui::MenuItem& item : items) {
-            hold(called(item), "menu", item.caption());
-            holdMenu(item.items());
+            names.push_back(called(item));
+            hold(names.back(), "menu", item.caption());
+            holdMenu(names.back(), item.items());
         }
+        hold(menu, "items", joined(names));
     };
     form_->load();
     hold("form", "caption", form_->caption());
-    holdMenu(form_->menu().items());
+    holdMenu("bar", form_->menu().items());
+    for (const ui::Component* component : form_->components())
+        if (const auto* timer = dynamic_cast<const ui::Timer*>(component))
+            hold(called(*timer), "interval", std::to_string(timer->interval()));
     for (const ui::Control* control : form_->controls()) {
         const std::string name = called(*control);
         hold(name, "caption", captionOf(*control));
@@ -181,6 +188,8 @@ TEST_P(EveryForm, HoldsTheTextsThatWereDecidedForIt) {
         if (const auto* list = dynamic_cast<const ui::ListView*>(control)) hold(name, "heading", list->columnHeading());
         if (const auto* box = dynamic_cast<const ui::ComboBox*>(control)) hold(name, "items", joined(box->items()));
         if (const auto* strip = dynamic_cast<const ui::TabStrip*>(control)) hold(name, "tabs", joined(strip->tabs()));
+        if (const auto* picture = dynamic_cast<const ui::PictureButton*>(control))
+            hold(name, "text", picture->caption());
     }
     const std::set<std::string> decided = texts::linesOf(std::string(form_->name()));
     for (const std::string& line : decided) EXPECT_TRUE(held.contains(line)) << "nobody holds: " << line;

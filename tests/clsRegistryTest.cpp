@@ -74,9 +74,12 @@ TEST_F(clsRegistry_, WrongMovesAreShownAndLeaveTheSessionUsable) {
     registry.cD("..");
     EXPECT_EQ(basErrors::Err.number, 0x80040001u);
     EXPECT_EQ(basErrors::Err.source, "TVMRRegistry");
-    expectError("Undefined error number : 16");
-    registry.RaiseClassError(7);
-    EXPECT_EQ(basErrors::Err.number, 0x800400FFu);
+    for (const auto& [error, text, number] :
+         {std::tuple{2, "Invalid Key root.", 0x80040002u}, {7, "Undefined error number : 16", 0x800400FFu}}) {
+        expectError(text);
+        registry.RaiseClassError(error);
+        EXPECT_EQ(basErrors::Err.number, number);
+    }
 }
 
 IN_MEMORY_TEST_F(clsRegistry_, TheTopHasSixRoots) {
@@ -84,7 +87,9 @@ IN_MEMORY_TEST_F(clsRegistry_, TheTopHasSixRoots) {
                                          "HKEY_USERS",        "HKEY_DYN_DATA",     "HKEY_CURRENT_CONFIG"};
     registry.cD("\\");
     EXPECT_EQ(registry.DirKey(), roots);
-    for (const std::string& root : roots) {
+    const platform::HKey handles[] = {0x80000000, 0x80000001, 0x80000002, 0x80000003, 0x80000006, 0x80000005};
+    for (const platform::HKey* handle = handles; const std::string& root : roots) {
+        EXPECT_EQ(clsRegistry::RootHandle(root), *handle++) << root;
         system.registry.setContents({{root + "\\Of " + root + "|", ""}});
         registry.cD("\\" + root);
         EXPECT_EQ(registry.DirKey(), std::vector<std::string>{"Of " + root});

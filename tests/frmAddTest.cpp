@@ -14,6 +14,8 @@ struct frmAddTest : User {
     void addNew(const std::function<void()>& before) {
         add([&](frmAdd& form) {
             EXPECT_FALSE(form.details.picIcon.picture().empty());
+            desktop.expectFile(std::nullopt, program.platform.system.GetWindowsDirectoryA() + "\\");
+            form.details.picIcon.click();
             form.details.txtZoneName.type("New & \"quoted\"");
             form.details.txtZoneDescription.type("A zone; C:\\x");
             before();
@@ -44,7 +46,9 @@ TEST_F(frmAddTest, MakesASafeZoneUnderTheNextNumberAndCloses) {
     EXPECT_EQ(window().lvwZones.item(9).text, "New & \"quoted\"");
     EXPECT_FALSE(open_);
     system.deleteTree(High);
-    addNew([&] { desktop.expectMessage("no template, added"); });
+    const auto states =
+        beforeEachWrite(zoneKey("9"), [&] { addNew([&] { desktop.expectMessage("no template, added"); }); });
+    if (system.inMemory()) EXPECT_EQ(states.at(3), (Texts{"Description", "DisplayName", "Icon"})) << "texts first";
     EXPECT_EQ(stored("9", "RecommendedLevel"), "#73728");
     EXPECT_FALSE(system.exists(High));
 }
@@ -56,14 +60,13 @@ TEST_F(frmAddTest, NeverWritesOverAZoneThatIsThereAlready) {
     EXPECT_TRUE(open_);
     EXPECT_EQ(system.tree(zones::ZonesKey), before);
     if (!system.inMemory()) return;
-    // Nor one that cannot be read.
-    desktop.patient = true;
-    for (int call = 1;; ++call) {  // the last is refused none
-        addNew([&] { system.registry.watch.failOn("RegOpenKeyExA", call, platform::AccessDenied); });
+    // Nor one that cannot be read: all of them, and the next one.
+    for (const int call : {1, 2}) {
+        addNew([&] {
+            desktop.expectMessage("not added, unreadable");
+            system.registry.watch.failOn("RegOpenKeyExA", call, platform::AccessDenied);
+        });
         EXPECT_EQ(system.tree(zones::ZonesKey), before) << call;
         EXPECT_TRUE(open_) << call;
-        if (!system.registry.watch.failed() || HasFailure()) break;
-        system.registry.watch.reset();
     }
-    desktop.settle();
 }

@@ -55,6 +55,14 @@ TEST_F(MainWindow, ListsTheZonesInTheRegistrysOrderAndSelectsTheSecond) {
                               "Internet", "Restricted sites", "Zone 4 \"5\" ", "Zone abc"}));
     frmMain& w = window();
     EXPECT_EQ(w.lvwZones.selected(), 2);
+    desktop.expectForm<frmError>([&](frmError& error) {
+        EXPECT_EQ(desktop.owner, &w);
+        w.tmrIconSpace.tick();
+        EXPECT_FALSE(w.lvwZones.iconSpacing()) << "not while there is an error";
+        error.cmdContinue.click();
+    });
+    registry.RaiseClassError(1);
+    w.RebuildList();
     w.tmrIconSpace.tick();
     EXPECT_TRUE(w.lvwZones.iconSpacing());
     EXPECT_NE(w.ilsZoneIcons.picture(5), w.ilsZoneIcons.picture(7)) << "the intranet's, trusted sites'";
@@ -131,6 +139,19 @@ TEST_F(MainWindow, ReadsTheZonesAgainWhenAClickedOneHasBecomeAnother) {
     system.deleteTree(zoneKey("5"));
     expectReadAgain(
         "gone, read again", [&] { window().cmdZoneOption(0).click(); }, "Restricted sites");
+    if (!system.inMemory()) return;
+    addZone("5");
+    window().RebuildList();
+    for (const int button : {0, 2}) {
+        select("5");
+        system.registry.watch.failOn("RegQueryValueExA", 1, platform::OutOfMemory);
+        desktop.expectMessage((button ? "unreadable, not deleted|" : "unreadable, read again|") + zoneKey("5"));
+        window().cmdZoneOption(button).click();
+        EXPECT_EQ(shown(), intranet);
+    }
+    system.registry.watch.failOn("RegOpenKeyExA", 1, platform::AccessDenied);
+    EXPECT_TRUE(summary(4).starts_with("Internet|")) << "whose values can be read";
+    EXPECT_TRUE(system.registry.watch.failed());
 }
 
 TEST_F(MainWindow, SaysWhatIsMissingOrOfTheWrongKind) {

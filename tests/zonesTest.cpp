@@ -79,6 +79,14 @@ TEST_F(ZoneKeys, ALevelIsCopiedFromItsTemplate) {
     }
 }
 
+IN_MEMORY_TEST_F(ZoneKeys, TheLevelFollowsEachOfItsSettingsAndTheOthersFollowThemAll) {
+    using States = std::vector<std::vector<std::string>>;
+    for (const char* name : {"1200", "1400"}) system.setDword(high, name, 3);
+    system.makeKey(zone);
+    const States states = beforeEachWrite(zone, [&] { SaveSecurityLevel(registry, "5", 0); });
+    EXPECT_EQ(states, (States{{}, {"1200"}, {"1200", "CurrentLevel"}, {"1200", "1400", "CurrentLevel"}}));
+}
+
 IN_MEMORY_TEST_F(ZoneKeys, MediumLowMayHaveTheShortNameOfRealMachines) {
     system.setDword(Templates + "\\MedLow", "1200", 7);
     SaveSecurityLevel(registry, "5", 2);

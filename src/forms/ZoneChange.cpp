@@ -40,14 +40,13 @@ bool stillShown(Context& context, const std::string& zone, const std::string& sh
     const Found key = zones::goToZone(context.registry, zone);
     TextReading name{key, {}};
     if (key == Found::Present) name = context.registry.readText(zones::value::DisplayName);
+    std::string reason = "This zone no longer exists. ";
     if (name.found == Found::Unreadable) {
-        errors::tell(context.platform, std::string("The registry key \"") + zones::ZonesKey + "\\" + zone +
-                                           "\" cannot be read. " + consequence);
-        return false;
+        reason = std::string("The registry key \"") + zones::ZonesKey + "\\" + zone + "\" cannot be read. ";
+    } else if (key == Found::Present) {
+        if (textOr(name, MissingName) == shownName) return true;
+        reason = "Another program has changed this zone. ";
     }
-    if (key == Found::Present && textOr(name, MissingName) == shownName) return true;
-    const char* reason =
-        key == Found::Present ? "Another program has changed this zone. " : "This zone no longer exists. ";
     tellAndReload(context, reason + consequence);
     return false;
 }

@@ -22,8 +22,9 @@ bool change(Context& context, const std::string& zone, util::FunctionRef<void()>
 bool exists(Context& context, const std::string& zone);
 
 // Whether the zone is still the one that is shown to the user under the name `shownName`. Another program may have
-// renamed it, deleted it, or deleted one with a lower number, so that it now holds the next zone's contents. The user
-// is told then, with the `consequence` for the command, and the main window reads its list again.
+// renamed it, deleted it, or deleted one with a lower number, so that it now holds the next zone's contents; or it
+// cannot be read. The user is told then, with the `consequence` for the command, and the main window reads its list
+// again.
 bool stillShown(Context& context, const std::string& zone, const std::string& shownName,
                 const std::string& consequence = "Your changes were not saved.");
 

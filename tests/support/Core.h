@@ -24,6 +24,16 @@ public:
         basErrors::ProcCount = 0;
         basErrors::Err.clear();
     }
+    // The names of a key's values before each write of what `act` does.
+    std::vector<std::vector<std::string>> beforeEachWrite(const std::string& key, const std::function<void()>& act) {
+        std::vector<std::vector<std::string>> states;
+        system.registry.watch.onCall = [&](const std::string& function) {
+            if (function == "RegSetValueExA") states.push_back(system.values(key));
+        };
+        act();
+        system.registry.watch.onCall = nullptr;
+        return states;
+    }
     // The error dialog comes and is left with Continue.
     void expectError(const std::string& description) {
         system.desktop.expectForm<frmError>([description](frmError& dialog) {

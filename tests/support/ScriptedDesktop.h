@@ -25,8 +25,8 @@ public:
     // chance to interfere.
     void expectMessage(const std::string& name, ui::Answer answer = ui::Answer::Ok,
                        std::function<void()> meanwhile = {});
-    // Nothing: the user gives up. `start`: where the dialog is to begin, when that matters.
-    void expectFile(std::optional<std::string> path, std::string start = {});
+    // Nothing: the user gives up. `start`: where the dialog is to begin; with most zones that is the browser's icons.
+    void expectFile(std::optional<std::string> path, std::string start = "inetcpl.cpl");
     // The script uses the form and closes it. One that is left open is unloaded and fails the test.
     template <class F>
     void expectForm(std::function<void(F&)> script) {
@@ -46,6 +46,7 @@ public:
     // What is expected need not happen.
     bool patient = false;
     std::vector<std::string> told;
+    const ui::Form* owner = nullptr;  // of the form that was opened last
     simulated::Watch watch;
     // Fails the test when something expected has not happened; forgets it then.
     void settle();
@@ -58,7 +59,7 @@ public:
     int beeps = 0;
     void beep() override { ++beeps; }
     void open(ui::Form& form) override;
-    void runModal(ui::Form& form, ui::Form* owner) override;
+    void runModal(ui::Form& form, ui::Form* above) override;
     void closed(ui::Form& form) override { inner_.closed(form); }
     void run() override { inner_.run(); }
     void doEvents() override;
