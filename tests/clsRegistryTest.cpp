@@ -169,12 +169,13 @@ TEST_F(clsRegistry_, ValuesReadAndListByWhatIsStored) {
         SCOPED_TRACE(expected);
         system.set({TestsKey, "Value", stored, data});
         ValueType type = ValueType::Binary;
-        const auto value = registry.ValueOf("vALUE", type);
-        const auto listed = registry.DirValue();
-        ASSERT_TRUE(value && listed && listed->size() == 1 && listed->front().name == "Value");
-        const std::string number = std::to_string(static_cast<std::uint32_t>(value->number));
-        EXPECT_EQ(value->text + "|" + value->display + "|" + number + "|" + listed->front().text, expected);
-        EXPECT_TRUE(type == expectedType && listed->front().type == expectedType);
+        const auto value = registry.ValueOf("vALUE", type).value();
+        const auto listed = registry.DirValue().value().at(0);
+        const std::string number = std::to_string(static_cast<std::uint32_t>(value.number));
+        EXPECT_EQ(value.text + "|" + value.display + "|" + number + "|" + listed.text, expected);
+        EXPECT_EQ(listed.name, "Value");
+        EXPECT_EQ(type, expectedType);
+        EXPECT_EQ(listed.type, expectedType);
     }
 }
 
@@ -208,7 +209,8 @@ TEST_F(clsRegistry_, ValuesAreStoredInTheirTypeAndOthersRefused) {
     for (const auto& [type, value, storedType, data] : stored) {
         registry.ValueOf("Value", type, value);
         const auto found = system.value(TestsKey, "Value");
-        EXPECT_TRUE(found && found->type == storedType && found->data == data) << &data - &std::get<3>(stored[0]);
+        EXPECT_EQ(found.value().type, storedType);
+        EXPECT_EQ(found.value().data, data);
         registry.DeleteValue("Value");
     }
     const std::pair<int, Variant> refused[] = {

@@ -89,7 +89,7 @@ TEST_F(Deletion, SitesOfAZoneAreFoundTwoLevelsDeepAndTheirKeysAreWhatGoes) {
                                       {"blank \\b ", "http"}})
         system.setDword(Domains + "\\" + below, name, 5);
     system.setText(Domains + "\\example.com\\text", "http", "00000005 (0,000,000,005)");
-    system.makeKey(Domains + "\\bare.net");
+    system.setDword(Domains + "\\bare.net", "http", 3);
     const zones::SiteMap map = zones::readSiteMap(registry);
     const auto found = basMain::CheckForDomains(map, "5");
     EXPECT_EQ(found.sites, (std::vector<std::string>{"ftp://......", "http://b .blank ", "http://www.example.com",
@@ -97,12 +97,7 @@ TEST_F(Deletion, SitesOfAZoneAreFoundTwoLevelsDeepAndTheirKeysAreWhatGoes) {
     EXPECT_EQ(found.keys, (std::vector<std::string>{"..\\...", "blank \\b ", "example.com\\www", "example.com\\www"}));
     for (const char* zone : {"6", "abc", "", "4294967296"})
         EXPECT_TRUE(basMain::CheckForDomains(map, zone).sites.empty()) << zone;
-    for (const std::string& key : found.keys) {
-        registry.cD("\\");
-        registry.cD(Domains);
-        registry.DeleteKey(key);
-    }
-    basMain::DeleteEmptyDomains(registry);
+    zones::deleteSites(registry, map, 5);
     EXPECT_EQ(system.keys(Domains), std::vector<std::string>{"example.com"});
     EXPECT_EQ(system.keys(Domains + "\\example.com").size(), 2u);
 }

@@ -323,7 +323,8 @@ TEST_F(frmEditTest, TurnsItsPagesByKeyboard) {
                                         {ui::FormKey::NextPage, 1},
                                         {ui::FormKey::PreviousPage, SecurityPage}}) {
             EXPECT_TRUE(form.pressKey(key));
-            EXPECT_TRUE(form.TabStrip1.selected() == page && form.Picture1(page - 1).showing()) << page;
+            EXPECT_EQ(form.TabStrip1.selected(), page);
+            EXPECT_TRUE(form.Picture1(page - 1).showing()) << page;
             EXPECT_TRUE(form.TabStrip1.focused());
             form.cmdClose.setFocus();
         }

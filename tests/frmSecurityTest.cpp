@@ -191,7 +191,8 @@ TEST_F(frmSecurityTest, WritesAClickedOptionAtOnceAndMakesTheZoneCustom) {
             EXPECT_EQ(form.pointer(), ui::Pointer::Hourglass);
             settings.TVMRTreeView1.choose(4);
             EXPECT_EQ(stored("2", "1201"), "#0") << "the arrow keys only look";
-            EXPECT_TRUE(settings.TVMRTreeView1.onOption() && settings.lblZone.oneLine());
+            EXPECT_TRUE(settings.TVMRTreeView1.onOption());
+            EXPECT_TRUE(settings.lblZone.oneLine());
             settings.TVMRTreeView1.activate();
             EXPECT_EQ(treeOf(settings) + stored("2", "1201") + stored("2", "CurrentLevel"), disabled + "#3#0");
             EXPECT_EQ(form.levels.stored[CurrentLevel].caption(), "Custom");

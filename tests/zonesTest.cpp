@@ -38,10 +38,11 @@ TEST(Zones, TheBrowsersOwnHaveTheirDefaultsAndAllOthersTheSafeOnes) {
         ASSERT_EQ(own != nullptr, zone.name != nullptr);
         EXPECT_EQ(isBuiltIn(zone.number), own != nullptr);
         const Defaults& defaults = defaultsOf(zone.number);
-        EXPECT_EQ(defaults.flags, zone.flags);
-        EXPECT_TRUE(defaults.recommendedLevel == zone.recommended && defaults.minimumLevel == zone.minimum);
+        EXPECT_EQ(std::tie(defaults.flags, defaults.recommendedLevel, defaults.minimumLevel),
+                  std::tie(zone.flags, zone.recommended, zone.minimum));
         if (!own) continue;
-        EXPECT_TRUE(std::string(own->name) == zone.name && std::string(own->description) == zone.description);
+        EXPECT_STREQ(own->name, zone.name);
+        EXPECT_STREQ(own->description, zone.description);
         EXPECT_EQ(own->iconFile + std::string("#") + own->iconResource, zone.icon);
     }
     EXPECT_FALSE(isBuiltIn("00"));

@@ -1,7 +1,6 @@
 #include "support/texts.h"
 
 #include <algorithm>
-#include <regex>
 #include <sstream>
 
 namespace texts {
@@ -38,18 +37,15 @@ std::string message(const std::string& nameAndParts) {
     return nameAndParts;
 }
 
+// What is inserted in the middle may be anything.
 bool isMessage(const std::string& text) {
-    static const std::vector<std::regex> messages = [] {
-        std::vector<std::regex> patterns;
-        for (const std::string& line : linesOf("message")) {
-            const std::size_t begin = line.find('"') + 1;
-            const std::string pattern = std::regex_replace(line.substr(begin, line.size() - 1 - begin),
-                                                           std::regex(R"([.*+?^${}()|[\]\\])"), R"(\$&)");
-            patterns.emplace_back(std::regex_replace(pattern, std::regex(R"(\\\{\\\})"), "[^]*"));
-        }
-        return patterns;
-    }();
-    return std::ranges::any_of(messages, [&](const std::regex& pattern) { return std::regex_match(text, pattern); });
+    static const std::set<std::string> lines = linesOf("message");
+    return std::ranges::any_of(lines, [&](const std::string& line) {
+        const std::string pattern = line.substr(line.find('"') + 1);
+        const std::size_t first = pattern.find("{}"), last = pattern.rfind("{}");
+        if (first == std::string::npos) return text + '"' == pattern;
+        return text.starts_with(pattern.substr(0, first)) && (text + '"').ends_with(pattern.substr(last + 2));
+    });
 }
 
 }  // namespace texts
