@@ -8,6 +8,7 @@
 #include "native/Console.h"
 #include "native/Files.h"
 #include "support/TestSystem.h"
+#include "zones/zones.h"
 
 namespace {
 
@@ -54,6 +55,9 @@ std::vector<std::string> wordsOf(const std::string& line) {
 struct CommandTest : testing::Test {
     TestSystem system;
     TestConsole console;
+    CommandTest() {
+        console.onPause = [&] { system.endPrograms(); };
+    }
 
     int run(const std::vector<std::string>& arguments) {
         console.printed.clear();
@@ -77,6 +81,8 @@ struct CommandTest : testing::Test {
 TEST_F(CommandTest, EveryCommandPrintsWhatTheListHas) {
     system.seedZones();
     system.seedBrowser();
+    for (const char* folder : {"Backups", "Backups\\.."})  // which is any other one to the system in memory
+        system.platform().files.createFolder(system.path(folder));
     std::istringstream list(
 #include "commands.txt.inc"
     );
@@ -181,36 +187,22 @@ IN_MEMORY_TEST_F(CommandTest, ComparesNothingThatCannotBeRead) {
     EXPECT_GT(failures, 30);
 }
 
-TEST_F(CommandTest, BacksUpAndRestores) {
+TEST_F(CommandTest, AsksBeforeItRestoresAndTellsWhatWasTrappedMeanwhile) {
     system.seedZones();
-    system.seedBrowser();
     ASSERT_EQ(run({"backup", " Before\nthe change"}), 0);
-    EXPECT_EQ(console.printed, "3-9-2000 1457\n");
-    const std::string name = "3-9-2000 1457";
-    EXPECT_EQ(run({"diff", "backup:" + name}), 0);
-    EXPECT_EQ(console.printed, "");
-    system.setDword(
-        std::string("HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\") +
-            "Zones\\3",
-        "1004", 0);
-    EXPECT_EQ(run({"diff", "backup:" + name}), 1);
-    EXPECT_EQ(console.printed, "Zone 3, Internet\n  Download unsigned ActiveX controls: Disable -> Enable\n");
-
-    EXPECT_EQ(run({"restore", name}), 2);
-    EXPECT_EQ(console.printed, "! TavimorCmd: Restoring replaces all zones, and nobody can be asked: say --yes.\n");
+    const std::vector<std::string> restore{"restore", "3-9-2000 1457"}, compare{"diff", "backup:3-9-2000 1457"};
+    system.setText(std::string(zones::ZonesKey) + "\\3", "DisplayName", "Other");
     console.answer = "n";
-    EXPECT_EQ(run({"restore", name}), 2);
-    EXPECT_EQ(run({"diff", "backup:" + name}), 1) << "nothing restored";
-    int pauses = 0;
-    console.onPause = [&] {
-        ++pauses;
-        system.endPrograms();
-    };
-    EXPECT_EQ(run({"restore", "--yes", name}), 0) << console.printed;
-    EXPECT_GT(pauses, 0) << "it waits for the registry editor";
-    EXPECT_EQ(run({"diff", "backup:" + name}), 0);
-    EXPECT_EQ(run({"backups"}), 0);
-    EXPECT_EQ(console.printed, "Name           Description\n3-9-2000 1457  Before the change\n");
+    EXPECT_EQ(run(restore), 2);
+    EXPECT_EQ(run(compare), 1) << "nothing restored";
+    console.answer = "Yes";
+    EXPECT_EQ(run(restore), 0);
+    EXPECT_EQ(run(compare), 0);
+    system.deleteTree(zones::ZonesKey);
+    EXPECT_EQ(run(restore), 2);
+    EXPECT_EQ(console.printed,
+              "? All zones will be replaced by those of \"Before the change\". Restore? [y/N] Yes\n"
+              "! TavimorCmd: There are no zones to delete.\n");
     console.full = true;
     EXPECT_EQ(run({"backups"}), 2) << "nobody has got the list";
 }

@@ -50,10 +50,10 @@ struct Source {
         : exported(std::move(registry)), platform(with(machine, exported ? *exported : machine.registry, desktop)) {}
 };
 
-// Errors that the session traps while it reads.
-int trapped = 0;
-void countTrapped() {
-    ++trapped;
+// What the first error says that the session traps: Err has forgotten it by the end.
+std::optional<std::string> trapped;
+void keepTrapped() {
+    if (!trapped) trapped = basErrors::Err.description;
 }
 
 class Program {
@@ -375,8 +375,8 @@ private:
 }  // namespace
 
 int run(Machine machine, platform::Console& console, const std::vector<std::string>& arguments) {
-    trapped = 0;
-    basErrors::reporter = &countTrapped;
+    trapped.reset();
+    basErrors::reporter = &keepTrapped;
     int code = Failed;
     try {
         const Request request = parse(arguments);
@@ -385,8 +385,8 @@ int run(Machine machine, platform::Console& console, const std::vector<std::stri
         console.printError("TavimorCmd: " + oneLine(error.what()) + "\n");
     }
     basErrors::reporter = nullptr;
-    if (trapped > 0 && code != Failed) {
-        console.printError("TavimorCmd: " + basErrors::Err.description + "\n");
+    if (trapped && code != Failed) {
+        console.printError("TavimorCmd: " + *trapped + "\n");
         code = Failed;
     }
     return code;
