@@ -35,7 +35,8 @@ TEST_F(MailIdentities, AreMenuItemsInTheRegistrysOrderAndWithoutAnyTheDesignedOn
     std::string captions;
     for (const ui::MenuItem& identity : menu()) {
         captions += identity.tag() + identity.caption() + " ";
-        EXPECT_TRUE(identity.enabled() && !identity.separator());
+        EXPECT_TRUE(identity.enabled());
+        EXPECT_FALSE(identity.separator());
     }
     EXPECT_EQ(captions, "{0}Tom && \"Jerry\" {1}Missing Name {2}&- ");
 }
@@ -90,9 +91,23 @@ TEST_F(MailIdentities, AreMovedAndLockedByAClickOrByEnterButNotByLookingAround) 
         form.lsvOEZones.click(2);
         EXPECT_EQ(settings(), "#4 locked") << "the chosen zone has become another";
         EXPECT_EQ(form.lsvOEZones.item(2).text, "Other");
+        system.deleteTree(zoneKey("4"));
+        desktop.expectMessage("mail, gone");
+        form.lsvOEZones.click(5);
+        EXPECT_EQ(form.lsvOEZones.count(), 5) << "with the zone that has no number";
         form.lsvOEZones.click(2);
     });
     EXPECT_EQ(settings(), "#1 locked");
+    if (!system.inMemory()) return;
+    open([&](frmOESecurity& form) {
+        system.registry.watch.failOn("RegQueryValueExA", 1, platform::AccessDenied);
+        desktop.expectMessage("unreadable, mail|" + zoneKey("2"));
+        form.lsvOEZones.click(3);
+        system.registry.watch.failOn("RegSetValueExA", 2, platform::AccessDenied);
+        desktop.expectMessage("mail, refused");
+        form.lsvOEZones.click(3);
+    });
+    EXPECT_EQ(settings(), "#2 locked");
 }
 
 IN_MEMORY_TEST_F(MailIdentities, ThatCannotBeReadArePassedOver) {

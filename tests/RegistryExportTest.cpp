@@ -124,6 +124,7 @@ TEST(ZonesExport, RefusesWhatTouchesAnythingElseOrDeletes) {
         {" @ = - \r\n", Zones + "\\0\\"},
         {inText + "[HKEY_LOCAL_MACHINE\\X]\r\n\"Run\"=\"b\"\r\n", "HKEY_LOCAL_MACHINE\\X"},
         {inText + " [-HKEY_LOCAL_MACHINE\\X]\"\r\n", "HKEY_LOCAL_MACHINE\\X"},
+        {inText + " [hkey_local_machine\\X]\"\r\n", "hkey_local_machine\\X"},
         {inText + "\"F\"=-\r\n\"\r\n", Zones + "\\0\\F"},
         {"\"B\"=hex:01,\\\r\n[HKEY_USERS]\r\n", "HKEY_USERS"},
         {"\"D\"=\"a"s + '\0' + "[HKEY_USERS]\"\r\n", "HKEY_USERS"},
@@ -131,7 +132,8 @@ TEST(ZonesExport, RefusesWhatTouchesAnythingElseOrDeletes) {
     for (const std::string& head : {Head, "REGEDIT4\r\n\r\n"s}) {
         for (const auto& [lines, key] : refused)
             EXPECT_EQ(readZonesExport(head + block("0", lines)).forbidden, key) << lines;
-        for (const std::string& line : {"[" + Zones + "\\5]", "[" + Zones + "\\Mine]", "[" + Zones.substr(0, 20), "["s})
+        for (const std::string& line : {"[" + Zones + "\\5]", "[hkey_current_user" + Zones.substr(17) + "\\5]",
+                                        "[" + Zones + "\\Mine]", "[" + Zones.substr(0, 20), "["s})
             EXPECT_FALSE(readZonesExport(head + line).forbidden) << line;
     }
     EXPECT_FALSE(readZonesExport(Head + block("0", inText + "[x] and [-y]\r\n[z]\"\r\n")).forbidden);
