@@ -106,7 +106,6 @@ public:
         });
     }
     void backUp() {
-        begin();
         const auto fill = [](frmBackup& form) {
             form.txtDescription.type("Today");
             form.pressEnter();
@@ -115,16 +114,17 @@ public:
     }
 };
 
+enum class Failing { WhenItSaysSo, AtOnce, FromTheStart };
 struct Action {
     const char* name;
     std::function<void(World&)> run;
-    bool starts = false;
+    Failing failing = Failing::WhenItSaysSo;
     char zones = 2;
 };
 
 const Action Actions[] = {
-    {"start", [](World& world) { world.begin(), world.start(); }, true},
-    {"click on a zone", [](World& world) { world.begin(), world.User::select("0"); }},
+    {"start", [](World& world) { world.start(); }, Failing::FromTheStart},
+    {"click on a zone", [](World& world) { world.User::select("0"); }, Failing::AtOnce},
     {"every page",
      [](World& world) {
          world.edit("1", [](frmEdit& form) {
@@ -164,23 +164,23 @@ const Action Actions[] = {
      }},
     {"add a zone",
      [](World& world) {
-         world.begin();
          world.add([](frmAdd& form) {
              User::typeOver(form.details.txtZoneName, "New");
              User::typeOver(form.details.txtZoneDescription, "A new zone");
              form.pressEnter();
          });
-     }},
+     },
+     Failing::AtOnce},
     {"delete a zone",
      [](World& world) {
          world.select("5");
          world.desktop.expectMessage("sites|Suppliers", ui::Answer::Yes);
          world.window().cmdZoneOption(2).click();
      },
-     false, 7},
-    {"back up", [](World& world) { world.backUp(); }},
-    {"restore",
-     [](World& world) { world.begin(), world.restoreOld([](frmRestore& form) { form.cmdRestore.click(); }); }},
+     Failing::WhenItSaysSo, 7},
+    {"back up", [](World& world) { world.backUp(); }, Failing::AtOnce},
+    {"restore", [](World& world) { world.restoreOld([](frmRestore& form) { form.cmdRestore.click(); }); },
+     Failing::AtOnce},
     {"restore without an export",
      [](World& world) {
          world.restoreOld([&](frmRestore& form) {
@@ -191,15 +191,20 @@ const Action Actions[] = {
          });
      }},
     {"delete a backup",
-     [](World& world) { world.restoreOld([&](frmRestore& form) { world.begin(), form.cmdDelete.click(); }); }},
+     [](World& world) {
+         world.restoreOld([&](frmRestore& form) {
+             world.begin();
+             form.cmdDelete.click();
+         });
+     }},
     {"mail zone",
      [](World& world) {
-         world.begin();
          const auto choose = [&](frmOESecurity& form) {
              if (world.has(form.lsvOEZones.count() == 2)) form.lsvOEZones.click(2);
          };
          world.desktop.use<frmOESecurity>(choose, [&] { world.window().mnuEditOESecurity.items()[0].click(); });
-     }},
+     },
+     Failing::AtOnce},
 };
 
 // One code for each way that a function's callers can take: the system has more, which nobody tells apart. None for
@@ -296,10 +301,11 @@ public:
 private:
     // From the same state each time, as the program finds it when the user comes back.
     void run() {
-        if (action_.starts) world_.end();
+        if (action_.failing == Failing::FromTheStart) world_.end();
         world_.restore(before_, files_);
         if (world_.running.window) world_.window().RebuildList();
         EXPECT_EQ(world_.desktop.told, World::Texts());
+        if (action_.failing != Failing::WhenItSaysSo) world_.begin();
         action_.run(world_);
     }
 
@@ -326,13 +332,19 @@ private:
         EXPECT_FALSE(errors::errorPending());
         EXPECT_LE(world_.desktop.forms().size(), 1u);
         EXPECT_LE(world_.desktop.told.size(), 3u);
-        EXPECT_TRUE(!world_.running.window || world_.window().pointer() == ui::Pointer::Default);
+        if (world_.running.window) {
+            EXPECT_EQ(world_.window().pointer(), ui::Pointer::Default);
+        }
 
         const Contents now = world_.system.registry.contents();
-        for (const auto& [name, data] : now)
-            EXPECT_TRUE(misled || (course_.held.contains(name) && course_.held[name].contains(data)))
-                << name << " is " << data;
-        for (const auto& [name, held] : course_.held) EXPECT_TRUE(now.contains(name) || held.contains("-")) << name;
+        if (!misled) {
+            for (const auto& [name, data] : now)
+                EXPECT_TRUE(course_.held[name].contains(data)) << name << " is " << data;
+        }
+        for (const auto& [name, held] : course_.held)
+            if (!held.contains("-")) {
+                EXPECT_TRUE(now.contains(name)) << name;
+            }
         if (silent || !world_.desktop.told.empty()) return;
         EXPECT_EQ(difference(now, course_.after), "") << "nobody was told";
         EXPECT_EQ(difference(world_.files(), course_.files), "") << "nobody was told";
@@ -341,7 +353,8 @@ private:
     void expectReleased(std::size_t registryHandles) {
         EXPECT_LE(world_.system.registry.openHandles(), registryHandles);
         EXPECT_EQ(world_.system.files.openSearches(), 0);
-        EXPECT_EQ(world_.system.modules.loaded() + world_.system.modules.icons(), 0);
+        EXPECT_EQ(world_.system.modules.loaded(), 0);
+        EXPECT_EQ(world_.system.modules.icons(), 0);
         EXPECT_EQ(world_.system.memory.blocks(), 0);
         EXPECT_TRUE(world_.system.launcher.open.empty());
     }

@@ -53,10 +53,6 @@ struct Restoring : User {
         window().tmrImport.tick();
     }
     Tree zonesNow() { return system.tree(zones::ZonesKey); }
-    void expectQuestion(int restored, int wanted, ui::Answer answer) {
-        desktop.expectMessage("restored in part|" + std::to_string(restored) + "|" + std::to_string(wanted), answer,
-                              [&] { window().tmrImport.tick(); });  // which asks no second time
-    }
     // A registry editor that is started and imports nothing. The real one cannot be stopped half-way.
     void idleEditor() { system.launcher.onStart = {}; }
     Texts backups() { return system.filesIn(system.path("Backups")); }
@@ -183,23 +179,15 @@ IN_MEMORY_TEST_F(Restoring, DoesWithoutARegistryEditorWhenTheExportCanBeRead) {
     EXPECT_FALSE(copied());
 }
 
-IN_MEMORY_TEST_F(Restoring, TakesAnExportThatGoesMeanwhileAsItWasReadBefore) {
+IN_MEMORY_TEST_F(Restoring, GoesOnWithoutItsExportAndTellsWhatCannotBeRestoredPutBackOrRemoved) {
     idleEditor();
     backUpZones();
     restoreZones();
     removeFile(Name + ".reg");
-    expectRestored();
-}
-
-IN_MEMORY_TEST_F(Restoring, TellsWhenTheCopyCannotBeRemovedAsAWholeOrPutBack) {
-    backUpZones();
-    restoreZones();
     system.files.watch.failOn("remove", 2, platform::AccessDenied);
     expectError("frmMain.tmrImport_Timer", CopyName + ".reg");
     expectRestored();  // and half a copy is not listed
     setOthers();
-    idleEditor();
-    removeFile(Name + ".reg");
     restoreZones();
     desktop.expectMessage("restored in part|0|2", ui::Answer::Yes);
     endImport();
@@ -207,6 +195,10 @@ IN_MEMORY_TEST_F(Restoring, TellsWhenTheCopyCannotBeRemovedAsAWholeOrPutBack) {
     desktop.expectMessage("put back in part|2|3");
     endImport();
     EXPECT_EQ(backups().size(), 4u) << "the copy stays";
+    system.deleteTree(zones::ZonesKey);
+    restoreZones([&] { expectError("clsRegistry.DeleteZone", "There are no zones to delete."); });
+    desktop.expectMessage("restored in part, no copy|0|2");
+    endImport();
 }
 
 TEST_F(Restoring, AsksWhenAnExportBringsFewerZonesAndPutsThemBackAsTheyWere) {
@@ -236,7 +228,9 @@ TEST_F(Restoring, AsksWhenAnExportBringsFewerZonesAndPutsThemBackAsTheyWere) {
             bytes == "(missing)" ? removeFile(Name + ".reg") : addFile(Name + ".reg", bytes);
             system.launcher.started.clear();
             restoreZones();
-            expectQuestion(zonesLeft, 3, putBack ? ui::Answer::Yes : ui::Answer::No);
+            desktop.expectMessage("restored in part|" + std::to_string(zonesLeft) + "|3",
+                                  putBack ? ui::Answer::Yes : ui::Answer::No,
+                                  [&] { window().tmrImport.tick(); });  // which asks no second time
             endImport();
             EXPECT_EQ(window().tmrImport.enabled(), putBack);
             if (putBack) endImport();
@@ -250,24 +244,6 @@ TEST_F(Restoring, AsksWhenAnExportBringsFewerZonesAndPutsThemBackAsTheyWere) {
             for (const char* end : {".tvf", ".reg"}) removeFile(CopyName + end);
         }
     }
-}
-
-TEST_F(Restoring, RefusesAnExportThatTouchesMoreThanTheZonesAndABackupWithoutAny) {
-    backUpZones();
-    const std::string planted = "HKEY_LOCAL_MACHINE\\Software\\Tavimor Tests";
-    addFile(Name + ".reg", file(Name + ".reg") + "[" + planted + "]\r\n\"Run\"=\"x\"\r\n");
-    restoreZones([&] { desktop.expectMessage("restoring too much|" + inBackups(Name + ".reg") + "|" + planted); });
-    expectNothingBegun();
-    addFile(Name + ".tvf", "Desc=Nothing\r\n");
-    addFile(Name + ".reg", "REGEDIT4\r\n");
-    const auto restoreNothing = [&](frmRestore& form) {
-        expectError("frmRestore.ParseInfo", "no zones.");
-        form.ListView1.click(1);
-        desktop.expectMessage("restoring nothing");
-        form.cmdRestore.click();
-    };
-    desktop.use<frmRestore>(restoreNothing, [&] { window().mnuFileRestore.click(); });
-    expectNothingBegun();
 }
 
 IN_MEMORY_TEST_F(Restoring, DeletesNothingWhenTheZonesCannotBeCopied) {
@@ -304,31 +280,6 @@ IN_MEMORY_TEST_F(Restoring, DeletesNothingWhenTheZonesCannotBeCopied) {
                     "The zones have changed while they were being copied. Nothing has been restored.");
     });
     expectNothingBegun();
-}
-
-// The longer of a backup's files tells how many zones it had.
-TEST_F(Restoring, CountsTheZonesOfBothFiles) {
-    backUpZones(3);
-    const std::string whole = file(Name + ".reg"), listed = file(Name + ".tvf");
-    addFile(Name + ".reg", whole.substr(0, whole.size() - 4));
-    addFile(Name + ".tvf", listed.substr(0, listed.find("\r\n", 12) + 2));
-    restoreZones();
-    expectQuestion(2, 3, ui::Answer::No);
-    endImport();
-    EXPECT_TRUE(copied());
-    system.deleteTree(zones::ZonesKey);
-    restoreZones([&] { expectError("clsRegistry.DeleteZone", "There are no zones to delete."); });
-    desktop.expectMessage("restored in part, no copy|2|3");
-    endImport();
-}
-
-TEST_F(Restoring, TellsOfZonesThatStayBehindAGap) {
-    backUpZones();
-    setZones(6, "other");
-    for (const char* zone : {"2", "3"}) system.deleteTree(zoneKey(zone));
-    restoreZones([&] { desktop.expectMessage("zones stay"); });
-    endImport();
-    EXPECT_EQ(names(), (Texts{"old", "old", "other", "other"}));
 }
 
 // What an editor has misread goes, unless the zone was there before and the value may be the user's.
