@@ -12,8 +12,6 @@
 
 namespace {
 
-using namespace std::string_literals;
-
 // Keeps what is printed. Answers, when there is one, every question alike.
 class TestConsole : public native::Console {
 public:
@@ -81,6 +79,9 @@ struct CommandTest : testing::Test {
 TEST_F(CommandTest, EveryCommandPrintsWhatTheListHas) {
     system.seedZones();
     system.seedBrowser();
+    simulated::ProgramFile texts;
+    texts.addString(1, "From the file");
+    system.addProgram("texts.dll", texts);
     for (const char* folder : {"Backups", "Backups\\.."})  // which is any other one to the system in memory
         system.platform().files.createFolder(system.path(folder));
     std::istringstream list(
@@ -140,27 +141,6 @@ TEST_F(CommandTest, ReadsExportsHoweverTheyAreWritten) {
     EXPECT_EQ(run({"--from", system.path("gone.reg"), "zones"}), 2);
     EXPECT_TRUE(console.printed.starts_with("! TavimorCmd: \"" + system.path("gone.reg") + "\" cannot be read. "))
         << console.printed;
-}
-
-// A path in the export of a stranger may lead to anywhere on the net.
-TEST_F(CommandTest, TakesTheWordsOfAnExportFromTheSystemsOwnFilesAlone) {
-    simulated::ProgramFile texts;
-    texts.addString(1, "From the file");
-    system.addProgram("texts.dll", texts);
-    std::string path;
-    for (const char c : system.path("texts.dll")) path.append(c == '\\' ? 2 : 1, c);
-    const std::string so =
-        "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\SO\\G";
-    for (const auto& [file, caption] :
-         {std::pair<std::string, const char*>{"texts.dll", "From the file"}, {path, "1001"}}) {
-        system.writeFile(
-            "words.reg",
-            "REGEDIT4\r\n" + Key + "\"1001\"=dword:1\r\n" + so + "]\r\n\"Text\"=\"Group\"\r\n" + so +
-                "\\S]\r\n\"PlugUIText\"=\"@" + file + ",-1\"\r\n" + so +
-                "\\S\\O]\r\n\"ValueName\"=\"1001\"\r\n\"CheckedValue\"=dword:1\r\n\"Text\"=\"Prompt\"\r\n");
-        EXPECT_EQ(run({"--from", system.path("words.reg"), "show", "3"}), 0);
-        EXPECT_TRUE(console.printed.ends_with("\n\nGroup\n  "s + caption + ": Prompt\n")) << console.printed;
-    }
 }
 
 // Zones and levels that cannot be read are not taken for none.
