@@ -173,13 +173,12 @@ IN_MEMORY_TEST_F(frmEditTest, DoesNotSaveWhatCouldNotBeRead) {
             const auto choose = [&] {
                 form.TabStrip1.choose(c.page);
                 for (const int i : {0, 1, 2}) form.levels.cboSetting(i).choose(High);
-                int buttons = 0;  // and boxes that can be pressed
-                for (const ui::Control* control : form.controls())
-                    buttons +=
-                        control->showing() && control->enabled() && control != &form.cmdClose &&
-                        control != &form.levels.cmdSecurity &&
-                        (dynamic_cast<const ui::CommandButton*>(control) || dynamic_cast<const ui::CheckBox*>(control));
-                return buttons;
+                return std::ranges::count_if(form.controls(), [&](const ui::Control* control) {
+                    const bool isButton = dynamic_cast<const ui::CommandButton*>(control) != nullptr;
+                    return control->showing() && control->enabled() && control != &form.cmdClose &&
+                           control != &form.levels.cmdSecurity &&
+                           (isButton || dynamic_cast<const ui::CheckBox*>(control) != nullptr);
+                });
             };
             for (int twice = 0; twice < 2; ++twice) {
                 EXPECT_EQ(choose(), 0);

@@ -123,6 +123,7 @@ TEST_F(MainWindow, ReadsTheZonesAgainWhenTheOneThatIsWantedHasBecomeAnother) {
         {gone, Click, "gone, read again", "Restricted sites"},
         {renamed, Edit, "changed, read again", "Another"},
         {gone, Edit, "gone, read again", "Restricted sites"},
+        {renamed, Delete, "not deleted, changed", "Another"},
         {refused, Edit, "unreadable, read again|" + zoneKey("5"), "Zone 5"},
         {refused, Delete, "unreadable, not deleted|" + zoneKey("5"), "Zone 5"}};
     for (const auto& [meanwhile, wanted, message, last] : cases) {
