@@ -126,7 +126,6 @@ TEST_F(DeletingZones, RefusesUnlessTheNumbersAreConsecutive) {
 IN_MEMORY_TEST_F(DeletingZones, NamesTheKeyThatCannotBeRead) {
     fillMap();
     const std::string before = map();
-    std::set<std::string> told;
     desktop.patient = true;
     bool failed = true;
     for (int call = 1; failed; ++call) {
@@ -140,11 +139,10 @@ IN_MEMORY_TEST_F(DeletingZones, NamesTheKeyThatCannotBeRead) {
         failed = system.registry.watch.failed();
         system.registry.watch.reset();
     }
-    for (const std::string& message : desktop.told) told.insert(message.substr(message.find(": ") + 2));
     for (const std::string& key :
          {std::string(zones::ZonesKey), zoneKey("5"), zoneKey("7"), Map + "\\Domains", Map + "\\Domains\\five.com",
           Map + "\\Domains\\other.com\\www", Map + "\\Ranges\\Range1", Map + "\\ProtocolDefaults"})
-        EXPECT_TRUE(told.contains(texts::message("not deleted, unreadable|Zone 5|" + key))) << key;
+        EXPECT_GT(std::ranges::count(desktop.told, texts::message("not deleted, unreadable|Zone 5|" + key)), 0) << key;
 }
 
 IN_MEMORY_TEST_F(DeletingZones, DoesNotTakeAKeyForAnotherThatIsListedAlike) {
@@ -162,15 +160,9 @@ IN_MEMORY_TEST_F(DeletingZones, DoesNotTakeAKeyForAnotherThatIsListedAlike) {
     EXPECT_EQ(names().size(), 7u) << "a name that leads to no key is passed over";
 }
 
-// The zones that are listed are 5, 6 and 7; another program deletes 5 and renumbers, or deletes more.
 TEST_F(DeletingZones, DeletesNothingThatAnotherProgramHasPutInItsPlace) {
-    const auto renumber = [&] {
-        system.setText(zoneKey("5"), "DisplayName", "Zone 6");
-        system.setText(zoneKey("6"), "DisplayName", "Zone 7");
-        system.deleteTree(zoneKey("7"));
-    };
     const std::pair<std::function<void()>, std::string> meanwhile[] = {
-        {renumber, "not deleted, changed"},
+        {[&] { system.setText(zoneKey("5"), "DisplayName", "Zone 6"); }, "not deleted, changed"},
         {[&] { system.deleteTree(zoneKey("5")); }, "not deleted, gone"},
         {[&] { system.deleteTree(zoneKey("6")); }, "not deleted, numbers|Zone 5"}};
     for (const auto& [act, message] : meanwhile) {

@@ -47,8 +47,7 @@ const std::pair<const char*, std::function<FormPointer(forms::Context&)>> Forms[
          static simulated::Desktop desktop;
          static ui::Form owner(desktop, ui::Form::Kind::Dialog, "owner", "", {});
          static ui::Image target(owner, "target", {});
-         return std::make_unique<frmIconSelector>(program.platform, "C:\\WINDOWS\\SYSTEM\\shell32.dll", target,
-                                                  nullptr);
+         return std::make_unique<frmIconSelector>(program.platform, "shell32.dll", target, nullptr);
      }},
 };
 
@@ -164,8 +163,7 @@ TEST_P(EveryForm, HoldsTheTextsThatWereDecidedForIt) {
         if (!text.empty())
             held.insert(std::string(form_->name()) + " " + holder + " " + property + " \"" + text + "\"");
     };
-    const std::function<void(const std::string&, const std::deque<ui::MenuItem>&)> holdMenu = [&](auto& menu,
-                                                                                                  const auto& items) {
+    const std::function<void(std::string, const std::deque<ui::MenuItem>&)> holdMenu = [&](auto menu, auto& items) {
         std::vector<std::string> names;
         for (const ui::MenuItem& item : items) {
             names.push_back(called(item));
@@ -188,8 +186,7 @@ TEST_P(EveryForm, HoldsTheTextsThatWereDecidedForIt) {
         if (const auto* list = dynamic_cast<const ui::ListView*>(control)) hold(name, "heading", list->columnHeading());
         if (const auto* box = dynamic_cast<const ui::ComboBox*>(control)) hold(name, "items", joined(box->items()));
         if (const auto* strip = dynamic_cast<const ui::TabStrip*>(control)) hold(name, "tabs", joined(strip->tabs()));
-        if (const auto* picture = dynamic_cast<const ui::PictureButton*>(control))
-            hold(name, "text", picture->caption());
+        if (const auto* image = dynamic_cast<const ui::PictureButton*>(control)) hold(name, "text", image->caption());
     }
     const std::set<std::string> decided = texts::linesOf(std::string(form_->name()));
     for (const std::string& line : decided) EXPECT_TRUE(held.contains(line)) << "nobody holds: " << line;

@@ -16,8 +16,7 @@ using namespace basErrors;
 using namespace errors;
 using namespace util;
 
-class Errors : public testing::Test, protected Core {
-protected:
+struct Errors : testing::Test, Core {
     std::string logName = "Logs\\ErrorLog-3-9-2000.log";
     static std::string trace() {
         std::string text;

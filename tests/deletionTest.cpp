@@ -7,8 +7,7 @@ namespace {
 const std::string Zones = zones::ZonesKey;
 const std::string Domains = zones::DomainsKey;
 
-class Deletion : public testing::Test, protected Core {
-protected:
+struct Deletion : testing::Test, Core {
     // Each zone with its own name, a number and binary data.
     void makeZones(const std::vector<std::string>& names) {
         system.deleteTree(Zones);

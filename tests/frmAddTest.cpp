@@ -1,11 +1,11 @@
 #include "editing/frmAdd.h"
 
 #include "support/User.h"
+#include "zones/Templates.h"
 
 namespace {
 
-const std::string High =
-    "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\TemplatePolicies\\High";
+const std::string High = std::string(zones::TemplatesKey) + "\\High";
 
 struct frmAddTest : User {
     frmAddTest() { system.seedAll(); }

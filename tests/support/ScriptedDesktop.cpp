@@ -5,7 +5,7 @@
 #include <new>
 
 #include "support/texts.h"
-#include "ui/Label.h"
+#include "ui/copiedText.h"
 
 void ScriptedDesktop::settle() {
     for (const Expectation& left : expected_)
@@ -40,7 +40,7 @@ ui::Answer ScriptedDesktop::messageBox(const std::string& text, const std::strin
     EXPECT_EQ(style, text.ends_with('?') ? Style::ExclamationYesNo : Style::Exclamation) << text;
     EXPECT_TRUE(texts::isMessage(text)) << "not in texts.txt: " << text;
     if (watch.before("messageBox")) return {};
-    const auto expected = next("message", "the message: " + text, [&](const auto& e) { return e.text == text; });
+    const auto expected = next("message", text, [&](const auto& e) { return e.text == text; });
     if (!expected) return style == Style::ExclamationYesNo ? ui::Answer::No : ui::Answer::Ok;
     EXPECT_EQ(text, expected->text);
     if (expected->meanwhile) expected->meanwhile();
@@ -60,10 +60,7 @@ namespace {
 
 // What an unexpected form says, so that the failure tells why an error dialog came up.
 std::string describe(const ui::Form& form) {
-    std::string text = "the form " + std::string(form.name());
-    for (ui::Control* control : form.controls())
-        if (auto* label = dynamic_cast<ui::Label*>(control)) text += " [" + label->caption() + "]";
-    return text;
+    return "the form " + std::string(form.name()) + ": " + ui::copiedText(form);
 }
 
 }  // namespace
