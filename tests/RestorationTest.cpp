@@ -39,14 +39,17 @@ struct Restoring : User {
         setOthers();
     }
     void restoreZones(const std::function<void()>& before = [] {}) {
+        bool refused = true;
         desktop.use<frmRestore>(
             [&](frmRestore& form) {
                 for (int item = 1; item <= form.ListView1.count(); ++item)
                     if (form.ListView1.item(item).tag == inBackups(Name + ".tvf")) form.ListView1.click(item);
                 before();
                 form.cmdRestore.click();
+                refused = form.loaded();
             },
             [&] { window().mnuFileRestore.click(); });
+        EXPECT_NE(refused, window().tmrImport.enabled());
     }
     void endImport() {
         system.endPrograms();
