@@ -173,9 +173,10 @@ TEST_F(CommandTest, AsksBeforeItRestoresAndTellsWhatWasTrappedMeanwhile) {
     EXPECT_EQ(run(restore), 0);
     EXPECT_EQ(run(compare), 0);
     system.deleteTree(zones::ZonesKey);
+    console.answer = "y";
     EXPECT_EQ(run(restore), 2);
     EXPECT_EQ(console.printed,
-              "? All zones will be replaced by those of \"Before the change\". Restore? [y/N] Yes\n"
+              "? All zones will be replaced by those of \"Before the change\". Restore? [y/N] y\n"
               "! TavimorCmd: There are no zones to delete.\n");
     console.full = true;
     EXPECT_EQ(run({"backups"}), 2) << "nobody has got the list";
