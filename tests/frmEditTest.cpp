@@ -113,7 +113,6 @@ TEST_F(frmEditTest, WritesAnIconOnlyForAZoneThatHasNoneThatCanBeUsed) {
     const std::string browsers = program.platform.system.GetSystemDirectoryA() + "\\Inetcpl.cpl#4487";
     const std::pair<const char*, std::string> cases[] = {
         {"", browsers},
-        {"no number", browsers},
         {"#18", browsers},
         {"shell32.dll#", browsers},
         {"C:\\a\"b\"c.dll#5", browsers},
