@@ -35,6 +35,7 @@ protected:
         RegType type;
         std::uint32_t size;
         Bytes data;  // the whole room
+        friend bool operator==(const Read&, const Read&) = default;
     };
     // A value by its name, or the one that is listed first.
     Read read(std::uint32_t room, const char* name = nullptr) {
@@ -174,11 +175,7 @@ TEST_F(RegistryContract, TextWithoutATerminatingZeroGetsOneWhenThereIsRoom) {
     for (const RegType type : {RegSz, RegExpandSz, RegMultiSz, RegBinary}) {
         system.set({Path, "t", type, {'a', 'b', 'c'}});
         const Bytes room{'a', 'b', 'c', static_cast<std::uint8_t>(type == RegBinary ? 0x55 : 0), 0x55};
-        for (const Read& text : {read(5, "t"), read(5)}) {
-            EXPECT_EQ(text.code, Success) << type;
-            EXPECT_EQ(text.size, 3u) << type;
-            EXPECT_EQ(text.data, room) << type;
-        }
+        for (const Read& text : {read(5, "t"), read(5)}) EXPECT_EQ(text, (Read{Success, type, 3, room})) << type;
     }
 }
 

@@ -43,10 +43,6 @@ TEST(ResourceTree, NeedsItsHeadersDirectoriesAndNamesInsideTheFileOrWhereItRuns)
         {Directories + 22, 0x7F},  // a type whose names are outside
     };
     for (const auto& [at, byte] : damages) EXPECT_FALSE(canBeWalked(icons::patched(valid, at, {byte}))) << at;
-    for (std::size_t at = 0; at < End; ++at)
-        for (const std::uint8_t byte : Bytes{0, 0x7F, 0x80, 0xFF})
-            for (const Mapping mapping : {Mapping::Flat, Mapping::Loaded})
-                (void)canBeWalked(icons::patched(valid, at, {byte}), mapping);
 }
 
 TEST(StringTable, AStringIsReadFromItsBlockOrNotAtAll) {

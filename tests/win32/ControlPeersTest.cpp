@@ -15,10 +15,10 @@ struct ControlPeersTest : WindowsTest {
     }
 
     // Clicks an item of a list, or a tab.
-    void clickPart(const ui::Control& control, UINT getRect, int number) {
+    void clickPart(const ui::Control& control, UINT getRect, int number, UINT press = WM_LBUTTONDOWN) {
         RECT place = {LVIR_LABEL, 0, 0, 0};
         ask(control, getRect, static_cast<WPARAM>(number - 1), reinterpret_cast<LPARAM>(&place));
-        clickAt(control, {(place.left + place.right) / 2, (place.top + place.bottom) / 2});
+        clickAt(control, {(place.left + place.right) / 2, (place.top + place.bottom) / 2}, press);
     }
     // The buttons with a thick border, which tells what Enter presses.
     Names marked() {
@@ -102,6 +102,13 @@ TEST_F(ControlPeersTest, AUsersActionRaisesItsEventOnce) {
         {"Space on an option", [&] { press(form.tree, VK_SPACE); }, {"tree3"}},
         {"Enter on an option", [&] { press(form.tree, VK_RETURN); }, {"tree3"}},
         {"a closing key on a branch", [&] { press(form.tree, VK_SUBTRACT); }, {}},
+        {"Enter on an item that opens",
+         [&] {
+             form.shows.onOpen = [&] { form.events.emplace_back("open"); };
+             press(form.shows, VK_RETURN);
+         },
+         {"open"}},
+        {"a double click on it", [&] { clickPart(form.shows, LVM_GETITEMRECT, 1, WM_LBUTTONDBLCLK); }, {"open"}},
         {"menu item",
          [&] { post(windowOf(form), WM_COMMAND, GetMenuItemID(GetSubMenu(GetMenu(windowOf(form)), 0), 0)); },
          {"exit"}},
@@ -223,7 +230,7 @@ bool framesItsPage(const ui::TabStrip& strip) {
 // Which of the controls' native states, read from the system, are not as `change` makes them.
 std::string unchanged(EveryControl& f) {
     const auto images = reinterpret_cast<HIMAGELIST>(ask(f.shows, LVM_GETIMAGELIST, LVSIL_NORMAL));
-    const UINT menu = GetMenuState(GetSubMenu(GetMenu(windowOf(f)), 0), 0, MF_BYPOSITION);
+    const auto menu = [&](UINT item) { return GetMenuState(GetSubMenu(GetMenu(windowOf(f)), 0), item, MF_BYPOSITION); };
     const std::pair<const char*, bool> states[] = {
         {"text", textOf(windowOf(f.text)) == "R&D"},
         {"label", textOf(windowOf(f.label)) == "Q&A" && GetWindowLongPtrA(windowOf(f.label), GWL_STYLE) & SS_NOPREFIX},
@@ -242,7 +249,8 @@ std::string unchanged(EveryControl& f) {
         {"node with the cursor", ask(f.tree, TVM_GETNEXTITEM, TVGN_CARET) != 0},
         {"nodes", ask(f.tree, TVM_GETCOUNT) == 5},
         {"tool tip", toolTipOf(f.picture) == "Now this" && toolTipOf(f.ok).empty()},
-        {"menu", (menu & MF_GRAYED) != 0},
+        {"menu", (menu(0) & MF_GRAYED) != 0},
+        {"its line", menu(1) != UINT_MAX && menu(1) & MF_SEPARATOR},
     };
     std::string names;
     for (const auto& [name, right] : states)

@@ -70,8 +70,8 @@ void WindowsTest::pressFocused(WPARAM key) {
     desktop.doEvents();
 }
 
-void WindowsTest::clickAt(const ui::Control& control, POINT point) {
-    post(windowOf(control), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(point.x, point.y));
+void WindowsTest::clickAt(const ui::Control& control, POINT point, UINT press) {
+    post(windowOf(control), press, MK_LBUTTON, MAKELPARAM(point.x, point.y));
     post(windowOf(control), WM_LBUTTONUP, 0, MAKELPARAM(point.x, point.y));
     desktop.doEvents();
 }

@@ -66,7 +66,8 @@ struct EveryControl : ui::Form {
     ui::CommandButton ok{*this, "ok", {3200, 4800, 1200, 375}, "&OK"};
     ui::CommandButton cancel{*this, "cancel", {4500, 4800, 1200, 375}, "Cance&l"};
     ui::Timer timer{*this, "timer", 1};
-    ui::MenuItem& exit = menu().add("file", "&File").add("exit", "E&xit");
+    ui::MenuItem& file = menu().add("file", "&File");
+    ui::MenuItem &exit = file.add("exit", "E&xit"), &line = file.add("line", "-");
 
     std::vector<std::string> events;  // names, with the item where there is one
     int resizes = 0;
@@ -85,5 +86,5 @@ struct WindowsTest : testing::Test {
     void post(HWND window, UINT message, WPARAM w = 0, LPARAM l = 0) { PostMessageA(window, message, w, l); }
     void press(const ui::Control& control, WPARAM key);
     void pressFocused(WPARAM key);
-    void clickAt(const ui::Control& control, POINT point);
+    void clickAt(const ui::Control& control, POINT point, UINT press = WM_LBUTTONDOWN);
 };

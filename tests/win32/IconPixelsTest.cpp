@@ -20,23 +20,15 @@ struct Paper {
 // The icon takes `size` pixels from (left, top) on, and is alone.
 void expectHalves(const Paper& paper, int left, int top, int size, COLORREF around = White) {
     const int half = size / 2, last = size - 1;
-    const std::tuple<int, int, COLORREF> pixels[] = {
-        {0, 0, Red},
-        {half - 1, half - 1, Red},
-        {half, 0, Blue},
-        {last, half - 1, Blue},
-        {half - 1, half, around},
-        {last, half, around},
-        {0, last, around},
-        {-1, 0, around},
-        {size, 0, around},
-        {0, -1, around},
-        {half - 1, size, around},
+    const auto expect = [&](COLORREF colour, std::initializer_list<POINT> points) {
+        for (const auto& [x, y] : points)
+            if (left + x >= 0 && top + y >= 0) {
+                EXPECT_EQ(paper.at(left + x, top + y), colour) << x << ", " << y;
+            }
     };
-    for (const auto& [x, y, colour] : pixels)
-        if (left + x >= 0 && top + y >= 0) {
-            EXPECT_EQ(paper.at(left + x, top + y), colour) << x << ", " << y;
-        }
+    expect(Red, {{0, 0}, {half - 1, half - 1}});
+    expect(Blue, {{half, 0}, {last, half - 1}});
+    expect(around, {{half - 1, half}, {last, half}, {0, last}, {-1, 0}, {size, 0}, {0, -1}, {half - 1, size}});
 }
 
 struct Shown {
@@ -132,13 +124,9 @@ TEST(IconPixels, AFormDrawsItsPicturesAndLinesAndATreeItsOptions) {
     drawn(cleared);
     EXPECT_EQ(cleared.at(place.left, place.top), White);
     const COLORREF shadow = GetSysColor(COLOR_3DSHADOW);
-    for (const auto& [x, y, colour] : {std::tuple{20, 101, shadow},
-                                       {199, 101, shadow},
-                                       {19, 101, White},
-                                       {200, 101, White},
-                                       {100, 100, White},
-                                       {100, 102, White}})
-        EXPECT_EQ(cleared.at(x, y), colour) << x << ", " << y;
+    for (const int x : {20, 199})
+        for (const int y : {100, 101, 102}) EXPECT_EQ(cleared.at(x, y), y == 101 ? shadow : White) << x << ", " << y;
+    for (const int x : {19, 200}) EXPECT_EQ(cleared.at(x, 101), White) << x;
 
     const int window = COLOR_WINDOW;
     const COLORREF before = GetSysColor(window);
