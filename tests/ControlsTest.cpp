@@ -3,7 +3,6 @@
 
 #include "simulated/Desktop.h"
 #include "ui/CheckBox.h"
-#include "ui/ComboBox.h"
 #include "ui/CommandButton.h"
 #include "ui/Hourglass.h"
 #include "ui/Image.h"
@@ -48,15 +47,6 @@ TEST_F(Controls, AreDeafWhenDisabledOrHiddenWithTheirContainer) {
     button.click();
     button.click();
     EXPECT_EQ(raised_, 1);
-}
-
-TEST_F(Controls, OfNewItemsNoneIsChosen) {
-    ui::ComboBox box(form_, "box", At);
-    for (const char* item : {"old", "new"}) {
-        box.setItems({item});
-        EXPECT_EQ(box.listIndex(), -1);
-        box.setListIndex(0);
-    }
 }
 
 TEST_F(Controls, AnHourglassIsOverWhatTheUserSees) {

@@ -66,7 +66,7 @@ struct User : testing::Test, Core {
     }
     // Chooses the icon of that place in a program file.
     void chooseIcon(frmEdit& form, const std::string& file, int place) {
-        desktop.expectFile(file);
+        desktop.expectFile(file, form.general.details.icon().file);
         const auto choose = [place](frmIconSelector& selector) {
             selector.tmrLoad.tick();
             selector.lvwIcons.click(place);

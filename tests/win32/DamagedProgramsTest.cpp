@@ -73,8 +73,3 @@ TEST_F(DamagedPrograms, DirectoriesThatLeadToEachOtherAreNotWalkedForEver) {
     EXPECT_EQ(readAll(looping), 0u);
     EXPECT_EQ(modules.lastError(), BadExeFormat);
 }
-
-TEST_F(DamagedPrograms, NoIconIsMadeOfNothing) {
-    EXPECT_EQ(modules.CreateIconFromResource({}, 16, 16), 0u);
-    EXPECT_EQ(modules.lastError(), InvalidParameter);
-}
