@@ -4,7 +4,6 @@
 
 #include <commctrl.h>
 
-#include <cstring>
 
 #include "icons/frmIconSelector.h"
 

@@ -38,7 +38,7 @@ void parse(benchmark::State& state) {
     }
 }
 
-// The same by the standard library's streams.
+// The same lines and fields, read with the standard library's streams.
 void streamed(benchmark::State& state) {
     const std::string bytes = zoneFile(state.range(0));
     backup::ZoneFields fields;

@@ -9,8 +9,8 @@ int main(int count, char** arguments) {
     native::Console console;
     native::Files files;
     command::ConsoleDesktop desktop(console, false);
-    simulated::Machine none;  // nothing of the rest is there, and it says so
-    platform::Platform platform{none.registry, files,        none.modules,  none.memory,
-                                none.system,   none.browser, none.launcher, desktop};
+    simulated::Machine empty;  // what else a machine has, with nothing in it
+    platform::Platform platform{empty.registry, files,         empty.modules,  empty.memory,
+                                empty.system,   empty.browser, empty.launcher, desktop};
     return command::run({platform, false}, console, {arguments + (count > 0 ? 1 : 0), arguments + count});
 }

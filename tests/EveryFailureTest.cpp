@@ -11,7 +11,6 @@
 #include "errors/ErrorReporter.h"
 #include "mail/frmOESecurity.h"
 #include "support/User.h"
-#include "util/trace.h"
 
 namespace {
 
@@ -339,7 +338,8 @@ private:
         const Contents now = world_.system.registry.contents();
         if (!misled) {
             for (const auto& [name, data] : now)
-                EXPECT_TRUE(course_.held[name].contains(data)) << name << " is " << data;
+                EXPECT_TRUE(course_.held.contains(name) && course_.held.at(name).contains(data))
+                    << name << " is " << data;
         }
         for (const auto& [name, held] : course_.held)
             if (!held.contains("-")) {

@@ -86,15 +86,15 @@ struct CommandTest : testing::Test {
     }
 };
 
-// Lines that begin with "<" name a file, which goes on up to a line ".", with "+" one that goes on; with "$" a command,
-// behind which stand what it prints and "= " with its exit code. Other lines are remarks.
+// Lines that begin with "<" name a file, which goes on up to a line ".", with "+" one that is added to; with "$" a
+// command, behind which stand what it prints and "= " with its exit code. Other lines are remarks.
 TEST_F(CommandTest, EveryCommandPrintsWhatTheListHas) {
     system.seedZones();
     system.seedBrowser();
     simulated::ProgramFile texts;
     texts.addString(1, "From the file");
     system.addProgram("texts.dll", texts);
-    for (const char* folder : {"Backups", "Backups\\.."})  // which is any other one to the system in memory
+    for (const char* folder : {"Backups", "Backups\\.."})  // the system in memory takes ".." for a name
         system.platform().files.createFolder(system.path(folder));
     std::istringstream list(
 #include "commands.txt.inc"

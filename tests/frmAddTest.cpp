@@ -1,11 +1,11 @@
 #include "editing/frmAdd.h"
 
 #include "support/User.h"
-#include "zones/Templates.h"
 
 namespace {
 
-const std::string High = std::string(zones::TemplatesKey) + "\\High";
+const std::string High =
+    "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\TemplatePolicies\\High";
 
 struct frmAddTest : User {
     frmAddTest() { system.seedAll(); }
@@ -58,7 +58,7 @@ TEST_F(frmAddTest, NeverWritesOverAZoneThatIsThereAlready) {
     EXPECT_TRUE(open_);
     EXPECT_EQ(system.tree(zones::ZonesKey), before);
     if (!system.inMemory()) return;
-    // Nor one that cannot be read: all of them, and the next one.
+    // Nor when the zones' key (1) or the new zone's (2) cannot be read.
     for (const int call : {1, 2}) {
         addNew([&] {
             desktop.expectMessage("not added, unreadable");

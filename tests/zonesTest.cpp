@@ -80,7 +80,7 @@ TEST_F(ZoneKeys, ALevelIsCopiedFromItsTemplate) {
     }
 }
 
-IN_MEMORY_TEST_F(ZoneKeys, TheLevelFollowsEachOfItsSettingsAndTheOthersFollowThemAll) {
+IN_MEMORY_TEST_F(ZoneKeys, TheLevelIsWrittenAfterEachOfItsSettings) {
     using States = std::vector<std::vector<std::string>>;
     for (const char* name : {"1200", "1400"}) system.setDword(high, name, 3);
     system.makeKey(zone);

@@ -50,7 +50,7 @@ struct Source {
         : exported(std::move(registry)), platform(with(machine, exported ? *exported : machine.registry, desktop)) {}
 };
 
-// What the first error says that the session traps: Err has forgotten it by the end.
+// The text of the first error that was trapped: by the end Err has lost it.
 std::optional<std::string> trapped;
 void keepTrapped() {
     if (!trapped) trapped = basErrors::Err.description;
@@ -386,7 +386,7 @@ int run(Machine machine, platform::Console& console, const std::vector<std::stri
     }
     basErrors::reporter = nullptr;
     if (trapped && code != Failed) {
-        console.printError("TavimorCmd: " + *trapped + "\n");
+        console.printError("TavimorCmd: " + oneLine(*trapped) + "\n");
         code = Failed;
     }
     return code;

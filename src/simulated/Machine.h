@@ -1,4 +1,4 @@
-// A whole machine in memory: every service that the program may ask for, with nothing in them.
+// A whole machine in memory: every service that the program may ask for, all of them empty.
 #pragma once
 
 #include "platform/Platform.h"

@@ -88,6 +88,7 @@ std::vector<StoredImage> storedImages() {
         {"24 bits with fields", bitFields(24), false},
         {"run lengths", patched(bits(8), compression, {1}), false},
         {"300 colours used", patched(bits(8), used, {0x2C, 1}).insert(header, 44 * 4, 0), false},
+        {"nothing", {}, false},
         {"a PNG 257 pixels wide", patched(drawing, 18, {1, 1}), false},
         {"a PNG 257 pixels high", patched(drawing, 22, {1, 1}), false},
         {"a PNG without width", patched(drawing, 16, {0, 0, 0, 0}), false},

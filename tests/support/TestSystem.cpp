@@ -1,6 +1,5 @@
 #include "support/TestSystem.h"
 
-#include <cstdio>
 #include <cstring>
 #include <thread>
 

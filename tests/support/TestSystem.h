@@ -7,7 +7,6 @@
 
 #include <memory>
 #include <optional>
-#include <set>
 
 #include "simulated/Machine.h"
 #include "support/IconBytes.h"
@@ -15,8 +14,8 @@
 #include "support/SampleData.h"
 #include "support/ScriptedDesktop.h"
 
-// The machine in memory has switches that a real system does not have; on that it is not used, but for the folder and
-// the clock that are told, and the programs that were started.
+// The machine in memory has switches that a real system does not have. On a real one only its folder, its clock and its
+// list of started programs are used.
 class TestSystem : public simulated::Machine {
 public:
     TestSystem();
@@ -25,8 +24,8 @@ public:
     bool inMemory() const { return !real_; }
 
 private:
-    std::unique_ptr<RealSystem> real_;  // is told of those above
-    platform::Platform bare_;
+    std::unique_ptr<RealSystem> real_;  // is told of the folder, the clock and the launcher
+    platform::Platform bare_;           // without the script's desktop
 
 public:
     ScriptedDesktop desktop{bare_.desktop};
@@ -99,8 +98,6 @@ private:
 // A test that counts or refuses calls, or sets what only a system in memory lets itself be told.
 #ifdef _WIN32
 #define IN_MEMORY_TEST_F(fixture, name) TEST_F(fixture, DISABLED_##name)
-#define IN_MEMORY_TEST_P(fixture, name) TEST_P(fixture, DISABLED_##name)
 #else
 #define IN_MEMORY_TEST_F TEST_F
-#define IN_MEMORY_TEST_P TEST_P
 #endif

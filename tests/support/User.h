@@ -65,8 +65,8 @@ struct User : testing::Test, Core {
         desktop.use<frmSecurity>(script, [&] { form.levels.cmdSecurity.click(); });
     }
     // Chooses the icon of that place in a program file.
-    void chooseIcon(frmEdit& form, const std::string& file, int place) {
-        desktop.expectFile(file, form.general.details.icon().file);
+    void chooseIcon(frmEdit& form, const std::string& file, int place, const std::string& start = "inetcpl.cpl") {
+        desktop.expectFile(file, start);
         const auto choose = [place](frmIconSelector& selector) {
             selector.tmrLoad.tick();
             selector.lvwIcons.click(place);

@@ -11,6 +11,16 @@ constexpr const char* File =
 #include "texts.txt.inc"
     ;
 
+// Where the pattern has "{}" the text may have anything.
+bool fits(std::string_view text, std::string_view pattern) {
+    const std::size_t gap = pattern.find("{}");
+    if (gap == pattern.npos) return text == pattern;
+    if (!text.starts_with(pattern.substr(0, gap))) return false;
+    for (std::size_t end = gap; end <= text.size(); ++end)
+        if (fits(text.substr(end), pattern.substr(gap + 2))) return true;
+    return false;
+}
+
 }  // namespace
 
 std::set<std::string> linesOf(const std::string& form) {
@@ -37,14 +47,10 @@ std::string message(const std::string& nameAndParts) {
     return nameAndParts;
 }
 
-// What is inserted in the middle may be anything.
 bool isMessage(const std::string& text) {
     static const std::set<std::string> lines = linesOf("message");
     return std::ranges::any_of(lines, [&](const std::string& line) {
-        const std::string pattern = line.substr(line.find('"') + 1);
-        const std::size_t first = pattern.find("{}"), last = pattern.rfind("{}");
-        if (first == std::string::npos) return text + '"' == pattern;
-        return text.starts_with(pattern.substr(0, first)) && (text + '"').ends_with(pattern.substr(last + 2));
+        return fits(text + '"', std::string_view(line).substr(line.find('"') + 1));
     });
 }
 

@@ -206,6 +206,7 @@ std::vector<ui::Control*> windowsOnForm(const EveryControl& f) {
     return all;
 }
 
+// A combo box is as high as it likes.
 bool standsWhereItShould(const ui::Control& control) {
     RECT at = {};
     GetWindowRect(windowOf(control), &at);

@@ -9,9 +9,6 @@
 #include "errors/frmError.h"
 #include "mail/frmOESecurity.h"
 #include "support/User.h"
-#include "util/Error.h"
-#include "util/procedure.h"
-#include "util/trace.h"
 #include "win32/DelayLoaded.h"
 
 // clang-format off
@@ -142,7 +139,9 @@ TEST_F(EveryDialog, GivesBackWhatItTakes) {
     });
     expectNothingKept("edit", 40, [&] { edit("2", [&](frmEdit& form) { form.TabStrip1.choose(2 + turn++ % 2); }); });
     edit("2", [&](frmEdit& form) {
-        expectNothingKept("icons", 40, [&] { chooseIcon(form, system.path("shell32.dll"), 1); });
+        const std::string file = system.path("shell32.dll");
+        chooseIcon(form, file, 1);
+        expectNothingKept("icons", 40, [&] { chooseIcon(form, file, 1, file); });
         form.TabStrip1.choose(SecurityPage);
         expectNothingKept("settings", 40, [&] { openSettings(form, [](frmSecurity&) {}); });
     });
