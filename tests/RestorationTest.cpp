@@ -282,6 +282,7 @@ IN_MEMORY_TEST_F(Restoring, DeletesNothingWhenTheZonesCannotBeCopied) {
         expectError("frmRestore.cmdRestore_Click",
                     "The zones have changed while they were being copied. Nothing has been restored.");
     });
+    system.registry.watch.onCall = nullptr;
     expectNothingBegun();
 }
 
