@@ -4,7 +4,6 @@
 
 #include <commctrl.h>
 
-
 #include "icons/frmIconSelector.h"
 
 namespace bench {
