@@ -119,7 +119,7 @@ TEST_F(ControlPeersTest, AUsersActionRaisesItsEventOnce) {
         EXPECT_EQ(form.events, row.events) << row.action;
         form.events.clear();
     }
-    EXPECT_TRUE(form.onPage.checked());
+    EXPECT_EQ(std::pair(form.onPage.checked(), form.tree.node(3).selected), std::pair(true, true));
     EXPECT_EQ((std::vector{stateOf(2), stateOf(3), stateOf(4)}), (std::vector<LRESULT>{0, 2, 1}));
     form.tree.selectOption(4);
     EXPECT_EQ((std::vector{stateOf(3), stateOf(4)}), (std::vector<LRESULT>{1, 2}));
