@@ -94,9 +94,7 @@ System::System() {
 // the real one. Systems that do not know that tell the only one there is.
 std::string System::GetWindowsDirectoryA() {
     using Get = UINT(WINAPI*)(LPSTR, UINT);
-    const HMODULE kernel = GetModuleHandleA("kernel32.dll");
-    const auto shared = reinterpret_cast<Get>(
-        reinterpret_cast<void*>(kernel ? GetProcAddress(kernel, "GetSystemWindowsDirectoryA") : nullptr));
+    const auto shared = exported<Get>(GetModuleHandleA("kernel32.dll"), "GetSystemWindowsDirectoryA");
     const std::string found = shared ? folder(shared) : std::string();
     return found.empty() ? folder(::GetWindowsDirectoryA) : found;
 }
