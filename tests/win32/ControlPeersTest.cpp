@@ -220,12 +220,8 @@ bool standsWhereItShould(const ui::Control& control) {
 bool framesItsPage(const ui::TabStrip& strip) {
     RECT all = {};
     GetClientRect(windowOf(strip), &all);
-    const HRGN shape = CreateRectRgn(0, 0, 0, 0);
-    GetWindowRgn(windowOf(strip), shape);
-    const bool frame = PtInRegion(shape, all.right - 1, all.bottom / 2);
-    const bool page = PtInRegion(shape, all.right / 2, all.bottom / 2);
-    DeleteObject(shape);
-    return frame && !page;
+    const auto shape = [&](HRGN region) { GetWindowRgn(windowOf(strip), region); };
+    return regionHas({all.right - 1, all.bottom / 2}, shape) && !regionHas({all.right / 2, all.bottom / 2}, shape);
 }
 
 // Which of the controls' native states, read from the system, are not as `change` makes them.

@@ -36,6 +36,16 @@ inline std::string textOf(HWND window) {
     return text;
 }
 
+// Whether the region that `get` fetches has that point.
+template <class Get>
+bool regionHas(POINT at, Get get) {
+    const HRGN region = CreateRectRgn(0, 0, 0, 0);
+    get(region);
+    const bool has = PtInRegion(region, at.x, at.y);
+    DeleteObject(region);
+    return has;
+}
+
 // A square icon whose left half is red and whose right half is blue; its lower half is not seen.
 ui::Picture halvedIcon(int size);
 // A bitmap without colour table, 4 by 4 pixels of 24 bits.

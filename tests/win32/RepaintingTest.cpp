@@ -5,11 +5,7 @@ namespace {
 
 // Whether that point of a window is to be painted again.
 bool isToBePainted(HWND window, POINT at) {
-    const HRGN region = CreateRectRgn(0, 0, 0, 0);
-    GetUpdateRgn(window, region, FALSE);
-    const bool asked = PtInRegion(region, at.x, at.y);
-    DeleteObject(region);
-    return asked;
+    return regionHas(at, [&](HRGN region) { GetUpdateRgn(window, region, FALSE); });
 }
 
 using RepaintingTest = WindowsTest;
